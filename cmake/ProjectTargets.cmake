@@ -1,0 +1,45 @@
+# The kinds of target: a room's library, a program, a test.
+
+# project_library(NAME SOURCES ... DEPENDS ...): one room, as a static library `tavrin_NAME`.
+# A name in DEPENDS is a room or a full target name.
+function(project_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+    add_library(tavrin_${name} STATIC ${arg_SOURCES})
+    target_link_libraries(tavrin_${name} PUBLIC project_options)
+    project_link(tavrin_${name} PUBLIC ${arg_DEPENDS})
+endfunction()
+
+# project_test(NAME DEPENDS ... [SOURCES ...]): one Qt Test program from NAME.cpp, registered under NAME.
+function(project_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;DEPENDS")
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE
+        TAVRIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+        TAVRIN_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
+    target_link_libraries(${name} PRIVATE project_options Qt6::Test)
+    project_link(${name} PRIVATE ${arg_DEPENDS})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    add_test(NAME ${name} COMMAND ${name})
+    project_test_environment(${name} ${arg_TIMEOUT})
+endfunction()
+
+# Every test runs without a screen, in one zone and one locale, and never in the person's own folders.
+function(project_test_environment name timeout)
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${timeout}
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+function(project_link target visibility)
+    foreach(dependency IN LISTS ARGN)
+        if(dependency MATCHES "::")
+            target_link_libraries(${target} ${visibility} ${dependency})
+        else()
+            target_link_libraries(${target} ${visibility} tavrin_${dependency})
+        endif()
+    endforeach()
+endfunction()

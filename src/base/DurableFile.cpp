@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "base/DurableFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace tavrin {
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("DurableFile", text);
+}
+
+Error systemError(const QString &path)
+{
+    const int code = errno;
+    Error error{Error::Kind::Io, {}, path + QStringLiteral(": ") + qt_error_string(code)};
+    switch (code) {
+    case ENOSPC:
+    case EDQUOT:
+        error.message = translated("The disk is full.");
+        break;
+    case ENOENT:
+    case ENOTDIR:
+        error.kind = Error::Kind::NotFound;
+        error.message = translated("The file or its folder does not exist.");
+        break;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        error.message = translated("The folder does not allow changes.");
+        break;
+    default:
+        error.message =
+            translated("The system could not read or write the file: %1.").arg(qt_error_string(code));
+    }
+    return error;
+}
+
+/// A file descriptor that is closed when it goes.
+class Descriptor
+{
+public:
+    explicit Descriptor(int value) : g_value(value) {}
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor() { close(); }
+
+    int value() const { return g_value; }
+    bool isOpen() const { return g_value >= 0; }
+
+    /// False when the system reports a late failure to write.
+    bool close()
+    {
+        if (g_value < 0)
+            return true;
+        const bool closed = ::close(g_value) == 0;
+        g_value = -1;
+        return closed;
+    }
+
+private:
+    int g_value;
+};
+
+/// The temporary file beside a file that is being replaced; removed unless it took its place.
+class TemporaryFile
+{
+public:
+    explicit TemporaryFile(const QByteArray &target)
+        : g_path(target + ".XXXXXX")
+        , g_descriptor(mkostemp(g_path.data(), O_CLOEXEC))
+    {}
+    TemporaryFile(const TemporaryFile &) = delete;
+    TemporaryFile &operator=(const TemporaryFile &) = delete;
+    ~TemporaryFile()
+    {
+        if (g_exists)
+            ::unlink(g_path.constData());
+    }
+
+    bool isOpen()
+    {
+        g_exists = g_exists || g_descriptor.isOpen();
+        return g_descriptor.isOpen();
+    }
+
+    bool write(QByteArrayView bytes)
+    {
+        while (!bytes.isEmpty()) {
+            const ssize_t written =
+                ::write(g_descriptor.value(), bytes.data(), static_cast<size_t>(bytes.size()));
+            if (written < 0 && errno == EINTR)
+                continue;
+            if (written < 0)
+                return false;
+            bytes = bytes.sliced(written);
+        }
+        return true;
+    }
+
+    /// Gives the file the permissions and, best effort, the owner of the one it replaces; a new file gets
+    /// what any program's new file gets.
+    void takeAttributes(const QByteArray &target)
+    {
+        struct stat old = {};
+        if (::stat(target.constData(), &old) == 0) {
+            // Owner first: changing it drops the set-id bits of the mode.
+            if (::fchown(g_descriptor.value(), old.st_uid, old.st_gid) != 0)
+                static_cast<void>(::fchown(g_descriptor.value(), static_cast<uid_t>(-1), old.st_gid));
+            ::fchmod(g_descriptor.value(), old.st_mode & 07777);
+            return;
+        }
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        ::fchmod(g_descriptor.value(), 0666 & ~mask);
+    }
+
+    /// Flushed to the disk and renamed over the target.
+    bool takePlaceOf(const QByteArray &target)
+    {
+        if (::fsync(g_descriptor.value()) != 0 || !g_descriptor.close())
+            return false;
+        if (::rename(g_path.constData(), target.constData()) != 0)
+            return false;
+        g_exists = false;
+        return true;
+    }
+
+private:
+    QByteArray g_path;
+    Descriptor g_descriptor;
+    bool g_exists = false;
+};
+
+/// Flushes the folder, so that the new name survives a power cut. Some file systems do not know how;
+/// the rename has happened, so this cannot fail the write any more.
+void flushFolder(const QString &folder)
+{
+    const Descriptor descriptor(
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.isOpen())
+        ::fsync(descriptor.value());
+}
+
+/// The file that a chain of symbolic links ends in, also when that file does not exist yet.
+QString followLinks(QString path)
+{
+    constexpr int longestChain = 40;
+    for (int i = 0; i < longestChain; ++i) {
+        const QFileInfo info(path);
+        if (!info.isSymLink())
+            return path;
+        path = info.symLinkTarget();
+    }
+    return path;
+}
+
+} // namespace
+
+Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce)
+{
+    const QString targetPath = followLinks(path);
+    const QByteArray target = QFile::encodeName(targetPath);
+    TemporaryFile file(target);
+    if (!file.isOpen())
+        return systemError(targetPath);
+
+    // Producers write in small pieces; the system is asked in large ones.
+    constexpr qsizetype pieceSize = 1 << 20;
+    QByteArray buffer;
+    buffer.reserve(pieceSize);
+    int failure = 0;
+    const auto flush = [&] {
+        if (failure == 0 && !file.write(buffer))
+            failure = errno;
+        buffer.resize(0);
+        return failure == 0;
+    };
+    const auto sink = [&](QByteArrayView bytes) {
+        if (buffer.size() + bytes.size() > pieceSize && !flush())
+            return false;
+        if (bytes.size() >= pieceSize) {
+            if (failure == 0 && !file.write(bytes))
+                failure = errno;
+            return failure == 0;
+        }
+        buffer.append(bytes);
+        return failure == 0;
+    };
+    const Result<> produced = produce(sink);
+    if (failure == 0 && produced)
+        flush();
+    if (failure != 0) {
+        errno = failure;
+        return systemError(targetPath);
+    }
+    if (!produced)
+        return produced;
+    file.takeAttributes(target);
+    if (!file.takePlaceOf(target))
+        return systemError(targetPath);
+    flushFolder(QFileInfo(targetPath).absolutePath());
+    return {};
+}
+
+Result<> writeDurably(const QString &path, QByteArrayView bytes)
+{
+    return writeDurably(path, [bytes](const ByteSink &sink) -> Result<> {
+        sink(bytes);
+        return {};
+    });
+}
+
+Result<QByteArray> readWhole(const QString &path)
+{
+    const Descriptor descriptor(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+    struct stat status = {};
+    if (!descriptor.isOpen() || ::fstat(descriptor.value(), &status) != 0)
+        return systemError(path);
+    if (S_ISDIR(status.st_mode)) {
+        errno = EISDIR;
+        return systemError(path);
+    }
+    QByteArray bytes(static_cast<qsizetype>(status.st_size), Qt::Uninitialized);
+    qsizetype size = 0;
+    // Until the end is seen: the file may be longer than it said, or a pipe that says nothing.
+    while (true) {
+        constexpr qsizetype step = 1 << 16;
+        if (size == bytes.size()) {
+            std::array<char, step> more;
+            const ssize_t got = ::read(descriptor.value(), more.data(), more.size());
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got < 0)
+                return systemError(path);
+            if (got == 0)
+                return bytes;
+            bytes.append(more.data(), got);
+            size += got;
+            continue;
+        }
+        const ssize_t got =
+            ::read(descriptor.value(), bytes.data() + size, static_cast<size_t>(bytes.size() - size));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return systemError(path);
+        if (got == 0) {
+            bytes.truncate(size);
+            return bytes;
+        }
+        size += got;
+    }
+}
+
+} // namespace tavrin
