@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/Environment.h"
+#include "base/Result.h"
+#include "document/DatafileChange.h"
+#include "document/DatafileEditing.h"
+#include "document/DatafileKind.h"
+#include "document/FileStamp.h"
+#include "model/DatafileRecordsData.h"
+#include "model/DatafileSettingsData.h"
+#include "plist/Reader.h"
+#include "sorting/SubsetSortedData.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace tavrin {
+
+class Preferences;
+
+/// What a document needs from its surroundings. The preferences outlive it.
+struct DocumentServices
+{
+    Environment environment;
+    const Preferences *preferences = nullptr;
+};
+
+/// A catalog that does not list as many records as there are.
+struct CatalogMismatch
+{
+    qsizetype catalogCount = 0;
+    qsizetype recordCount = 0;
+};
+
+/// One open datafile: its settings, records and catalog, the file they came from, and whether the file
+/// may be written and needs to be.
+///
+/// It knows no window; a window registers itself as its DatafileEditing. Settings, records and catalog exist
+/// from the moment the document does.
+class DatafileDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class ChangeCount { Done, Undone, Cleared };
+    enum class SaveOutcome {
+        Saved,
+        NothingToSave,    ///< No unsaved changes, or the window does not permit saving now.
+        NotByThisCommand, ///< A mobile-kind document is not saved by Save.
+        NeedsSaveAs,      ///< Opened read-only: ask for another file.
+    };
+
+    /// How Save As ended, as its alert tells it.
+    struct SaveAsOutcome
+    {
+        /// What the writing reported: 0 when nothing was reported, and then the alert is shown.
+        int errorCode = 0;
+        QString failureReason; ///< For the alert: one sentence.
+        bool written = false;
+    };
+
+    ~DatafileDocument() override;
+
+    /// An empty document of a kind: no fields, no records, never saved.
+    static std::unique_ptr<DatafileDocument> newDocument(const DocumentServices &services, DatafileKind kind);
+
+    /// A new document with these fields and one empty record. An empty textName leaves the default name.
+    static std::unique_ptr<DatafileDocument> newDatafile(const DocumentServices &services,
+                                                         DatafileKind kind,
+                                                         const QStringList &fieldNames,
+                                                         const QString &textName);
+
+    /// Reads a datafile. NotFound, Io, Corrupt (not a property list, or a part is missing), TooNew.
+    /// A catalog that disagrees with the records is kept as read: see catalogMismatch().
+    static Result<std::unique_ptr<DatafileDocument>>
+    open(const DocumentServices &services, const QString &path, SelectionOnOpening selection);
+
+    /// Reads the file into this document, in place of what it holds. A type name other than the two datafile
+    /// kinds succeeds and reads nothing. On failure the document stays as it was.
+    Result<> readFromURL(const QString &path, const QString &typeName);
+
+    /// Writes the whole document in XML form. Refused for a document that is read-only by opening or by
+    /// setting (unless only settings are being updated) and for a type name of another kind.
+    Result<> writeToURL(const QString &path, const QString &typeName);
+
+    /// As writeToURL, in the given form: for the command line.
+    Result<> writeToURL(const QString &path, const QString &typeName, plist::Format format);
+
+    /// Saves to the document's own file.
+    Result<SaveOutcome> saveDocument();
+
+    /// Saves whenever the window permits saving.
+    Result<> forceSave();
+
+    /// Makes `path` the document's file and writes it there.
+    SaveAsOutcome saveDocumentAs(const QString &path);
+
+    /// Writes a copy; the document keeps its own file and its unsaved mark.
+    Result<> saveCopyAs(const QString &path);
+
+    /// Rereads the document's file and announces it.
+    Result<> revertToContents();
+
+    /// Writes changed settings and leaves the records in the file as they are there.
+    Result<> updateSettingsOnly();
+
+    /// What the repair question asks about; empty when catalog and records agree, or after an answer.
+    std::optional<CatalogMismatch> catalogMismatch() const;
+    /// The question's message, for people.
+    QString catalogMismatchMessage() const;
+    /// Answers "Correct the Problem": one entry for each record, all selected. The old order is lost.
+    void correctCatalog();
+    /// Answers "Don't Correct": the catalog is used as read.
+    void keepCatalog();
+
+    DatafileSettingsData &datafileSettings() { return *g_settings; }
+    const DatafileSettingsData &datafileSettings() const { return *g_settings; }
+    DatafileRecordsData &datafileRecords() { return *g_records; }
+    const DatafileRecordsData &datafileRecords() const { return *g_records; }
+    SubsetSortedData &datafileCatalog() { return *g_catalog; }
+    const SubsetSortedData &datafileCatalog() const { return *g_catalog; }
+    const DocumentServices &services() const { return g_services; }
+
+    DatafileKind kind() const { return g_kind; }
+    bool isMobile() const { return g_kind == DatafileKind::Mobile; }
+    bool openedReadOnly() const { return g_openedReadOnly; }
+    void setOpenedReadOnly(bool readOnly);
+    bool correctedCatalog() const { return g_correctedCatalog; }
+    /// Empty for a document that was never saved.
+    QString filePath() const { return g_filePath; }
+    /// The form in which the file was read; new documents are XML.
+    plist::Format formatRead() const { return g_formatRead; }
+    QString defaultDraftName() const { return g_defaultDraftName; }
+    void setDefaultDraftName(const QString &name) { g_defaultDraftName = name; }
+    /// The file's name, or the draft name: what a window's title shows.
+    QString displayName() const;
+    /// Another program has written the file since we last read or wrote it.
+    bool changedOnDisk() const;
+
+    /// The window that edits the document; null when there is none. It must unregister before it goes.
+    void setEditing(DatafileEditing *editing) { g_editing = editing; }
+
+    bool isModified() const { return g_changeCount != 0; }
+    void updateChangeCount(ChangeCount change);
+
+    /// Stores a field's content, or the text's plain content, and nothing else: no dates, no mark.
+    void
+    storeFieldValue(const QString &recordIdentifier, const QString &fieldIdentifier, const QString &value);
+    void storeText(const QString &recordIdentifier, const QString &text);
+    /// Stamps the record as modified now by the user.
+    void markRecordModified(const QString &recordIdentifier);
+
+    /// Adds an empty record behind another (empty: at the beginning; unknown: at the end) and announces it.
+    /// The identifier of the new record.
+    QString addRecord(const QString &afterIdentifier);
+    /// Announces, removes from the records and the catalog, announces. Nothing for an unknown identifier.
+    void deleteRecord(const QString &identifier);
+
+    /// The content of the field of that name in the record at a catalog index; null when there is no such
+    /// field or it is empty.
+    QString contentOfField(const QString &name, qint64 catalogIndex) const;
+
+    /// A definition with a fresh identifier for each name.
+    QList<FieldDefinition> arrayForFieldNames(const QStringList &names) const;
+    void addFieldNamesToDocument(const QStringList &names);
+
+    /// The lines of a record's postal address, as the address settings say where it stands.
+    QString freeformAddressBlockForRecord(const RecordData &record) const;
+    QString fieldBasedAddressBlockForRecord(const RecordData &record) const;
+    QString addressBlockAtIndex(qint64 catalogIndex) const;
+
+Q_SIGNALS:
+    void changed(const tavrin::DatafileChange &change);
+    void modifiedChanged(bool modified);
+    /// The file, its name or the permission to write it changed.
+    void fileChanged();
+    /// The file was written: the Datafiles menu may be out of date.
+    void fileWritten();
+
+    // The same changes under the names by which the rest of the system knows them.
+    void didAddRecord(const QString &newIdentifier, const QString &afterIdentifier);
+    void willDeleteRecord(const QString &identifier);
+    void didDeleteRecord(const QString &identifier);
+    void datafileFieldFormatChanged();
+    void revertedDatafileWindow();
+    void selectionWouldBeEmptyError();
+
+private:
+    DatafileDocument(const DocumentServices &services, DatafileKind kind);
+
+    void announce(const DatafileChange &change);
+    Result<> mayWrite(const QString &typeName) const;
+
+    DocumentServices g_services;
+    DatafileKind g_kind;
+    std::unique_ptr<DatafileSettingsData> g_settings;
+    std::unique_ptr<DatafileRecordsData> g_records;
+    std::unique_ptr<SubsetSortedData> g_catalog;
+    plist::Dictionary g_otherRootEntries; ///< Keys of the root that we do not know; written back.
+    DatafileEditing *g_editing = nullptr;
+    SelectionOnOpening g_selectionOnOpening = SelectionOnOpening::AllSelected;
+    plist::Format g_formatRead = plist::Format::Xml;
+    std::optional<CatalogMismatch> g_catalogMismatch;
+    FileStamp g_stamp;
+    QString g_filePath;
+    QString g_defaultDraftName;
+    qint64 g_changeCount = 0;
+    bool g_openedReadOnly = false;
+    bool g_updatingSettingsOnly = false;
+    bool g_correctedCatalog = false;
+};
+
+} // namespace tavrin

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace tavrin {
+
+class BasicTableModel;
+class EditorWindowController;
+class ListTableModel;
+
+/// What the two tables of an editor window show and how their cells take edits.
+class EditorTableController : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EditorTableController(EditorWindowController &window);
+    ~EditorTableController() override;
+
+    /// Rows are the fields of the current record: column 0 the name, column 1 the value.
+    BasicTableModel &basicTableModel() { return *g_basicTableModel; }
+    /// Rows are the selected records; a column for each shown field, then the text.
+    ListTableModel &listTableModel() { return *g_listTableModel; }
+
+    /// Reads the field definitions anew.
+    void setupTables();
+    /// Reads the visible table's data anew.
+    void reload();
+
+    /// In Basic View the row that is a field's index, in List View the column.
+    int currentField() const { return g_currentField; }
+    void setCurrentField(int field) { g_currentField = field; }
+
+    /// The current record may be edited: it is there, not locked, and the document allows it.
+    bool mayEdit() const;
+
+    /// A value as a field may hold it: line ends, tabs and separators become spaces.
+    static QString cleanedFieldValue(const QString &value);
+
+    /// The person selected a row of List View.
+    void listRowSelected(int row);
+
+    /// Where Return or Tab (forward) or Backtab goes from a field of Basic View, wrapping around.
+    int fieldAfter(int field, bool forward) const;
+
+    /// The List View column of a field and back; hidden fields count for the column before them.
+    int listColumnForField(int field) const;
+    int fieldForListColumn(int column) const;
+
+    /// Width in points of a List View column, and its new width as the person dragged it.
+    double columnWidth(int column) const;
+    void columnDidResize(int column, double width);
+
+    /// Height of a List View row in points.
+    double listViewRowHeight() const;
+
+private:
+    EditorWindowController &g_window;
+    std::unique_ptr<BasicTableModel> g_basicTableModel;
+    std::unique_ptr<ListTableModel> g_listTableModel;
+    int g_currentField = 0;
+};
+
+} // namespace tavrin

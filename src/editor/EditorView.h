@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+namespace tavrin {
+
+/// The parts of an editor window that can hold the keyboard focus.
+enum class EditorFocus { FreeformText, Table, Elsewhere };
+
+/// What the controller of an editor window asks of the window's widgets. It holds no record and decides
+/// nothing; tests stand in for it.
+class EditorView
+{
+public:
+    EditorView() = default;
+    EditorView(const EditorView &) = delete;
+    EditorView &operator=(const EditorView &) = delete;
+    virtual ~EditorView() = default;
+
+    /// The freeform text's plain characters, lines ended by "\n".
+    virtual QString freeformText() const = 0;
+    /// Puts in a text, with the caret at its start and nothing to undo.
+    virtual void setFreeformText(const QString &text) = 0;
+    /// The person changed the text since it was put in, or since the mark was last cleared.
+    virtual bool isFreeformTextModified() const = 0;
+    virtual void clearFreeformTextModified() = 0;
+    virtual void setFreeformTextEditable(bool editable) = 0;
+
+    virtual bool isTableEditing() const = 0;
+    /// Commits the cell being edited, if any.
+    virtual void endTableEditing() = 0;
+    /// Selects the row of the visible table and scrolls it into view.
+    virtual void selectTableRow(int row) = 0;
+    /// Starts editing a cell of the visible table, with its text selected.
+    virtual void editTableCell(int row, int column) = 0;
+
+    virtual EditorFocus focus() const = 0;
+    virtual void setFocus(EditorFocus focus) = 0;
+
+    /// The window's frame as "x y w h screenX screenY screenW screenH ", origin at the bottom left.
+    virtual QString frame() const = 0;
+    /// Applies a frame, shrunk and moved onto the screen where need be; an unreadable one changes nothing.
+    virtual void setFrame(const QString &frame) = 0;
+
+    /// Height of the table above the divider, in points.
+    virtual double splitHeight() const = 0;
+    virtual void setSplitHeight(double height) = 0;
+};
+
+} // namespace tavrin
