@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/DatafileWindow.h"
+#include "app/DatafilesFolder.h"
+#include "document/DatafileDocument.h"
+#include "editor/SheetHost.h"
+#include "model/Preferences.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+namespace tavrin {
+
+/// The application's controller: which datafiles are open, the session, the Datafiles menu, new datafiles and
+/// quitting.
+///
+/// It owns the open documents and their windows. `sheets` is where questions go that belong to no datafile
+/// window; it, the factory and the preferences outlive the controller.
+class MainController : public QObject
+{
+    Q_OBJECT
+
+public:
+    MainController(Preferences &preferences,
+                   const Environment &environment,
+                   DatafileWindowFactory &windows,
+                   SheetHost &sheets);
+    ~MainController() override;
+
+    /// Start-up: registered defaults, the previous session, automatic datafiles, in that order.
+    void finishLaunchingStuff();
+    bool isFullyStarted() const { return g_fullyStarted; }
+
+    /// Opens a datafile, or brings the window to the front in which it is open already. What goes wrong is
+    /// told in an alert.
+    void openDatafile(const QString &path, const QString &firstRecord = {});
+    void openDatafiles(const QStringList &paths);
+
+    /// Asks which datafiles to open.
+    void openDocument();
+    /// Asks for the fields of a new datafile.
+    void newDatafile();
+    /// Opens a fresh copy of the sample address book as an untitled datafile, so that the sample stays as it
+    /// is.
+    void openSample();
+    bool hasSample() const { return !samplePath().isEmpty(); }
+
+    void restorePreviousSession();
+    void autoOpenDatafiles();
+    void saveCurrentSession();
+
+    // The datafiles folder and its menu.
+    DatafilesFolder &datafilesFolder() { return *g_datafilesFolder; }
+    /// The folder's datafiles and folders, as last scanned.
+    const QList<DatafilesMenuItem> &datafilesMenu() const { return g_datafilesMenu; }
+    void setupDatafilesMenu();
+    void resetDatafilesFolder();
+
+    /// Newest first, at most 10.
+    QStringList recentDatafiles() const;
+    void clearRecentDatafiles();
+
+    qsizetype openDatafileCount() const { return static_cast<qsizetype>(g_open.size()); }
+    QList<DatafileDocument *> documents() const;
+    DatafileWindow *windowOf(const DatafileDocument &document) const;
+
+    void closeAllOpenDatafiles();
+    void closeAllReadOnlyDatafiles();
+
+    // Quitting.
+    bool applicationShouldTerminateAfterLastWindowClosed() const;
+    /// Asks where preferences or unsaved changes demand it; `terminate` follows when nothing speaks against
+    /// it.
+    void applicationShouldTerminate();
+
+    Preferences &preferences() { return g_preferences; }
+
+Q_SIGNALS:
+    void openDatafilesChanged();
+    void datafilesMenuChanged();
+    void recentDatafilesChanged();
+    void terminate();
+
+private:
+    struct OpenDatafile
+    {
+        std::unique_ptr<DatafileDocument> document;
+        std::unique_ptr<DatafileWindow> window;
+    };
+
+    QString samplePath() const;
+    void showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
+    void askToCorrectCatalog(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
+    void remember(const QString &path);
+    void documentWindowClosed(DatafileDocument *document);
+    void confirmQuit();
+    void closeNextForQuitting();
+    void finishQuittingStuff();
+
+    Preferences &g_preferences;
+    Environment g_environment;
+    DatafileWindowFactory &g_windows;
+    SheetHost &g_sheets;
+    std::unique_ptr<DatafilesFolder> g_datafilesFolder;
+    QList<DatafilesMenuItem> g_datafilesMenu;
+    std::vector<OpenDatafile> g_open;
+    QTimer g_menuTimer;
+    bool g_fullyStarted = false;
+    bool g_quitting = false;
+    bool g_lastDatafileClosing = false;
+};
+
+} // namespace tavrin
