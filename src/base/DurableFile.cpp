@@ -11,8 +11,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 namespace tavrin {
@@ -40,8 +42,13 @@ Error systemError(const QString &path)
         break;
     case EACCES:
     case EPERM:
+        error.message = translated("You do not have the permission to do this.");
+        break;
     case EROFS:
-        error.message = translated("The folder does not allow changes.");
+        error.message = translated("The disk is read-only.");
+        break;
+    case EFBIG:
+        error.message = translated("The file would be larger than the system allows.");
         break;
     default:
         error.message =
@@ -76,12 +83,27 @@ private:
     int g_value;
 };
 
+/// The target's path with a unique ending, which mkostemp fills in. A name near the longest allowed one is
+/// cut (between characters), so that every file that exists can be written again.
+QByteArray temporaryPattern(const QByteArray &target)
+{
+    const QByteArray ending = ".XXXXXX";
+    const qsizetype longestPath = target.lastIndexOf('/') + 1 + NAME_MAX - ending.size();
+    qsizetype size = std::min(target.size(), longestPath);
+    const auto isInsideCharacter = [&] {
+        return size < target.size() && (static_cast<unsigned char>(target[size]) & 0xC0) == 0x80;
+    };
+    while (isInsideCharacter())
+        --size;
+    return target.first(size) + ending;
+}
+
 /// The temporary file beside a file that is being replaced; removed unless it took its place.
 class TemporaryFile
 {
 public:
     explicit TemporaryFile(const QByteArray &target)
-        : g_path(target + ".XXXXXX")
+        : g_path(temporaryPattern(target))
         , g_descriptor(mkostemp(g_path.data(), O_CLOEXEC))
     {}
     TemporaryFile(const TemporaryFile &) = delete;
@@ -169,12 +191,24 @@ QString followLinks(QString path)
     return path;
 }
 
+/// Renaming over a device, a pipe or a link that leads nowhere would destroy it.
+bool mayBeReplaced(const QByteArray &target)
+{
+    struct stat status = {};
+    if (::lstat(target.constData(), &status) != 0 || S_ISREG(status.st_mode))
+        return true;
+    errno = S_ISDIR(status.st_mode) ? EISDIR : S_ISLNK(status.st_mode) ? ELOOP : EINVAL;
+    return false;
+}
+
 } // namespace
 
 Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce)
 {
     const QString targetPath = followLinks(path);
     const QByteArray target = QFile::encodeName(targetPath);
+    if (!mayBeReplaced(target))
+        return systemError(targetPath);
     TemporaryFile file(target);
     if (!file.isOpen())
         return systemError(targetPath);
