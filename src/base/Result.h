@@ -12,6 +12,9 @@ namespace tavrin {
 /// Why an operation failed. A person reads `message`; code branches on `kind`; a log takes `detail`.
 struct [[nodiscard]] Error
 {
+    // GCC takes a scoped enumerator to hide the constant of the same name.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
     enum class Kind {
         NotFound,    ///< The file or thing does not exist.
         Corrupt,     ///< The bytes are not what they claim to be.
@@ -21,6 +24,7 @@ struct [[nodiscard]] Error
         Refused,     ///< A rule of ours forbids it (read-only, locked).
         Cancelled,   ///< The person stopped the work.
     };
+#pragma GCC diagnostic pop
 
     Kind kind = Kind::Io;
     QString message = {}; ///< One translated sentence, without paths or codes.

@@ -1,0 +1,4 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "model/QVKeyedRecordData.h"
