@@ -76,8 +76,16 @@ public:
 
     /// Reads a datafile. NotFound, Io, Corrupt (not a property list, or a part is missing), TooNew.
     /// A catalog that disagrees with the records is kept as read: see catalogMismatch().
-    static Result<std::unique_ptr<DatafileDocument>>
-    open(const DocumentServices &services, const QString &path, SelectionOnOpening selection);
+    /// Without a kind the extension tells it; any other extension means the full kind.
+    static Result<std::unique_ptr<DatafileDocument>> open(const DocumentServices &services,
+                                                          const QString &path,
+                                                          SelectionOnOpening selection,
+                                                          std::optional<DatafileKind> kind = {});
+
+    /// What an alert says about a datafile of a format that is too new: the message, which TooNew errors
+    /// carry, and the text below it.
+    static QString tooNewMessage(const QString &fileName);
+    static QString tooNewInformativeText();
 
     /// Reads the file into this document, in place of what it holds. A type name other than the two datafile
     /// kinds succeeds and reads nothing. On failure the document stays as it was.
@@ -93,19 +101,22 @@ public:
     /// Saves to the document's own file.
     Result<SaveOutcome> saveDocument();
 
-    /// Saves whenever the window permits saving.
+    /// Saves whenever the window permits saving; Refused when it does not, or there is no file yet.
     Result<> forceSave();
 
-    /// Makes `path` the document's file and writes it there.
+    /// Makes `path` the document's file, writable, and writes it there. The unsaved mark stays as it was, and
+    /// is set when the file was not written. Nothing at all happens while the window does not permit saving.
     SaveAsOutcome saveDocumentAs(const QString &path);
 
-    /// Writes a copy; the document keeps its own file and its unsaved mark.
+    /// Writes a copy; the document keeps its own file and its unsaved mark. A read-only document may be
+    /// copied, but never onto its own file: Refused.
     Result<> saveCopyAs(const QString &path);
 
     /// Rereads the document's file and announces it.
     Result<> revertToContents();
 
-    /// Writes changed settings and leaves the records in the file as they are there.
+    /// Writes changed settings and leaves the records in the file as they are there, also in a read-only
+    /// document. Nothing when no setting changed, the window does not permit saving, or there is no file.
     Result<> updateSettingsOnly();
 
     /// What the repair question asks about; empty when catalog and records agree, or after an answer.
@@ -193,14 +204,21 @@ private:
     DatafileDocument(const DocumentServices &services, DatafileKind kind);
 
     void announce(const DatafileChange &change);
+    bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }
+    void setCatalog(const plist::Array &array);
+    RecordData &recordToChange(const QString &identifier) const;
+    bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;
+    Result<> writeContents(const QString &path, plist::Format format);
+    Result<> writeSettingsIntoFile();
+    Result<> saveNormally();
 
     DocumentServices g_services;
     DatafileKind g_kind;
     std::unique_ptr<DatafileSettingsData> g_settings;
     std::unique_ptr<DatafileRecordsData> g_records;
     std::unique_ptr<SubsetSortedData> g_catalog;
-    plist::Dictionary g_otherRootEntries; ///< Keys of the root that we do not know; written back.
+    plist::Dictionary g_rootEntries; ///< The root's keys in their order; the values of unknown ones.
     DatafileEditing *g_editing = nullptr;
     SelectionOnOpening g_selectionOnOpening = SelectionOnOpening::AllSelected;
     plist::Format g_formatRead = plist::Format::Xml;

@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// Opening, reverting and the repair of the catalog.
+
+#include "document/DatafileContents.h"
+#include "document/DatafileDocument.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The root's keys with their values, but for the parts that live on as objects: these leave their place
+/// only.
+plist::Dictionary rootEntriesOf(const plist::Dictionary &root)
+{
+    plist::Dictionary entries;
+    root.forEach([&entries](const QString &key, const plist::Value &value) {
+        const bool isPart = key == RootKey::settings || key == RootKey::records || key == RootKey::catalog;
+        entries.insert(key, isPart ? plist::Value(true) : value);
+    });
+    return entries;
+}
+
+} // namespace
+
+Result<std::unique_ptr<DatafileDocument>> DatafileDocument::open(const DocumentServices &services,
+                                                                 const QString &path,
+                                                                 SelectionOnOpening selection,
+                                                                 std::optional<DatafileKind> kind)
+{
+    if (!kind)
+        kind = datafileKindOfPath(path).value_or(DatafileKind::Pro);
+    std::unique_ptr<DatafileDocument> document = newDocument(services, *kind);
+    document->g_selectionOnOpening = selection;
+    if (const Result<> read = document->readFromURL(path, typeNameOf(*kind)); !read)
+        return read.error();
+    return document;
+}
+
+QString DatafileDocument::tooNewMessage(const QString &fileName)
+{
+    return tr("\"%1\" was made by a newer version.").arg(fileName);
+}
+
+QString DatafileDocument::tooNewInformativeText()
+{
+    return tr("It can be opened only with that version or later.");
+}
+
+Result<> DatafileDocument::readFromURL(const QString &path, const QString &typeName)
+{
+    const std::optional<DatafileKind> kind = datafileKindOfTypeName(typeName);
+    if (!kind) {
+        g_filePath = path;
+        g_correctedCatalog = false;
+        return {};
+    }
+    // Taken first: a file that changes while it is read counts as changed.
+    const FileStamp stamp = FileStamp::of(path);
+    Result<DatafileContents> contents = readDatafileContents(path, g_services.preferences);
+    if (!contents)
+        return contents.error();
+
+    g_filePath = path;
+    g_stamp = stamp;
+    g_kind = *kind;
+    g_correctedCatalog = false;
+    g_formatRead = contents->format;
+    g_rootEntries = rootEntriesOf(contents->root);
+    *g_settings = std::move(contents->settings);
+    g_settings->setDatafileSettingsDidChange(false);
+    // The old catalog knows the old records, so they go after it.
+    const std::unique_ptr<DatafileRecordsData> oldRecords =
+        std::exchange(g_records,
+                      std::make_unique<DatafileRecordsData>(DatafileRecordsData::collectionWithDictionary(
+                          contents->records, g_services.environment)));
+    setCatalog(contents->catalog);
+    const CatalogMismatch counts{contents->catalog.size(), contents->records.size()};
+    if (counts.catalogCount == counts.recordCount)
+        g_catalogMismatch.reset();
+    else
+        g_catalogMismatch = counts;
+    return {};
+}
+
+Result<> DatafileDocument::revertToContents()
+{
+    if (const Result<> read = readFromURL(g_filePath, typeNameOf(g_kind)); !read)
+        return read.error();
+    updateChangeCount(ChangeCount::Cleared);
+    announce(DatafileReverted{});
+    Q_EMIT revertedDatafileWindow();
+    return {};
+}
+
+std::optional<CatalogMismatch> DatafileDocument::catalogMismatch() const
+{
+    return g_catalogMismatch;
+}
+
+QString DatafileDocument::catalogMismatchMessage() const
+{
+    const CatalogMismatch counts = g_catalogMismatch.value_or(CatalogMismatch());
+    // In one go: a file's name may hold what looks like a place for a number.
+    return tr("%1 shows %2 records, but actually contains %3.")
+        .arg(displayName(), QString::number(counts.catalogCount), QString::number(counts.recordCount));
+}
+
+void DatafileDocument::correctCatalog()
+{
+    const QStringList identifiers = g_records->allIdentifiers();
+    plist::Array entries;
+    entries.reserve(identifiers.size());
+    for (const QString &identifier : identifiers) {
+        // Repaired entries have always been stored with texts for flags.
+        entries.append(plist::Dictionary{{u"Identifier"_s, identifier},
+                                         {u"CurrentlySelected"_s, u"YES"_s},
+                                         {u"PreviouslySelected"_s, u"YES"_s}});
+    }
+    setCatalog(entries);
+    g_catalogMismatch.reset();
+    g_correctedCatalog = true;
+    updateChangeCount(ChangeCount::Done);
+    announce(CatalogChanged{});
+}
+
+void DatafileDocument::keepCatalog()
+{
+    g_catalogMismatch.reset();
+}
+
+} // namespace tavrin

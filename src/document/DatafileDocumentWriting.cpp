@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// Saving in all its forms. The file's safety is that of writeDurably(); here is decided what may be written.
+
+#include "base/DurableFile.h"
+#include "document/DatafileContents.h"
+#include "document/DatafileDocument.h"
+#include "plist/Writer.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Error refused(const QString &message, const QString &path)
+{
+    return {Error::Kind::Refused, message, path};
+}
+
+Result<> writePropertyList(const plist::Value &root, const QString &path, plist::Format format)
+{
+    if (format == plist::Format::Ascii)
+        return Error{Error::Kind::Unsupported,
+                     DatafileDocument::tr("Datafiles are not written in this form."),
+                     u"the ASCII form"_s};
+    return writeDurably(path, [&](const ByteSink &sink) -> Result<> {
+        // What the sink refuses, writeDurably() itself reports.
+        if (format == plist::Format::Xml)
+            plist::writeXml(root, sink);
+        else
+            sink(plist::toBinary(root));
+        return {};
+    });
+}
+
+} // namespace
+
+Result<> DatafileDocument::writeToURL(const QString &path, const QString &typeName)
+{
+    return writeToURL(path, typeName, plist::Format::Xml);
+}
+
+Result<> DatafileDocument::writeToURL(const QString &path, const QString &typeName, plist::Format format)
+{
+    if (const Result<> allowed = mayWrite(typeName); !allowed)
+        return allowed;
+    if (const Result<> written = writeContents(path, format); !written)
+        return written;
+    g_settings->setDatafileSettingsDidChange(false);
+    return {};
+}
+
+Result<> DatafileDocument::mayWrite(const QString &typeName) const
+{
+    if (!datafileKindOfTypeName(typeName))
+        return Error{Error::Kind::Unsupported, tr("This is not a kind of datafile."), typeName};
+    if (g_updatingSettingsOnly)
+        return {};
+    if (g_openedReadOnly)
+        return refused(tr("This datafile was opened read-only."), g_filePath);
+    if (g_settings->readOnly())
+        return refused(tr("This datafile is set to always open read-only."), g_filePath);
+    return {};
+}
+
+bool DatafileDocument::isOwnFile(const QString &path) const
+{
+    if (g_filePath.isEmpty())
+        return false;
+    if (path == g_filePath)
+        return true;
+    // The same file under another name, through a link or another way to its folder.
+    const FileStamp own = FileStamp::of(g_filePath);
+    const FileStamp other = FileStamp::of(path);
+    return own.size >= 0 && own.device == other.device && own.inode == other.inode;
+}
+
+Result<> DatafileDocument::writeContents(const QString &path, plist::Format format)
+{
+    const bool own = isOwnFile(path);
+    if (g_editing && isModified())
+        g_editing->storeRecordBeingEdited();
+    if (g_editing)
+        g_editing->setNowSaving(true);
+    const auto saved = qScopeGuard([this] {
+        if (g_editing)
+            g_editing->setNowSaving(false);
+    });
+
+    plist::Dictionary root = g_rootEntries;
+    root.insert(RootKey::settings, g_settings->dictionary());
+    root.insert(RootKey::records, g_records->dictionary());
+    root.insert(RootKey::catalog, g_catalog->sortedArray());
+    if (const Result<> written = writePropertyList(root, path, format); !written)
+        return written;
+    if (own)
+        g_stamp = FileStamp::of(g_filePath);
+    Q_EMIT fileWritten();
+    return {};
+}
+
+Result<DatafileDocument::SaveOutcome> DatafileDocument::saveDocument()
+{
+    if (isMobile())
+        return SaveOutcome::NotByThisCommand;
+    if (g_openedReadOnly)
+        return SaveOutcome::NeedsSaveAs;
+    if (!isModified() || !canSaveChanges() || (g_editing && g_editing->nowSyncing()))
+        return SaveOutcome::NothingToSave;
+    if (g_filePath.isEmpty())
+        return SaveOutcome::NeedsSaveAs;
+    if (g_editing)
+        g_editing->endListEditing();
+    if (const Result<> saved = saveNormally(); !saved)
+        return saved.error();
+    return SaveOutcome::Saved;
+}
+
+Result<> DatafileDocument::forceSave()
+{
+    if (!canSaveChanges())
+        return refused(tr("Changes to this datafile cannot be saved."), g_filePath);
+    return saveNormally();
+}
+
+Result<> DatafileDocument::saveNormally()
+{
+    if (g_filePath.isEmpty())
+        return refused(tr("The datafile has no file yet."), g_defaultDraftName);
+    if (const Result<> written = writeToURL(g_filePath, typeNameOf(g_kind)); !written)
+        return written;
+    updateChangeCount(ChangeCount::Cleared);
+    if (g_editing)
+        g_editing->markCurrentRecordClean();
+    return {};
+}
+
+DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &path)
+{
+    SaveAsOutcome outcome;
+    if (!canSaveChanges()) {
+        outcome.failureReason = tr("Changes to this datafile cannot be saved.");
+        return outcome;
+    }
+    if (!g_settings->deletedIdentifiers().isEmpty())
+        g_settings->setDeletedIdentifiers({});
+    g_filePath = path;
+    g_stamp = FileStamp::of(path);
+    g_openedReadOnly = false;
+    Q_EMIT fileChanged();
+    if (g_editing)
+        g_editing->endListEditing();
+
+    // The code stays 0: writing reports how it went by its result only.
+    const Result<> written = writeToURL(path, typeNameOf(g_kind));
+    outcome.written = written.has_value();
+    if (written) {
+        outcome.failureReason = tr("No error was reported, and the file was written to %1.").arg(path);
+        return outcome;
+    }
+    outcome.failureReason = written.error().message;
+    if (!isModified())
+        updateChangeCount(ChangeCount::Done);
+    return outcome;
+}
+
+Result<> DatafileDocument::saveCopyAs(const QString &path)
+{
+    if (isOwnFile(path))
+        return refused(tr("A copy cannot replace the datafile itself."), path);
+    return writeContents(path, plist::Format::Xml);
+}
+
+Result<> DatafileDocument::updateSettingsOnly()
+{
+    if (!canSaveChanges() || !g_settings->datafileSettingsDidChange() || g_filePath.isEmpty())
+        return {};
+    g_updatingSettingsOnly = true;
+    const auto updated = qScopeGuard([this] { g_updatingSettingsOnly = false; });
+    if (FileStamp::of(g_filePath).size >= 0) {
+        // Records that somebody else has written meanwhile are as little ours to replace as unsaved ones are
+        // to be saved here.
+        const Result<> written = isModified() || changedOnDisk() ? writeSettingsIntoFile()
+                                                                 : writeToURL(g_filePath, typeNameOf(g_kind));
+        if (!written)
+            return written;
+    }
+    g_settings->setDatafileSettingsDidChange(false);
+    return {};
+}
+
+Result<> DatafileDocument::writeSettingsIntoFile()
+{
+    const bool wasChangedOnDisk = changedOnDisk();
+    const Result<DatafileContents> onDisk = readDatafileContents(g_filePath, g_services.preferences);
+    if (!onDisk)
+        return onDisk.error();
+    plist::Dictionary root = onDisk->root;
+    root.insert(RootKey::settings, g_settings->dictionary());
+    if (const Result<> written = writePropertyList(root, g_filePath, plist::Format::Xml); !written)
+        return written;
+    // Otherwise the next save has to know, still, that the file holds what we never read.
+    if (!wasChangedOnDisk)
+        g_stamp = FileStamp::of(g_filePath);
+    Q_EMIT fileWritten();
+    return {};
+}
+
+} // namespace tavrin
