@@ -44,13 +44,18 @@ Value Dictionary::value(const QString &key) const
 
 void Dictionary::insert(const QString &key, const Value &value)
 {
+    insert(key, Value(value));
+}
+
+void Dictionary::insert(const QString &key, Value &&value)
+{
     if (value.isNull()) {
         remove(key);
         return;
     }
     if (!g_data)
         g_data = new DictionaryData;
-    g_data->entries.insert(key, value);
+    g_data->entries.insert(key, std::move(value));
 }
 
 void Dictionary::remove(const QString &key)

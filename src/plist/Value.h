@@ -49,6 +49,7 @@ public:
 
     /// Stores the value; a null value removes the key.
     void insert(const QString &key, const Value &value);
+    void insert(const QString &key, Value &&value);
     void remove(const QString &key);
     void reserve(qsizetype count);
 

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "plist/ScalarText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+namespace tavrin::plist {
+
+namespace {
+
+constexpr qint64 secondsPerDay = 86400;
+
+// Seconds stay well inside 64 bits up to this year, and no record is older or younger.
+constexpr qint64 farthestYear = 200'000'000'000;
+
+struct CivilDay
+{
+    qint64 year;
+    qint64 month; ///< 1 to 12
+    qint64 day;   ///< 1 to 31
+};
+
+constexpr qint64 floorDivided(qint64 value, qint64 divisor)
+{
+    return value / divisor - (value % divisor < 0 ? 1 : 0);
+}
+
+// Days since 2001-01-01. Years are counted from March, so that the leap day is the last of its year.
+qint64 daysSinceReference(qint64 year, qint64 month, qint64 day)
+{
+    const qint64 months = month - 3;
+    const qint64 marchYear = year + floorDivided(months, 12);
+    const qint64 marchMonth = months - 12 * floorDivided(months, 12);
+    const qint64 era = floorDivided(marchYear, 400);
+    const qint64 yearOfEra = marchYear - era * 400;
+    const qint64 dayOfYear = (153 * marchMonth + 2) / 5 + day - 1;
+    constexpr qint64 daysToReference = 730791; // from 0000-03-01 to 2001-01-01
+    return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - daysToReference;
+}
+
+CivilDay civilDay(qint64 days)
+{
+    // The year is guessed from the mean length and put right by at most one step.
+    const qint64 estimate = 2001 + floorDivided(days * 400, 146097);
+    qint64 year = estimate + 1;
+    while (daysSinceReference(year, 1, 1) > days)
+        --year;
+    qint64 month = 12;
+    while (daysSinceReference(year, month, 1) > days)
+        --month;
+    return {year, month, days - daysSinceReference(year, month, 1) + 1};
+}
+
+bool isDigit(char byte)
+{
+    return byte >= '0' && byte <= '9';
+}
+
+// "-MM-DDThh:mm:ssZ", where each letter of the pattern below stands for a digit of that field.
+bool parseFields(QByteArrayView text, std::array<qint64, 5> &fields)
+{
+    constexpr QByteArrayView pattern("-00-11T22:33:44Z");
+    if (text.size() != pattern.size())
+        return false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!isDigit(pattern[i])) {
+            if (text[i] != pattern[i])
+                return false;
+            continue;
+        }
+        if (!isDigit(text[i]))
+            return false;
+        qint64 &field = fields[static_cast<size_t>(pattern[i] - '0')];
+        field = field * 10 + (text[i] - '0');
+    }
+    return true;
+}
+
+bool equalsIgnoringCase(QByteArrayView text, QByteArrayView name)
+{
+    return text.compare(name, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+std::optional<Value> parseInteger(QByteArrayView text)
+{
+    const char *at = text.begin();
+    const char *end = text.end();
+    const auto skipBlanks = [&at, end] {
+        at = std::find_if(at, end, [](char byte) { return static_cast<uchar>(byte) > ' '; });
+    };
+    skipBlanks();
+    const bool isNegative = at != end && *at == '-';
+    if (at != end && (*at == '-' || *at == '+')) {
+        ++at;
+        skipBlanks();
+    }
+    const bool isHexadecimal = end - at > 2 && at[0] == '0' && (at[1] == 'x' || at[1] == 'X');
+    if (isHexadecimal)
+        at += 2;
+    quint64 magnitude = 0;
+    const auto [stop, error] = std::from_chars(at, end, magnitude, isHexadecimal ? 16 : 10);
+    if (error != std::errc() || stop != end)
+        return {};
+    if (!isNegative)
+        return Value(magnitude);
+    constexpr quint64 largest = quint64(1) << 63;
+    if (magnitude > largest)
+        return {};
+    return Value(static_cast<qint64>(0 - magnitude));
+}
+
+std::optional<double> parseReal(QByteArrayView text)
+{
+    while (!text.isEmpty() && (text.front() == ' ' || (text.front() >= '\t' && text.front() <= '\r')))
+        text = text.sliced(1);
+    const bool isNegative = text.startsWith('-');
+    if (isNegative || text.startsWith('+'))
+        text = text.sliced(1);
+    const double sign = isNegative ? -1.0 : 1.0;
+    if (equalsIgnoringCase(text, "inf") || equalsIgnoringCase(text, "infinity"))
+        return sign * std::numeric_limits<double>::infinity();
+    if (equalsIgnoringCase(text, "nan"))
+        return std::numeric_limits<double>::quiet_NaN();
+    if (text.isEmpty() || (!isDigit(text.front()) && text.front() != '.'))
+        return {};
+    double magnitude = 0;
+    const auto [stop, error] = std::from_chars(text.begin(), text.end(), magnitude);
+    if (stop != text.end() || error == std::errc::invalid_argument)
+        return {};
+    if (error == std::errc::result_out_of_range)
+        magnitude = text.toByteArray().toDouble(); // infinite or zero
+    return sign * magnitude;
+}
+
+std::optional<Date> parseDate(QByteArrayView text)
+{
+    const bool isNegative = text.startsWith('-');
+    if (isNegative)
+        text = text.sliced(1);
+    const char *yearEnd = std::find_if_not(text.begin(), text.end(), isDigit);
+    qint64 year = 0;
+    if (yearEnd == text.begin())
+        return {};
+    if (std::from_chars(text.begin(), yearEnd, year).ec != std::errc())
+        year = farthestYear;
+    year = std::min(year, farthestYear);
+    std::array<qint64, 5> fields{};
+    if (!parseFields(text.sliced(yearEnd - text.begin()), fields))
+        return {};
+    const auto [month, day, hours, minutes, seconds] = fields;
+    const qint64 days = daysSinceReference(isNegative ? -year : year, month, day);
+    return Date{static_cast<double>(days * secondsPerDay + hours * 3600 + minutes * 60 + seconds)};
+}
+
+QByteArray formatReal(double value)
+{
+    if (std::isnan(value))
+        return "nan";
+    if (std::isinf(value))
+        return value > 0 ? "+infinity" : "-infinity";
+    if (value == 0)
+        return "0.0";
+    std::array<char, 32> digits{};
+    const auto [end, error] =
+        std::to_chars(digits.begin(), digits.end(), value, std::chars_format::general, 17);
+    return {digits.data(), end - digits.data()};
+}
+
+QByteArray formatDate(Date date)
+{
+    constexpr double limit = static_cast<double>(farthestYear) * 365 * secondsPerDay;
+    const double seconds =
+        std::isnan(date.secondsSinceReference) ? 0.0 : std::clamp(date.secondsSinceReference, -limit, limit);
+    const auto whole = static_cast<qint64>(std::floor(seconds));
+    const qint64 days = floorDivided(whole, secondsPerDay);
+    const qint64 ofDay = whole - days * secondsPerDay;
+    const CivilDay civil = civilDay(days);
+    std::array<char, 64> text{};
+    const int length = std::snprintf(text.data(),
+                                     text.size(),
+                                     "%04lld-%02lld-%02lldT%02lld:%02lld:%02lldZ",
+                                     civil.year,
+                                     civil.month,
+                                     civil.day,
+                                     ofDay / 3600,
+                                     ofDay / 60 % 60,
+                                     ofDay % 60);
+    return {text.data(), length};
+}
+
+} // namespace tavrin::plist

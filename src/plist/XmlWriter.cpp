@@ -1,0 +1,294 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "base/InternalInconsistency.h"
+#include "plist/Base64.h"
+#include "plist/Reader.h"
+#include "plist/ScalarText.h"
+#include "plist/Writer.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tavrin::plist {
+
+namespace {
+
+constexpr QByteArrayView fileStart("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                   "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                   "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                   "<plist version=\"1.0\">\n");
+constexpr QByteArrayView fileEnd("</plist>\n");
+
+constexpr qsizetype pieceSize = 256 * 1024;
+constexpr int deepestDataIndentation = 8;
+
+// Bytes of data in a line: 76 columns, of which a tab takes 8, and 4 symbols for 3 bytes.
+constexpr qsizetype dataBytesPerLine(int tabs)
+{
+    return (76 - 8 * tabs) / 4 * 3;
+}
+
+bool isPlain(char16_t unit)
+{
+    return unit < 0x80 && unit != u'<' && unit != u'>' && unit != u'&';
+}
+
+/// Writes one tree, collecting the bytes in a buffer that goes to the sink whenever it is full.
+///
+/// Once the sink has refused, nothing more is written.
+class XmlWriter
+{
+public:
+    explicit XmlWriter(const Sink &sink)
+        : g_sink(sink)
+        , g_buffer(pieceSize, Qt::Uninitialized)
+        , g_at(g_buffer.data())
+    {}
+
+    bool write(const Value &root);
+
+private:
+    void flush();
+    char *room(qsizetype size);
+    void put(QByteArrayView bytes);
+    void putIndentation(int level);
+    void putElement(QByteArrayView name, QByteArrayView text);
+
+    void writeValue(const Value &value, int level);
+    void writeScalar(const Value &value);
+    void writeDictionary(const Dictionary &dictionary, int level);
+    void writeArray(const Array &array, int level);
+    void writeData(const QByteArray &data, int level);
+    void writeText(QStringView text);
+    void writeUid(Uid uid, int level);
+
+    const Sink &g_sink;
+    QByteArray g_buffer;
+    char *g_at;
+    bool g_isRefused = false;
+};
+
+bool XmlWriter::write(const Value &root)
+{
+    if (root.isNull())
+        throw InternalInconsistency("writeXml: there is nothing to write");
+    put(fileStart);
+    writeValue(root, 0);
+    put(fileEnd);
+    flush();
+    return !g_isRefused;
+}
+
+void XmlWriter::flush()
+{
+    const QByteArrayView piece(g_buffer.constData(), g_at - g_buffer.constData());
+    g_isRefused = g_isRefused || !g_sink(piece);
+    g_at = g_buffer.data();
+}
+
+// At least so many bytes of room; the caller moves g_at behind what it has written there.
+char *XmlWriter::room(qsizetype size)
+{
+    if (g_buffer.constData() + g_buffer.size() - g_at < size)
+        flush();
+    return g_at;
+}
+
+void XmlWriter::put(QByteArrayView bytes)
+{
+    g_at = std::copy(bytes.begin(), bytes.end(), room(bytes.size()));
+}
+
+void XmlWriter::putIndentation(int level)
+{
+    g_at = std::fill_n(room(level), level, '\t');
+}
+
+void XmlWriter::putElement(QByteArrayView name, QByteArrayView text)
+{
+    put("<");
+    put(name);
+    put(">");
+    put(text);
+    put("</");
+    put(name);
+    put(">\n");
+}
+
+void XmlWriter::writeValue(const Value &value, int level)
+{
+    if (g_isRefused || value.isNull())
+        return;
+    putIndentation(level);
+    switch (value.type()) {
+    case ValueType::String:
+        put("<string>");
+        writeText(*value.string());
+        put("</string>\n");
+        break;
+    case ValueType::Data:
+        writeData(*value.data(), level);
+        break;
+    case ValueType::Array:
+        writeArray(*value.array(), level);
+        break;
+    case ValueType::Dictionary:
+        writeDictionary(*value.dictionary(), level);
+        break;
+    case ValueType::Uid:
+        writeUid(*value.uid(), level);
+        break;
+    default:
+        writeScalar(value);
+    }
+}
+
+void XmlWriter::writeScalar(const Value &value)
+{
+    if (const bool *flag = value.boolean())
+        put(*flag ? "<true/>\n" : "<false/>\n");
+    else if (value.isInteger())
+        putElement("integer", value.toText().toLatin1());
+    else if (const Real *number = value.real())
+        putElement("real", formatReal(number->value));
+    else if (const Date *date = value.date())
+        putElement("date", formatDate(*date));
+}
+
+void checkLevel(int level)
+{
+    if (level >= maximumDepth)
+        throw InternalInconsistency("writeXml: nested more deeply than can be read again");
+}
+
+void XmlWriter::writeDictionary(const Dictionary &dictionary, int level)
+{
+    checkLevel(level);
+    if (dictionary.isEmpty()) {
+        put("<dict/>\n");
+        return;
+    }
+    put("<dict>\n");
+    dictionary.forEach([this, level](const QString &key, const Value &value) {
+        putIndentation(level + 1);
+        put("<key>");
+        writeText(key);
+        put("</key>\n");
+        writeValue(value, level + 1);
+    });
+    putIndentation(level);
+    put("</dict>\n");
+}
+
+void XmlWriter::writeArray(const Array &array, int level)
+{
+    checkLevel(level);
+    if (array.isEmpty()) {
+        put("<array/>\n");
+        return;
+    }
+    put("<array>\n");
+    for (const Value &value : array)
+        writeValue(value, level + 1);
+    putIndentation(level);
+    put("</array>\n");
+}
+
+void XmlWriter::writeData(const QByteArray &data, int level)
+{
+    put("<data>\n");
+    const int tabs = std::min(level, deepestDataIndentation);
+    const qsizetype lineBytes = dataBytesPerLine(tabs);
+    for (qsizetype at = 0; at < data.size() && !g_isRefused; at += lineBytes) {
+        const QByteArrayView line = QByteArrayView(data).sliced(at, std::min(lineBytes, data.size() - at));
+        putIndentation(tabs);
+        g_at = encodeBase64(line, room(80));
+        put("\n");
+    }
+    putIndentation(level);
+    put("</data>\n");
+}
+
+char *putCharacter(char32_t character, char *out)
+{
+    const auto continuation = [character](int shift) {
+        return static_cast<char>(0x80 | (character >> shift & 0x3F));
+    };
+    if (character < 0x80) {
+        const QByteArrayView escaped = character == U'<'   ? QByteArrayView("&lt;")
+                                       : character == U'>' ? QByteArrayView("&gt;")
+                                                           : QByteArrayView("&amp;");
+        return std::copy(escaped.begin(), escaped.end(), out);
+    }
+    if (character < 0x800) {
+        *out++ = static_cast<char>(0xC0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            *out++ = static_cast<char>(0xE0 | character >> 12);
+        } else {
+            *out++ = static_cast<char>(0xF0 | character >> 18);
+            *out++ = continuation(12);
+        }
+        *out++ = continuation(6);
+    }
+    *out++ = continuation(0);
+    return out;
+}
+
+void XmlWriter::writeText(QStringView text)
+{
+    constexpr qsizetype chunk = 16 * 1024;
+    constexpr qsizetype longestUnit = 5; // "&amp;"
+    const char16_t *at = text.utf16();
+    const char16_t *const end = at + text.size();
+    while (at != end && !g_isRefused) {
+        const char16_t *const stop = at + std::min<qsizetype>(chunk, end - at);
+        char *out = room((chunk + 1) * longestUnit);
+        while (at < stop) {
+            const char16_t unit = *at++;
+            if (isPlain(unit)) {
+                *out++ = static_cast<char>(unit);
+                continue;
+            }
+            char32_t character = unit;
+            if (QChar::isHighSurrogate(unit) && at != end && QChar::isLowSurrogate(*at))
+                character = QChar::surrogateToUcs4(unit, *at++);
+            else if (QChar::isSurrogate(unit))
+                character = QChar::ReplacementCharacter;
+            out = putCharacter(character, out);
+        }
+        g_at = out;
+    }
+}
+
+// The indentation stands already.
+void XmlWriter::writeUid(Uid uid, int level)
+{
+    put("<dict>\n");
+    putIndentation(level + 1);
+    put("<key>CF$UID</key>\n");
+    putIndentation(level + 1);
+    putElement("integer", QByteArray::number(uid.index));
+    putIndentation(level);
+    put("</dict>\n");
+}
+
+} // namespace
+
+bool writeXml(const Value &root, const Sink &sink)
+{
+    return XmlWriter(sink).write(root);
+}
+
+QByteArray toXml(const Value &root)
+{
+    QByteArray bytes;
+    writeXml(root, [&bytes](QByteArrayView piece) {
+        bytes.append(piece);
+        return true;
+    });
+    return bytes;
+}
+
+} // namespace tavrin::plist
