@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+
+class QMenu;
+class QMenuBar;
+
+namespace tavrin {
+
+class MainController;
+struct DatafilesMenuItem;
+
+/// The menus that every window shows: opening datafiles, the Datafiles menu, windows, help, quitting.
+class ApplicationMenus : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The controller outlives the menus.
+    explicit ApplicationMenus(MainController &controller) : g_controller(controller) {}
+
+    void addOpeningItems(QMenu &file);
+    void addQuitItem(QMenu &file);
+    void addDatafilesMenu(QMenuBar &bar);
+    void addWindowMenu(QMenuBar &bar);
+    void addHelpMenu(QMenuBar &bar);
+
+private:
+    void fillRecentMenu(QMenu &menu);
+    void fillDatafilesMenu(QMenu &menu);
+    void addDatafiles(QMenu &menu, const QList<DatafilesMenuItem> &items);
+    void fillWindowMenu(QMenu &menu);
+    void showAbout();
+
+    MainController &g_controller;
+};
+
+} // namespace tavrin

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/ApplicationWindows.h"
+
+#include "app/MainController.h"
+#include "ui/ApplicationMenus.h"
+#include "ui/EditorWindow.h"
+#include "ui/StartWindow.h"
+
+#include <QApplication>
+
+namespace tavrin {
+
+ApplicationWindows::ApplicationWindows(Preferences &preferences)
+    : g_preferences(preferences)
+    , g_sheets([this]() -> QWidget * {
+        if (g_startWindow && g_startWindow->isVisible())
+            return g_startWindow.get();
+        return QApplication::activeWindow();
+    })
+{}
+
+ApplicationWindows::~ApplicationWindows() = default;
+
+void ApplicationWindows::setController(MainController &controller)
+{
+    g_controller = &controller;
+    g_menus = std::make_unique<ApplicationMenus>(controller);
+    connect(&controller, &MainController::openDatafilesChanged, this, &ApplicationWindows::updateStartWindow);
+}
+
+std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument &document,
+                                                               const QString &firstRecord)
+{
+    auto window = std::make_unique<EditorWindow>(document, g_preferences, *g_menus, firstRecord);
+    connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
+    window->show();
+    return window;
+}
+
+void ApplicationWindows::updateStartWindow()
+{
+    if (!g_controller->isFullyStarted())
+        return;
+    if (g_controller->openDatafileCount() > 0) {
+        if (g_startWindow)
+            g_startWindow->hide();
+        return;
+    }
+    if (!g_startWindow)
+        g_startWindow = std::make_unique<StartWindow>(*g_controller, *g_menus);
+    g_startWindow->show();
+}
+
+void ApplicationWindows::bringToFront()
+{
+    const QList<DatafileDocument *> documents = g_controller->documents();
+    if (!documents.isEmpty()) {
+        if (DatafileWindow *window = g_controller->windowOf(*documents.first()))
+            window->bringToFront();
+    } else if (g_startWindow) {
+        g_startWindow->raise();
+        g_startWindow->activateWindow();
+    }
+}
+
+} // namespace tavrin

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/DatafileWindow.h"
+#include "ui/WidgetSheetHost.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace tavrin {
+
+class ApplicationMenus;
+class MainController;
+class Preferences;
+class StartWindow;
+
+/// Makes the editor windows, and keeps the start window on screen while there are none.
+class ApplicationWindows : public QObject, public DatafileWindowFactory
+{
+    Q_OBJECT
+
+public:
+    explicit ApplicationWindows(Preferences &preferences);
+    ~ApplicationWindows() override;
+
+    /// The controller was made with this factory; called once, before it starts.
+    void setController(MainController &controller);
+
+    /// Where questions go that belong to no datafile.
+    SheetHost &sheets() { return g_sheets; }
+
+    std::unique_ptr<DatafileWindow> makeWindow(DatafileDocument &document,
+                                               const QString &firstRecord) override;
+
+    /// Shows the start window when no datafile is open, and hides it when one is.
+    void updateStartWindow();
+
+    /// Brings what is on screen to the front: another start asked for attention.
+    void bringToFront();
+
+private:
+    Preferences &g_preferences;
+    MainController *g_controller = nullptr;
+    WidgetSheetHost g_sheets;
+    std::unique_ptr<ApplicationMenus> g_menus;
+    std::unique_ptr<StartWindow> g_startWindow;
+};
+
+} // namespace tavrin

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace tavrin {
+
+class EditorTableController;
+
+/// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
+/// puts the old value back.
+class CellDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    CellDelegate(EditorTableController &controller, QObject *parent);
+
+    QWidget *createEditor(QWidget *parent,
+                          const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+Q_SIGNALS:
+    void textEdited() const;
+    /// The editing ended with Return, Tab (forward) or Backtab.
+    void moved(bool forward, bool byReturn);
+
+private:
+    void commitAndMove(QWidget *editor, bool forward, bool byReturn);
+
+    EditorTableController &g_controller;
+};
+
+} // namespace tavrin

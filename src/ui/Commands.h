@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QKeySequence>
+#include <QString>
+
+#include <span>
+
+namespace tavrin {
+
+class EditorWindowController;
+
+/// One command of an editor window: where it stands, how it is called, what it does.
+///
+/// The menus, the toolbar and the shortcuts are built from the one table of commands, so that a command is
+/// called, enabled and run the same way from everywhere.
+struct Command
+{
+    const char *selector; ///< As validateAction() knows it.
+    const char *text;     ///< Menu text with its mnemonic; translated in the context "Commands".
+    const char *shortcut; ///< Portable key text, several separated by ";"; empty for none.
+    const char *icon;     ///< Image name; empty for none.
+    void (EditorWindowController::*run)();
+};
+
+/// A menu's commands in order; a command without a selector is a separator.
+std::span<const Command> fileCommands();
+std::span<const Command> recordCommands();
+
+/// Every command of an editor window by its selector; null for an unknown one.
+const Command *commandForSelector(const QString &selector);
+
+} // namespace tavrin

@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/EditorWindow.h"
+
+#include "document/DatafileDocument.h"
+#include "editor/EditorTableController.h"
+#include "ui/DatafileDrop.h"
+#include "ui/FormattedTextBanner.h"
+#include "ui/FreeformTextEdit.h"
+#include "ui/RecordTableView.h"
+#include "ui/WindowFrame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace tavrin {
+
+EditorWindow::EditorWindow(DatafileDocument &document,
+                           const Preferences &preferences,
+                           ApplicationMenus &menus,
+                           const QString &firstRecord)
+    : g_sheets([this] { return this; })
+    , g_controller(document, g_sheets, preferences)
+{
+    setAcceptDrops(true);
+    resize(860, 620);
+    buildTables();
+    buildTextArea();
+    setCentralWidget(g_splitter);
+    buildMenus(menus);
+    buildToolbar();
+    buildStatusBar();
+    followController();
+
+    g_controller.attachView(*this);
+    g_controller.prepare(firstRecord);
+    updateMode();
+    updateRecord();
+    updateStatus();
+    updateTitle();
+    updateOperations();
+}
+
+EditorWindow::~EditorWindow() = default;
+
+void EditorWindow::bringToFront()
+{
+    if (isMinimized())
+        showNormal();
+    show();
+    raise();
+    activateWindow();
+}
+
+void EditorWindow::followController()
+{
+    EditorWindowController &controller = g_controller;
+    connect(&controller, &EditorWindowController::recordLoaded, this, &EditorWindow::updateRecord);
+    connect(&controller, &EditorWindowController::statusChanged, this, &EditorWindow::updateStatus);
+    connect(&controller, &EditorWindowController::modeChanged, this, &EditorWindow::updateMode);
+    connect(&controller, &EditorWindowController::titleChanged, this, &EditorWindow::updateTitle);
+    connect(&controller, &EditorWindowController::operationsChanged, this, &EditorWindow::updateOperations);
+    connect(&controller, &EditorWindowController::statusMessage, this, [this](const QString &message) {
+        constexpr int shownMilliseconds = 6000;
+        statusBar()->showMessage(message, shownMilliseconds);
+    });
+    connect(&controller, &EditorWindowController::closeAllowed, this, [this] { g_closing = true; });
+}
+
+void EditorWindow::updateMode()
+{
+    const bool basic = g_controller.isBasicView();
+    g_tables->setCurrentWidget(basic ? g_basicTable : g_listTable);
+    g_basicViewAction->setChecked(basic);
+    g_listViewAction->setChecked(!basic);
+    if (!basic)
+        applyColumnWidths();
+}
+
+void EditorWindow::updateRecord()
+{
+    g_banner->setVisible(g_controller.isFreeformTextFormatted());
+    updateOperations();
+    updateStatus();
+}
+
+void EditorWindow::updateStatus()
+{
+    g_recordNumberButton->setText(g_controller.recordNumberText());
+    g_selectionButton->setText(g_controller.selectionText());
+    g_recordLocked->setVisible(g_controller.currentRecordLocked());
+    g_readOnlyMark->setVisible(g_controller.document().openedReadOnly());
+}
+
+void EditorWindow::updateTitle()
+{
+    setWindowTitle(g_controller.windowTitle() + u"[*]"_s);
+    setWindowFilePath(g_controller.document().filePath());
+    setWindowModified(g_controller.document().isModified());
+    g_textTitle->setText(g_controller.textName());
+    g_text->setFont(g_controller.textFont());
+    g_text->setPaperColor(g_controller.freeformBackgroundColor());
+    updateStatus();
+}
+
+// What the controller asks of the widgets.
+
+QString EditorWindow::freeformText() const
+{
+    return g_text->plainCharacters();
+}
+
+void EditorWindow::setFreeformText(const QString &text)
+{
+    g_text->setPlainCharacters(text);
+}
+
+bool EditorWindow::isFreeformTextModified() const
+{
+    return g_text->document()->isModified();
+}
+
+void EditorWindow::clearFreeformTextModified()
+{
+    g_text->document()->setModified(false);
+}
+
+void EditorWindow::setFreeformTextEditable(bool editable)
+{
+    g_text->setReadOnly(!editable);
+    // A text that is only read can still be walked through and copied from by keyboard.
+    if (!editable)
+        g_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+RecordTableView &EditorWindow::visibleTable() const
+{
+    return g_tables->currentWidget() == g_basicTable ? *g_basicTable : *g_listTable;
+}
+
+bool EditorWindow::isTableEditing() const
+{
+    return visibleTable().isEditing();
+}
+
+void EditorWindow::endTableEditing()
+{
+    g_basicTable->endEditing();
+    g_listTable->endEditing();
+}
+
+void EditorWindow::selectTableRow(int row)
+{
+    RecordTableView &table = visibleTable();
+    const int column = qMax(0, table.currentIndex().column());
+    const QModelIndex index = table.model()->index(row, column);
+    // The selection follows the record here; it must not be taken for the person's choice.
+    const QSignalBlocker blocked(table.selectionModel());
+    table.setCurrentIndex(index);
+    if (index.isValid())
+        table.scrollTo(index);
+    table.viewport()->update();
+}
+
+void EditorWindow::editTableCell(int row, int column)
+{
+    visibleTable().editCell(row, column);
+}
+
+EditorFocus EditorWindow::focus() const
+{
+    const QWidget *widget = focusWidget();
+    if (widget == g_text)
+        return EditorFocus::FreeformText;
+    if (widget && (widget == g_tables || g_tables->isAncestorOf(widget)))
+        return EditorFocus::Table;
+    return EditorFocus::Elsewhere;
+}
+
+void EditorWindow::setFocus(EditorFocus focus)
+{
+    if (focus == EditorFocus::FreeformText)
+        g_text->setFocus();
+    else
+        visibleTable().setFocus();
+}
+
+QString EditorWindow::frame() const
+{
+    return frameString(geometry(), screen()->availableGeometry());
+}
+
+void EditorWindow::setFrame(const QString &frame)
+{
+    const QRect available = screen()->availableGeometry();
+    if (const auto wanted = frameFromString(frame, available))
+        setGeometry(fittedFrame(*wanted, available));
+}
+
+double EditorWindow::splitHeight() const
+{
+    return g_splitter->sizes().value(0);
+}
+
+void EditorWindow::setSplitHeight(double height)
+{
+    constexpr int smallest = 21;
+    const int whole = qMax(g_splitter->height(), 2 * smallest);
+    // Until somebody moved it: just enough for the fields, at most half of the window.
+    const int wanted = height < 0 ? qMin(g_basicTable->verticalHeader()->length() + 2 * smallest, whole / 2)
+                                  : qRound(height);
+    const int top = qBound(smallest, wanted, whole - smallest);
+    g_splitter->setSizes({top, whole - top});
+}
+
+// Events.
+
+void EditorWindow::closeEvent(QCloseEvent *event)
+{
+    if (g_closing) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    g_controller.requestClose();
+}
+
+void EditorWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        g_controller.windowDidBecomeMain();
+}
+
+void EditorWindow::moveEvent(QMoveEvent *event)
+{
+    QMainWindow::moveEvent(event);
+    if (isVisible())
+        g_controller.viewGeometryDidChange();
+}
+
+void EditorWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (isVisible())
+        g_controller.viewGeometryDidChange();
+}
+
+void EditorWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedDatafiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void EditorWindow::dropEvent(QDropEvent *event)
+{
+    Q_EMIT datafilesDropped(droppedDatafiles(*event->mimeData()));
+}
+
+} // namespace tavrin

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/DatafileWindow.h"
+#include "editor/EditorView.h"
+#include "editor/EditorWindowController.h"
+#include "ui/WidgetSheetHost.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+class QSplitter;
+class QStackedWidget;
+class QToolButton;
+
+namespace tavrin {
+
+class ApplicationMenus;
+class CellDelegate;
+class FormattedTextBanner;
+class FreeformTextEdit;
+class RecordTableView;
+
+/// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
+class EditorWindow : public QMainWindow, public DatafileWindow, public EditorView
+{
+    Q_OBJECT
+
+public:
+    /// The document, the preferences and the menus outlive the window. prepare() of the controller has run
+    /// when the constructor returns.
+    EditorWindow(DatafileDocument &document,
+                 const Preferences &preferences,
+                 ApplicationMenus &menus,
+                 const QString &firstRecord);
+    ~EditorWindow() override;
+
+    // DatafileWindow
+    EditorWindowController &controller() override { return g_controller; }
+    void bringToFront() override;
+
+    // EditorView
+    QString freeformText() const override;
+    void setFreeformText(const QString &text) override;
+    bool isFreeformTextModified() const override;
+    void clearFreeformTextModified() override;
+    void setFreeformTextEditable(bool editable) override;
+    bool isTableEditing() const override;
+    void endTableEditing() override;
+    void selectTableRow(int row) override;
+    void editTableCell(int row, int column) override;
+    EditorFocus focus() const override;
+    void setFocus(EditorFocus focus) override;
+    QString frame() const override;
+    void setFrame(const QString &frame) override;
+    double splitHeight() const override;
+    void setSplitHeight(double height) override;
+
+Q_SIGNALS:
+    void datafilesDropped(const QStringList &paths);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void buildTables();
+    void buildTextArea();
+    void buildMenus(ApplicationMenus &menus);
+    void buildEditMenu();
+    void buildViewMenu();
+    void buildToolbar();
+    void buildStatusBar();
+    void followController();
+    QAction *actionFor(const QString &selector);
+    RecordTableView &visibleTable() const;
+    void moveInBasicView(bool forward);
+    void moveInListView(bool forward, bool byReturn);
+    void applyColumnWidths();
+    void updateMode();
+    void updateRecord();
+    void updateStatus();
+    void updateTitle();
+    void updateOperations();
+
+    WidgetSheetHost g_sheets;
+    EditorWindowController g_controller;
+    QHash<QString, QAction *> g_actions;
+    QStackedWidget *g_tables = nullptr;
+    RecordTableView *g_basicTable = nullptr;
+    RecordTableView *g_listTable = nullptr;
+    QSplitter *g_splitter = nullptr;
+    QLabel *g_textTitle = nullptr;
+    FormattedTextBanner *g_banner = nullptr;
+    FreeformTextEdit *g_text = nullptr;
+    QToolButton *g_recordNumberButton = nullptr;
+    QToolButton *g_selectionButton = nullptr;
+    QLabel *g_recordLocked = nullptr;
+    QLabel *g_readOnlyMark = nullptr;
+    QAction *g_basicViewAction = nullptr;
+    QAction *g_listViewAction = nullptr;
+    bool g_closing = false;
+    bool g_applyingWidths = false;
+};
+
+} // namespace tavrin

@@ -1,0 +1,290 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// How an editor window is put together: its tables, text area, menus, toolbar and status bar.
+
+#include "editor/BasicTableModel.h"
+#include "editor/EditorTableController.h"
+#include "editor/ListTableModel.h"
+#include "ui/ApplicationMenus.h"
+#include "ui/CellDelegate.h"
+#include "ui/Commands.h"
+#include "ui/EditorWindow.h"
+#include "ui/FormattedTextBanner.h"
+#include "ui/FreeformTextEdit.h"
+#include "ui/Icons.h"
+#include "ui/RecordTableView.h"
+
+#include <QActionGroup>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace tavrin {
+
+void EditorWindow::buildTables()
+{
+    EditorTableController &tables = g_controller.tableController();
+    g_tables = new QStackedWidget(this);
+
+    g_basicTable = new RecordTableView(g_tables);
+    g_basicTable->setObjectName(u"basicTableView"_s);
+    g_basicTable->setAccessibleName(tr("Fields of the record"));
+    g_basicTable->setModel(&tables.basicTableModel());
+    g_basicTable->horizontalHeader()->hide();
+    g_basicTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    g_basicTable->horizontalHeader()->setStretchLastSection(true);
+    auto *basicDelegate = new CellDelegate(tables, g_basicTable);
+    g_basicTable->setItemDelegate(basicDelegate);
+    connect(basicDelegate, &CellDelegate::moved, this, [this](bool forward) { moveInBasicView(forward); });
+    // A click on a field's name edits its value.
+    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, [this](const QModelIndex &index) {
+        g_basicTable->editCell(index.row(), BasicTableModel::ValueColumn);
+    });
+    connect(g_basicTable->selectionModel(),
+            &QItemSelectionModel::currentRowChanged,
+            this,
+            [&tables](const QModelIndex &current) { tables.setCurrentField(current.row()); });
+
+    g_listTable = new RecordTableView(g_tables);
+    g_listTable->setObjectName(u"listTableView"_s);
+    g_listTable->setAccessibleName(tr("Selected records"));
+    g_listTable->setModel(&tables.listTableModel());
+    g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    auto *listDelegate = new CellDelegate(tables, g_listTable);
+    g_listTable->setItemDelegate(listDelegate);
+    connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
+    connect(g_listTable, &RecordTableView::uneditableCellClicked, this, [this] { g_text->setFocus(); });
+    connect(g_listTable->selectionModel(),
+            &QItemSelectionModel::currentChanged,
+            this,
+            [&tables](const QModelIndex &current, const QModelIndex &previous) {
+                tables.setCurrentField(current.column());
+                if (current.isValid() && current.row() != previous.row())
+                    tables.listRowSelected(current.row());
+            });
+    connect(g_listTable->horizontalHeader(),
+            &QHeaderView::sectionResized,
+            this,
+            [this, &tables](int column, int, int width) {
+                if (!g_applyingWidths)
+                    tables.columnDidResize(column, width);
+            });
+    connect(
+        &tables.listTableModel(), &QAbstractItemModel::modelReset, this, &EditorWindow::applyColumnWidths);
+
+    for (const CellDelegate *delegate : {basicDelegate, listDelegate})
+        connect(
+            delegate, &CellDelegate::textEdited, &g_controller, &EditorWindowController::cellTextDidChange);
+    g_tables->addWidget(g_basicTable);
+    g_tables->addWidget(g_listTable);
+}
+
+void EditorWindow::applyColumnWidths()
+{
+    EditorTableController &tables = g_controller.tableController();
+    g_applyingWidths = true;
+    const int height = qRound(tables.listViewRowHeight()) + 4;
+    for (RecordTableView *table : {g_basicTable, g_listTable})
+        table->verticalHeader()->setDefaultSectionSize(height);
+    for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
+        g_listTable->setColumnWidth(column, qRound(tables.columnWidth(column)));
+    g_applyingWidths = false;
+}
+
+void EditorWindow::buildTextArea()
+{
+    auto *area = new QWidget(this);
+    auto *layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    g_textTitle = new QLabel(area);
+    g_textTitle->setContentsMargins(8, 4, 8, 4);
+    g_textTitle->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(g_textTitle);
+    g_banner = new FormattedTextBanner(area);
+    g_banner->hide();
+    layout->addWidget(g_banner);
+    g_text = new FreeformTextEdit(area);
+    g_text->setObjectName(u"freeformTextView"_s);
+    g_textTitle->setBuddy(g_text);
+    layout->addWidget(g_text, 1);
+    connect(g_text, &FreeformTextEdit::edited, &g_controller, &EditorWindowController::textDidChange);
+    connect(g_banner,
+            &FormattedTextBanner::editAsPlainRequested,
+            &g_controller,
+            &EditorWindowController::editFreeformTextAsPlain);
+
+    constexpr int smallestPane = 21;
+    g_splitter = new QSplitter(Qt::Vertical, this);
+    g_splitter->setChildrenCollapsible(false);
+    g_tables->setMinimumHeight(smallestPane);
+    area->setMinimumHeight(smallestPane);
+    g_splitter->addWidget(g_tables);
+    g_splitter->addWidget(area);
+    g_splitter->setStretchFactor(0, 0);
+    g_splitter->setStretchFactor(1, 1);
+    connect(
+        g_splitter, &QSplitter::splitterMoved, &g_controller, &EditorWindowController::viewGeometryDidChange);
+}
+
+QAction *EditorWindow::actionFor(const QString &selector)
+{
+    if (QAction *made = g_actions.value(selector))
+        return made;
+    const Command *command = commandForSelector(selector);
+    auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
+    action->setObjectName(selector);
+    action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
+    if (*command->icon)
+        action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
+    connect(action, &QAction::triggered, &g_controller, command->run);
+    g_actions.insert(selector, action);
+    return action;
+}
+
+void EditorWindow::buildMenus(ApplicationMenus &menus)
+{
+    const auto addAll = [this](QMenu *menu, std::span<const Command> commands) {
+        for (const Command &command : commands) {
+            if (*command.selector)
+                menu->addAction(actionFor(QString::fromLatin1(command.selector)));
+            else
+                menu->addSeparator();
+        }
+    };
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    menus.addOpeningItems(*file);
+    file->addSeparator();
+    QAction *close = file->addAction(tr("&Close"), this, &QWidget::close);
+    close->setShortcut(Qt::CTRL | Qt::Key_W);
+    addAll(file, fileCommands());
+    file->addSeparator();
+    menus.addQuitItem(*file);
+
+    buildEditMenu();
+    buildViewMenu();
+    addAll(menuBar()->addMenu(tr("&Record")), recordCommands());
+    menus.addDatafilesMenu(*menuBar());
+    menus.addWindowMenu(*menuBar());
+    menus.addHelpMenu(*menuBar());
+}
+
+void EditorWindow::buildViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    auto *group = new QActionGroup(this);
+    const auto add = [&](const QString &text, const QString &image, Qt::Key key, const QString &mode) {
+        QAction *action = menu->addAction(imageNamed(image), text);
+        action->setCheckable(true);
+        action->setShortcut(Qt::CTRL | key);
+        group->addAction(action);
+        connect(action, &QAction::triggered, &g_controller, [this, mode] { g_controller.setMode(mode); });
+        return action;
+    };
+    g_basicViewAction = add(tr("&Basic View"), u"TB_C_basicView"_s, Qt::Key_1, u"Basic"_s);
+    g_listViewAction = add(tr("&List View"), u"TB_C_listView"_s, Qt::Key_2, u"List"_s);
+}
+
+void EditorWindow::buildToolbar()
+{
+    QToolBar *toolbar = addToolBar(tr("Toolbar"));
+    toolbar->setObjectName(u"toolbar"_s);
+    toolbar->setMovable(false);
+    toolbar->setIconSize(QSize(22, 22));
+    const auto add = [&](const char *selector, const QString &label) {
+        QAction *action = actionFor(QString::fromLatin1(selector));
+        action->setIconText(label);
+        action->setToolTip(u"%1 (%2)"_s.arg(label, action->shortcut().toString(QKeySequence::NativeText)));
+        toolbar->addAction(action);
+    };
+    add("addRecord:", tr("New Record"));
+    add("deleteRecord:", tr("Delete Record"));
+    toolbar->addSeparator();
+    add("goToFirstRecord:", tr("First Record"));
+    add("goToPreviousRecord:", tr("Previous Record"));
+    add("goToNextRecord:", tr("Next Record"));
+    add("goToLastRecord:", tr("Last Record"));
+    toolbar->addSeparator();
+    add("goBackOneRecord:", tr("Back"));
+    add("goForwardOneRecord:", tr("Forward"));
+    auto *space = new QWidget(toolbar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    toolbar->addWidget(space);
+    toolbar->addAction(g_basicViewAction);
+    toolbar->addAction(g_listViewAction);
+    for (QAction *action : {g_basicViewAction, g_listViewAction}) {
+        if (auto *button = qobject_cast<QToolButton *>(toolbar->widgetForAction(action)))
+            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    }
+}
+
+void EditorWindow::buildStatusBar()
+{
+    const auto makeButton = [this](const QString &name, const QString &toolTip) {
+        auto *button = new QToolButton(this);
+        button->setAutoRaise(true);
+        button->setAccessibleName(name);
+        button->setToolTip(toolTip);
+        button->setPopupMode(QToolButton::InstantPopup);
+        auto *menu = new QMenu(button);
+        button->setMenu(menu);
+        statusBar()->addPermanentWidget(button);
+        return button;
+    };
+    g_recordLocked = new QLabel(this);
+    g_recordLocked->setPixmap(imageNamed(u"TB_C_recordlocked"_s).pixmap(16, 16));
+    g_recordLocked->setToolTip(tr("This record is locked"));
+    statusBar()->addPermanentWidget(g_recordLocked);
+    g_readOnlyMark = new QLabel(tr("Read-only"), this);
+    g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
+    statusBar()->addPermanentWidget(g_readOnlyMark);
+
+    g_recordNumberButton = makeButton(tr("Record number"), tr("The number of the record shown"));
+    for (const char *selector : {"goToFirstRecord:",
+                                 "goToPreviousRecord:",
+                                 "goToNextRecord:",
+                                 "goToLastRecord:",
+                                 "goToRecordNumber:"})
+        g_recordNumberButton->menu()->addAction(actionFor(QString::fromLatin1(selector)));
+    g_selectionButton = makeButton(tr("Selection"), tr("How many of the records are selected"));
+    g_selectionButton->menu()->addActions({g_basicViewAction, g_listViewAction});
+}
+
+void EditorWindow::moveInBasicView(bool forward)
+{
+    EditorTableController &tables = g_controller.tableController();
+    g_basicTable->editCell(tables.fieldAfter(tables.currentField(), forward), BasicTableModel::ValueColumn);
+}
+
+void EditorWindow::moveInListView(bool forward, bool byReturn)
+{
+    const int columns =
+        static_cast<int>(g_controller.tableController().listTableModel().shownFields().size());
+    const QModelIndex index = g_listTable->currentIndex();
+    if (byReturn || columns == 0) {
+        g_listTable->setFocus();
+        return;
+    }
+    const int next = (index.column() + (forward ? 1 : columns - 1)) % columns;
+    g_listTable->editCell(index.row(), next);
+}
+
+void EditorWindow::updateOperations()
+{
+    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action)
+        action.value()->setEnabled(g_controller.validateAction(action.key()));
+    const bool canSwitch = g_controller.validateAction(u"switchView:"_s);
+    g_basicViewAction->setEnabled(canSwitch);
+    g_listViewAction->setEnabled(canSwitch);
+}
+
+} // namespace tavrin

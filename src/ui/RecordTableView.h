@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QTableView>
+
+namespace tavrin {
+
+/// The common behaviour of the two tables: whole rows, one at a time; a cell is edited where it is clicked
+/// or when a key is typed on it.
+class RecordTableView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit RecordTableView(QWidget *parent = nullptr);
+
+    bool isEditing() const { return state() == QAbstractItemView::EditingState; }
+
+    /// Commits the cell being edited.
+    void endEditing();
+
+    /// Starts editing a cell with its text selected; does nothing for one that may not be edited.
+    void editCell(int row, int column);
+
+Q_SIGNALS:
+    /// The person clicked a cell that cannot be edited.
+    void uneditableCellClicked(const QModelIndex &index);
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+};
+
+} // namespace tavrin

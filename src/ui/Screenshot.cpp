@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/Screenshot.h"
+
+#include "app/MainController.h"
+#include "document/DatafileDocument.h"
+#include "model/Preferences.h"
+#include "ui/ApplicationMenus.h"
+#include "ui/CommandLine.h"
+#include "ui/EditorWindow.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace tavrin {
+
+namespace {
+
+int fail(const Error &error)
+{
+    std::fprintf(stderr, "tavrin: %s (%s)\n", qPrintable(error.message), qPrintable(error.detail));
+    return 1;
+}
+
+/// Makes no windows: a picture is of one window that belongs to nobody.
+class NoWindows : public DatafileWindowFactory
+{
+public:
+    std::unique_ptr<DatafileWindow> makeWindow(DatafileDocument & /*document*/,
+                                               const QString & /*record*/) override
+    {
+        return nullptr;
+    }
+};
+
+} // namespace
+
+int takeScreenshot(const CommandLine &line)
+{
+    Preferences preferences{QString()};
+    preferences.registerDefaults(registeredDefaults());
+    const Environment environment = Environment::system();
+    auto document = DatafileDocument::open(
+        {environment, &preferences}, line.datafiles.front(), SelectionOnOpening::AsStored);
+    if (!document)
+        return fail(document.error());
+    // A picture changes nothing: neither the file nor a lock beside it.
+    (*document)->keepCatalog();
+    (*document)->datafileSettings().setNetworkShared(false);
+    (*document)->datafileSettings().setReadOnlyWarning(false);
+
+    NoWindows factory;
+    WidgetSheetHost sheets([] { return nullptr; });
+    MainController controller(preferences, environment, factory, sheets);
+    ApplicationMenus menus(controller);
+    EditorWindow window(**document, preferences, menus, {});
+    if (!line.view.isEmpty() && window.controller().mode() != line.view)
+        window.controller().setMode(line.view);
+    if (line.size)
+        window.resize(*line.size);
+    window.show();
+
+    // Two turns of the event loop: the first lays out, the second draws.
+    int code = 0;
+    constexpr int settledMilliseconds = 400;
+    QTimer::singleShot(settledMilliseconds, &window, [&] {
+        if (!window.grab().save(line.screenshotPath)) {
+            std::fprintf(stderr, "tavrin: the picture could not be written\n");
+            code = 1;
+        }
+        QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
+    return code;
+}
+
+} // namespace tavrin

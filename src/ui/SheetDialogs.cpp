@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/SheetDialogs.h"
+
+#include "app/NewDatafileSheetController.h"
+#include "base/InternalInconsistency.h"
+#include "editor/AlertSheetController.h"
+#include "editor/EnterPasswordSheetController.h"
+#include "editor/FileSheetController.h"
+#include "editor/GotoRecordSheetController.h"
+#include "ui/NewDatafileDialog.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QIntValidator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tavrin {
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("SheetDialogs", text);
+}
+
+QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
+{
+    auto *box = new QMessageBox(parent);
+    box->setText(sheet.messageText());
+    box->setInformativeText(sheet.informativeText());
+    box->setIcon(sheet.buttons().size() > 1 ? QMessageBox::Question : QMessageBox::Information);
+    // By the button that was hit, not by its role: the desktop orders and the sheet numbers them.
+    for (qsizetype i = 0; i < sheet.buttons().size(); ++i) {
+        QMessageBox::ButtonRole role = i == 0 ? QMessageBox::AcceptRole : QMessageBox::ActionRole;
+        if (i == sheet.destructiveButton())
+            role = QMessageBox::DestructiveRole;
+        else if (i != 0 && i == sheet.cancelButton())
+            role = QMessageBox::RejectRole;
+        QPushButton *button = box->addButton(sheet.buttons().at(i), role);
+        if (i == 0)
+            box->setDefaultButton(button);
+        if (i == sheet.cancelButton())
+            box->setEscapeButton(button);
+        QObject::connect(button, &QPushButton::clicked, &sheet, [&sheet, i] {
+            sheet.finish(QVSheetController::FirstButton + static_cast<int>(i));
+        });
+    }
+    return box;
+}
+
+QDialog *makeFilePanel(FileSheetController &sheet, QWidget *parent)
+{
+    const FileSheetController::Request &request = sheet.request();
+    using Purpose = FileSheetController::Purpose;
+    auto *panel = new QFileDialog(parent, request.title, request.folder);
+    switch (request.purpose) {
+    case Purpose::OpenFiles:
+        panel->setFileMode(QFileDialog::ExistingFiles);
+        break;
+    case Purpose::OpenFolder:
+        panel->setFileMode(QFileDialog::Directory);
+        panel->setOption(QFileDialog::ShowDirsOnly);
+        break;
+    case Purpose::SaveFile:
+        panel->setAcceptMode(QFileDialog::AcceptSave);
+        panel->setFileMode(QFileDialog::AnyFile);
+        panel->setDefaultSuffix(request.requiredExtension);
+        panel->selectFile(request.suggestedName);
+        break;
+    }
+    panel->setNameFilters(request.nameFilters);
+    if (!request.acceptLabel.isEmpty())
+        panel->setLabelText(QFileDialog::Accept, request.acceptLabel);
+    QObject::connect(panel, &QFileDialog::accepted, &sheet, [&sheet, panel] {
+        sheet.setPaths(panel->selectedFiles());
+        sheet.accept();
+    });
+    return panel;
+}
+
+/// A dialog of one labelled entry with OK and Cancel, the state of OK following the sheet.
+struct EntryDialog
+{
+    QDialog *dialog;
+    QLineEdit *entry;
+    QDialogButtonBox *buttons;
+};
+
+EntryDialog
+makeEntryDialog(QVSheetController &sheet, const QString &title, const QString &label, QWidget *parent)
+{
+    auto *dialog = new QDialog(parent);
+    dialog->setWindowTitle(title);
+    auto *layout = new QFormLayout(dialog);
+    auto *entry = new QLineEdit(dialog);
+    layout->addRow(label, entry);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
+    layout->addRow(buttons);
+    QPushButton *okay = buttons->button(QDialogButtonBox::Ok);
+    okay->setEnabled(sheet.isAcceptable());
+    QObject::connect(&sheet, &QVSheetController::changed, okay, [&sheet, okay] {
+        okay->setEnabled(sheet.isAcceptable());
+    });
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &sheet, &QVSheetController::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    return {dialog, entry, buttons};
+}
+
+QDialog *makeGotoRecord(GotoRecordSheetController &sheet, QWidget *parent)
+{
+    const EntryDialog made = makeEntryDialog(sheet,
+                                             translated("Go to Record Number"),
+                                             translated("Record number (1 to %1):").arg(sheet.maximum()),
+                                             parent);
+    made.entry->setText(sheet.entry());
+    made.entry->selectAll();
+    QObject::connect(made.entry, &QLineEdit::textChanged, &sheet, &GotoRecordSheetController::setEntry);
+    return made.dialog;
+}
+
+QDialog *makePassword(EnterPasswordSheetController &sheet, QWidget *parent)
+{
+    const EntryDialog made =
+        makeEntryDialog(sheet, translated("Datafile Password"), translated("Password:"), parent);
+    made.entry->setEchoMode(QLineEdit::Password);
+    QObject::connect(made.entry, &QLineEdit::textChanged, &sheet, &EnterPasswordSheetController::setEntry);
+    QPushButton *readOnly =
+        made.buttons->addButton(translated("Open Read-Only"), QDialogButtonBox::DestructiveRole);
+    readOnly->setAutoDefault(false);
+    QObject::connect(
+        readOnly, &QPushButton::clicked, &sheet, &EnterPasswordSheetController::openReadOnlyButtonHit);
+    QObject::connect(&sheet, &EnterPasswordSheetController::wrongPassword, made.entry, [entry = made.entry] {
+        QApplication::beep();
+        entry->selectAll();
+        entry->setFocus();
+    });
+    return made.dialog;
+}
+
+} // namespace
+
+QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
+{
+    if (auto *alert = qobject_cast<AlertSheetController *>(&sheet))
+        return makeAlert(*alert, parent);
+    if (auto *file = qobject_cast<FileSheetController *>(&sheet))
+        return makeFilePanel(*file, parent);
+    if (auto *number = qobject_cast<GotoRecordSheetController *>(&sheet))
+        return makeGotoRecord(*number, parent);
+    if (auto *password = qobject_cast<EnterPasswordSheetController *>(&sheet))
+        return makePassword(*password, parent);
+    if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
+        return new NewDatafileDialog(*datafile, parent);
+    throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");
+}
+
+} // namespace tavrin
