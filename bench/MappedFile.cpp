@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "MappedFile.h"
+
+#include <cstring>
+
+namespace tavrin::bench {
+
+MappedFile::MappedFile(const QString &path) : g_file(path)
+{
+    if (!g_file.open(QIODevice::ReadOnly))
+        return;
+    const uchar *mapped = g_file.map(0, g_file.size());
+    if (mapped != nullptr)
+        g_bytes = QByteArrayView(mapped, g_file.size());
+}
+
+quint64 sumOfWords(QByteArrayView bytes)
+{
+    quint64 sum = 0;
+    for (qsizetype place = 0; place + 8 <= bytes.size(); place += 8) {
+        quint64 word = 0;
+        std::memcpy(&word, bytes.data() + place, sizeof word);
+        sum += word;
+    }
+    return sum;
+}
+
+qsizetype countOfMarkup(QByteArrayView bytes)
+{
+    qsizetype count = 0;
+    const char *place = bytes.begin();
+    const auto left = [&] { return static_cast<std::size_t>(bytes.end() - place); };
+    while ((place = static_cast<const char *>(std::memchr(place, '<', left()))) != nullptr) {
+        ++count;
+        ++place;
+    }
+    return count;
+}
+
+} // namespace tavrin::bench
