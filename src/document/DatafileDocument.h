@@ -147,6 +147,8 @@ public:
     plist::Format formatRead() const { return g_formatRead; }
     QString defaultDraftName() const { return g_defaultDraftName; }
     void setDefaultDraftName(const QString &name) { g_defaultDraftName = name; }
+    /// Forgets the file it was read from: from now on a document of that draft name that was never saved.
+    void makeUntitled(const QString &name);
     /// The file's name, or the draft name: what a window's title shows.
     QString displayName() const;
     /// Another program has written the file since we last read or wrote it.

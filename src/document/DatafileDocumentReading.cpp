@@ -100,6 +100,14 @@ Result<> DatafileDocument::revertToContents()
     return {};
 }
 
+void DatafileDocument::makeUntitled(const QString &name)
+{
+    g_filePath.clear();
+    g_stamp = {};
+    g_defaultDraftName = name;
+    Q_EMIT fileChanged();
+}
+
 std::optional<CatalogMismatch> DatafileDocument::catalogMismatch() const
 {
     return g_catalogMismatch;
