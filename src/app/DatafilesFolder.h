@@ -17,7 +17,7 @@ struct DatafilesMenuItem
     QString path; ///< Empty for a folder.
     QList<DatafilesMenuItem> children;
 
-    friend bool operator==(const DatafilesMenuItem &, const DatafilesMenuItem &) = default;
+    friend bool operator==(const DatafilesMenuItem &left, const DatafilesMenuItem &right);
 };
 
 /// The folder in which people keep their datafiles.

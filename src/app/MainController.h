@@ -3,15 +3,18 @@
 
 #pragma once
 
-#include "app/DatafileWindow.h"
 #include "app/DatafilesFolder.h"
-#include "document/DatafileDocument.h"
+#include "app/OpenDatafile.h"
+#include "app/RecentDatafiles.h"
+#include "app/SessionList.h"
 #include "editor/SheetHost.h"
 #include "model/Preferences.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -88,29 +91,50 @@ Q_SIGNALS:
     void terminate();
 
 private:
-    struct OpenDatafile
-    {
-        std::unique_ptr<DatafileDocument> document;
-        std::unique_ptr<DatafileWindow> window;
-    };
+    using DatafileTest = std::function<bool(const DatafileDocument &)>;
 
+    DocumentServices services() const { return {g_environment, &g_preferences}; }
     QString samplePath() const;
-    void showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
+
+    // Questions.
+    void ask(std::unique_ptr<QVSheetController> sheet);
+    void tell(const QString &messageText, const QString &informativeText);
+    void tellNotOpened(const QString &path, const Error &error);
+    void chooseDatafilesFolder();
+
+    // Opening.
+    void openThoseThatExist(const QList<SessionEntry> &datafiles);
     void askToCorrectCatalog(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
-    void remember(const QString &path);
-    void documentWindowClosed(DatafileDocument *document);
+    void showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
+    void followDocument(DatafileDocument &document);
+    void followWindow(DatafileDocument &document, EditorWindowController &controller);
+    void saveCorrectedCatalog(const DatafileDocument &document);
+
+    // Closing and quitting.
+    OpenDatafile *find(const DatafileDocument &document);
+    void removeDatafile(DatafileDocument &document);
+    void documentWindowClosed(DatafileDocument &document);
+    void openInPlaceOf(DatafileDocument &document, const QString &path);
+    void closeAllThat(DatafileTest test);
+    void closeNext();
+    void closeWasRefused(const DatafileDocument &document);
     void confirmQuit();
-    void closeNextForQuitting();
+    void quit();
     void finishQuittingStuff();
 
     Preferences &g_preferences;
     Environment g_environment;
     DatafileWindowFactory &g_windows;
     SheetHost &g_sheets;
+    RecentDatafiles g_recentDatafiles;
     std::unique_ptr<DatafilesFolder> g_datafilesFolder;
     QList<DatafilesMenuItem> g_datafilesMenu;
     std::vector<OpenDatafile> g_open;
+    std::vector<WaitingDatafile> g_waiting;
     QTimer g_menuTimer;
+    DatafileTest g_closing;                  ///< Which datafiles are being closed, one after the other.
+    QPointer<DatafileDocument> g_askedClose; ///< The one of them whose answer is awaited.
+    int g_openQuestions = 0;
     bool g_fullyStarted = false;
     bool g_quitting = false;
     bool g_lastDatafileClosing = false;

@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "app/MainController.h"
+
+#include "app/NewDatafileSheetController.h"
+#include "editor/AlertSheetController.h"
+#include "editor/EditorWindowController.h"
+#include "editor/FileSheetController.h"
+#include "model/StringOperations.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::milliseconds menuDelay{100};
+
+/// The one path of a file, whatever links led to it: so it is opened once, under one lock.
+QString canonicalPath(const QString &path)
+{
+    const QFileInfo info(path);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? info.absoluteFilePath() : canonical;
+}
+
+} // namespace
+
+MainController::MainController(Preferences &preferences,
+                               const Environment &environment,
+                               DatafileWindowFactory &windows,
+                               SheetHost &sheets)
+    : g_preferences(preferences)
+    , g_environment(environment)
+    , g_windows(windows)
+    , g_sheets(sheets)
+    , g_recentDatafiles(preferences)
+    , g_datafilesFolder(std::make_unique<DatafilesFolder>(preferences))
+{
+    g_menuTimer.setSingleShot(true);
+    g_menuTimer.setInterval(menuDelay);
+    connect(&g_menuTimer, &QTimer::timeout, this, &MainController::setupDatafilesMenu);
+    connect(&g_preferences, &Preferences::changed, this, [this](const QString &key) {
+        if (key == RecentDatafiles::key())
+            Q_EMIT recentDatafilesChanged();
+        else if (key == "DatafilesFolderURL"_L1 || key == "DatafilesFolderPath"_L1)
+            g_menuTimer.start();
+    });
+}
+
+MainController::~MainController()
+{
+    for (const OpenDatafile &open : g_open) {
+        open.document->disconnect(this);
+        open.window->controller().disconnect(this);
+    }
+}
+
+// Start-up.
+
+void MainController::finishLaunchingStuff()
+{
+    g_preferences.registerDefaults(registeredDefaults());
+    g_preferences.remove(u"DatafilesFolderBookmark"_s);
+    g_lastDatafileClosing = false;
+    g_quitting = false;
+    if (g_preferences.boolForKey(u"RestorePreviousSession"_s))
+        restorePreviousSession();
+    autoOpenDatafiles();
+    setupDatafilesMenu();
+    g_fullyStarted = true;
+}
+
+void MainController::restorePreviousSession()
+{
+    openThoseThatExist(sessionFromList(g_preferences.arrayForKey(u"PreviousSessionList"_s)));
+}
+
+void MainController::autoOpenDatafiles()
+{
+    const bool alreadyOpen = !g_open.empty() || !g_waiting.empty();
+    if (alreadyOpen && !g_preferences.boolForKey(u"RestorePreviousSession"_s))
+        return;
+    QList<SessionEntry> datafiles;
+    const plist::Array paths = g_preferences.arrayForKey(u"AutoOpenDatafilePaths"_s);
+    for (const plist::Value &value : paths) {
+        if (const QString *path = value.string(); path && !path->isEmpty())
+            datafiles.append({stringByExpandingTildeInPath(*path, QDir::homePath()), {}});
+    }
+    openThoseThatExist(datafiles);
+}
+
+/// Tells of all missing datafiles in one alert: they may be many, on a disk that is not there today.
+void MainController::openThoseThatExist(const QList<SessionEntry> &datafiles)
+{
+    QStringList missing;
+    for (const SessionEntry &datafile : datafiles) {
+        if (QFileInfo::exists(datafile.path))
+            openDatafile(datafile.path, datafile.recordIdentifier);
+        else
+            missing.append(QDir::toNativeSeparators(datafile.path));
+    }
+    if (missing.size() == 1)
+        tell(tr("The document “%1” could not be opened.").arg(lastPathComponent(missing.front())),
+             tr("There is no such file:\n\n%1").arg(missing.front()));
+    else if (!missing.isEmpty())
+        tell(tr("%1 documents could not be opened.").arg(missing.size()),
+             tr("There are no such files:\n\n%1").arg(missing.join(u'\n')));
+}
+
+void MainController::saveCurrentSession()
+{
+    g_preferences.remove(u"PreviousSessionList"_s);
+    QList<SessionEntry> session;
+    for (const OpenDatafile &open : g_open) {
+        if (open.document->filePath().isEmpty())
+            continue;
+        const RecordData *record = open.window->controller().currentRecord();
+        session.append({open.document->filePath(), record ? record->identifier() : QString()});
+    }
+    if (!session.isEmpty())
+        g_preferences.setObject(listFromSession(session), u"PreviousSessionList"_s);
+}
+
+// Opening.
+
+void MainController::openDatafiles(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        openDatafile(path);
+}
+
+void MainController::openDatafile(const QString &path, const QString &firstRecord)
+{
+    const QString canonical = canonicalPath(path);
+    for (const OpenDatafile &open : g_open) {
+        if (canonicalPath(open.document->filePath()) == canonical) {
+            open.window->bringToFront();
+            g_recentDatafiles.remember(canonical);
+            return;
+        }
+    }
+    const bool isAskedAbout = std::any_of(g_waiting.begin(), g_waiting.end(), [&](const auto &waiting) {
+        return canonicalPath(waiting.document->filePath()) == canonical;
+    });
+    if (isAskedAbout)
+        return;
+
+    auto document = DatafileDocument::open(services(), canonical, SelectionOnOpening::AllSelected);
+    if (!document)
+        tellNotOpened(canonical, document.error());
+    else if ((*document)->catalogMismatch())
+        askToCorrectCatalog(std::move(*document), firstRecord);
+    else
+        showDocument(std::move(*document), firstRecord);
+}
+
+void MainController::askToCorrectCatalog(std::unique_ptr<DatafileDocument> document,
+                                         const QString &firstRecord)
+{
+    auto sheet = std::make_unique<AlertSheetController>(
+        document->catalogMismatchMessage(),
+        tr("Tavrin can correct this, but the record order will be changed in the process.\n\nDo you want to "
+           "correct the problem?"),
+        QStringList{tr("Correct the Problem"), tr("Don't Correct")});
+    const DatafileDocument *asked = document.get();
+    g_waiting.push_back({std::move(document), firstRecord});
+    connect(sheet.get(), &QVSheetController::finished, this, [this, asked](int returnCode) {
+        const auto found = std::find_if(g_waiting.begin(), g_waiting.end(), [&](const auto &waiting) {
+            return waiting.document.get() == asked;
+        });
+        WaitingDatafile answered = std::move(*found);
+        g_waiting.erase(found);
+        if (returnCode == QVSheetController::FirstButton)
+            answered.document->correctCatalog();
+        else
+            answered.document->keepCatalog();
+        showDocument(std::move(answered.document), answered.firstRecord);
+    });
+    ask(std::move(sheet));
+}
+
+void MainController::showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord)
+{
+    DatafileDocument &shown = *document;
+    std::unique_ptr<DatafileWindow> window = g_windows.makeWindow(shown, firstRecord);
+    EditorWindowController &controller = window->controller();
+    g_open.push_back({std::move(document), std::move(window), shown.correctedCatalog()});
+    g_lastDatafileClosing = false;
+
+    followDocument(shown);
+    followWindow(shown, controller);
+    saveCorrectedCatalog(shown);
+    shown.datafileSettings().setDatafileSettingsDidChange(false);
+    if (!shown.filePath().isEmpty())
+        g_recentDatafiles.remember(canonicalPath(shown.filePath()));
+    Q_EMIT openDatafilesChanged();
+}
+
+void MainController::followDocument(DatafileDocument &document)
+{
+    connect(&document, &DatafileDocument::fileWritten, &g_menuTimer, qOverload<>(&QTimer::start));
+    connect(&document, &DatafileDocument::fileChanged, this, [this, &document] {
+        if (!document.filePath().isEmpty())
+            g_recentDatafiles.remember(canonicalPath(document.filePath()));
+        Q_EMIT openDatafilesChanged();
+    });
+}
+
+/// The window's signals come from inside a controller that must outlive them, so what removes it is queued.
+void MainController::followWindow(DatafileDocument &document, EditorWindowController &controller)
+{
+    const QPointer<DatafileDocument> followed(&document);
+    connect(
+        &controller,
+        &EditorWindowController::closeAllowed,
+        this,
+        [this, followed] {
+            if (followed)
+                documentWindowClosed(*followed);
+        },
+        Qt::QueuedConnection);
+    connect(
+        &controller,
+        &EditorWindowController::openInPlace,
+        this,
+        [this, followed](const QString &path) {
+            if (followed)
+                openInPlaceOf(*followed, path);
+        },
+        Qt::QueuedConnection);
+    connect(&controller, &EditorWindowController::closeRefused, this, [this, &document] {
+        closeWasRefused(document);
+    });
+    connect(&controller, &EditorWindowController::operationsChanged, this, [this, &document] {
+        saveCorrectedCatalog(document);
+    });
+}
+
+/// At once where the window permits it, else as soon as it does.
+void MainController::saveCorrectedCatalog(const DatafileDocument &document)
+{
+    OpenDatafile *open = find(document);
+    if (!open || !open->hasUnsavedCorrection || !document.correctedCatalog() || document.openedReadOnly()
+        || !open->window->controller().canSaveChanges())
+        return;
+    open->hasUnsavedCorrection = false;
+    if (const Result<> saved = open->document->forceSave(); !saved)
+        tell(tr("The document “%1” could not be saved.").arg(document.displayName()), saved.error().message);
+}
+
+void MainController::openDocument()
+{
+    FileSheetController::Request request;
+    request.purpose = FileSheetController::Purpose::OpenFiles;
+    request.title = tr("Open");
+    request.folder = validatedDirectoryPath(g_datafilesFolder->path());
+    request.nameFilters = {tr("Datafiles (*.tv3 *.tvk)"), tr("All files (*)")};
+    auto sheet = std::make_unique<FileSheetController>(request);
+    connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton)
+            openDatafiles(sheet->paths());
+    });
+    ask(std::move(sheet));
+}
+
+void MainController::newDatafile()
+{
+    auto sheet = std::make_unique<NewDatafileSheetController>();
+    connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
+        if (returnCode != QVSheetController::FirstButton)
+            return;
+        showDocument(DatafileDocument::newDatafile(
+                         services(), sheet->kind(), sheet->fieldNames(), sheet->textName().trimmed()),
+                     {});
+    });
+    ask(std::move(sheet));
+}
+
+QString MainController::samplePath() const
+{
+    // Beside the program, in the repository above a build tree, and where packages install it.
+    static constexpr const char *folders[] = {"../samples", "../../../samples", "../share/tavrin/samples"};
+    for (const char *folder : folders) {
+        const QString path = QCoreApplication::applicationDirPath() + u'/' + QLatin1StringView(folder)
+                             + u"/Address Book.tv3"_s;
+        if (QFileInfo(path).isFile())
+            return QDir::cleanPath(path);
+    }
+    return {};
+}
+
+void MainController::openSample()
+{
+    const QString path = samplePath();
+    if (path.isEmpty())
+        return;
+    auto document = DatafileDocument::open(services(), path, SelectionOnOpening::AllSelected);
+    if (!document) {
+        tellNotOpened(path, document.error());
+        return;
+    }
+    (*document)->makeUntitled(lastPathComponentWithoutExtension(path));
+    showDocument(std::move(*document), {});
+}
+
+// Questions.
+
+void MainController::ask(std::unique_ptr<QVSheetController> sheet)
+{
+    ++g_openQuestions;
+    connect(sheet.get(), &QVSheetController::closed, this, [this] { --g_openQuestions; });
+    g_sheets.begin(std::move(sheet));
+}
+
+void MainController::tell(const QString &messageText, const QString &informativeText)
+{
+    ask(std::make_unique<AlertSheetController>(messageText, informativeText));
+}
+
+void MainController::tellNotOpened(const QString &path, const Error &error)
+{
+    const QString name = lastPathComponent(path);
+    if (error.kind == Error::Kind::TooNew)
+        tell(DatafileDocument::tooNewMessage(name), DatafileDocument::tooNewInformativeText());
+    else
+        tell(tr("The document “%1” could not be opened.").arg(name), error.message);
+}
+
+} // namespace tavrin
