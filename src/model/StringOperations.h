@@ -23,7 +23,7 @@ bool containsString(const QString &text, const QString &part);
 QString
 stringByReplacingAllOccurrencesOf(const QString &part, const QString &replacement, const QString &text);
 /// Until none is left. A replacement that contains the part throws InternalInconsistency.
-void replaceAllOccurrencesOf(const QString &part, const QString &replacement, QString &text);
+void replaceAllOccurrencesOf(QString &text, const QString &part, const QString &replacement);
 
 /// Removes blanks only, no other white space.
 void deleteLeadingSpaces(QString &text, bool leading, bool trailing);

@@ -24,7 +24,7 @@ enum class SelectionOnOpening { AllSelected, AsStored };
 ///
 /// Selected positions count selected records only. The selected list follows every operation but those
 /// that say that they leave it to the caller. Looking up an identifier is constant time, or O(log n) for
-/// its selected position; the first look-up after a change of order inside the catalog is O(n).
+/// its selected position; now and then, after many changes of order, a look-up is O(n).
 /// The records outlive it. A copy is independent, but announces to the same receiver.
 class SubsetSortedData
 {
@@ -65,8 +65,8 @@ public:
     // Changing the selection.
 
     void selectAll();
-    /// Gives every entry the state that the rule says. A selection of nothing is announced and taken back;
-    /// false then.
+    /// Gives every entry the state that the rule says, the rule seeing all of them as they were. A selection
+    /// of nothing is announced and taken back. False when nothing is selected in the end.
     bool selectWhere(const std::function<bool(const CatalogEntry &)> &rule);
     /// Swaps the selection with the one before; a second time swaps back. False when that left nothing.
     bool revertToPrevious();
@@ -97,17 +97,23 @@ private:
     explicit SubsetSortedData(const DatafileRecordsData &records) : g_records(&records) {}
 
     void insertAt(qint64 index, const QString &identifier);
-    void orderChanged();
     void setSelected(const QString &identifier, bool selected, bool rebuild);
+    void removeAt(qint64 index);
     void indexPositions() const;
+    void shifted();
+    void forgetPositions() { g_drift = -1; }
+
+    static constexpr qint64 greatestDrift = 256;
 
     const DatafileRecordsData *g_records;
     SubsetSortCriteriaData g_criteria;
     std::vector<CatalogEntry> g_entries;
     std::vector<qint64> g_selected; ///< Positions in g_entries, ascending.
     std::function<void()> g_selectionWouldBeEmpty;
-    mutable QHash<QString, qint64> g_positions; ///< The first position of each identifier.
-    mutable bool g_positionsValid = false;
+    /// Where each identifier stands, give or take g_drift places.
+    mutable QHash<QString, qint64> g_positions;
+    mutable qint64 g_drift = -1; ///< How many places; -1 when the positions are to be taken anew.
+    mutable bool g_hasDuplicates = false;
 };
 
 } // namespace tavrin
