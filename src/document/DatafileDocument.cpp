@@ -94,6 +94,14 @@ void DatafileDocument::storeText(const QString &recordIdentifier, const QString 
     announce(RecordChanged{recordIdentifier});
 }
 
+void DatafileDocument::storePlainText(const QString &recordIdentifier, const QString &text)
+{
+    RecordData &record = recordToChange(recordIdentifier);
+    record.setTextString(text);
+    record.setTextRTFD({});
+    announce(RecordChanged{recordIdentifier});
+}
+
 void DatafileDocument::markRecordModified(const QString &recordIdentifier)
 {
     recordToChange(recordIdentifier).modified(g_services.environment);

@@ -110,14 +110,14 @@ public:
 
     /// Writes a copy; the document keeps its own file and its unsaved mark. A read-only document may be
     /// copied, but never onto its own file: Refused.
-    Result<> saveCopyAs(const QString &path);
+    Result<> saveCopyAs(const QString &path, plist::Format format = plist::Format::Xml);
 
     /// Rereads the document's file and announces it.
     Result<> revertToContents();
 
     /// Writes changed settings and leaves the records in the file as they are there, also in a read-only
     /// document. Nothing when no setting changed, the window does not permit saving, or there is no file.
-    Result<> updateSettingsOnly();
+    Result<> updateSettingsOnly(plist::Format format = plist::Format::Xml);
 
     /// What the repair question asks about; empty when catalog and records agree, or after an answer.
     std::optional<CatalogMismatch> catalogMismatch() const;
@@ -164,6 +164,8 @@ public:
     void
     storeFieldValue(const QString &recordIdentifier, const QString &fieldIdentifier, const QString &value);
     void storeText(const QString &recordIdentifier, const QString &text);
+    /// As storeText, and empties the rich text: its formatting is lost.
+    void storePlainText(const QString &recordIdentifier, const QString &text);
     /// Stamps the record as modified now by the user.
     void markRecordModified(const QString &recordIdentifier);
 
@@ -212,7 +214,7 @@ private:
     bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;
     Result<> writeContents(const QString &path, plist::Format format);
-    Result<> writeSettingsIntoFile();
+    Result<> writeSettingsIntoFile(plist::Format format);
     Result<> saveNormally();
 
     DocumentServices g_services;

@@ -169,14 +169,14 @@ DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &
     return outcome;
 }
 
-Result<> DatafileDocument::saveCopyAs(const QString &path)
+Result<> DatafileDocument::saveCopyAs(const QString &path, plist::Format format)
 {
     if (isOwnFile(path))
         return refused(tr("A copy cannot replace the datafile itself."), path);
-    return writeContents(path, plist::Format::Xml);
+    return writeContents(path, format);
 }
 
-Result<> DatafileDocument::updateSettingsOnly()
+Result<> DatafileDocument::updateSettingsOnly(plist::Format format)
 {
     if (!canSaveChanges() || !g_settings->datafileSettingsDidChange() || g_filePath.isEmpty())
         return {};
@@ -185,8 +185,9 @@ Result<> DatafileDocument::updateSettingsOnly()
     if (FileStamp::of(g_filePath).size >= 0) {
         // Records that somebody else has written meanwhile are as little ours to replace as unsaved ones are
         // to be saved here.
-        const Result<> written = isModified() || changedOnDisk() ? writeSettingsIntoFile()
-                                                                 : writeToURL(g_filePath, typeNameOf(g_kind));
+        const Result<> written = isModified() || changedOnDisk()
+                                     ? writeSettingsIntoFile(format)
+                                     : writeToURL(g_filePath, typeNameOf(g_kind), format);
         if (!written)
             return written;
     }
@@ -194,7 +195,7 @@ Result<> DatafileDocument::updateSettingsOnly()
     return {};
 }
 
-Result<> DatafileDocument::writeSettingsIntoFile()
+Result<> DatafileDocument::writeSettingsIntoFile(plist::Format format)
 {
     const bool wasChangedOnDisk = changedOnDisk();
     const Result<DatafileContents> onDisk = readDatafileContents(g_filePath, g_services.preferences);
@@ -202,7 +203,7 @@ Result<> DatafileDocument::writeSettingsIntoFile()
         return onDisk.error();
     plist::Dictionary root = onDisk->root;
     root.insert(RootKey::settings, g_settings->dictionary());
-    if (const Result<> written = writePropertyList(root, g_filePath, plist::Format::Xml); !written)
+    if (const Result<> written = writePropertyList(root, g_filePath, format); !written)
         return written;
     // Otherwise the next save has to know, still, that the file holds what we never read.
     if (!wasChangedOnDisk)
