@@ -4,6 +4,7 @@
 #include "model/DatafileSettingsData.h"
 
 #include "model/Preferences.h"
+#include "plist/KeyedArchive.h"
 
 #include <QCoreApplication>
 
@@ -116,6 +117,22 @@ void DatafileSettingsData::setListViewFrame(const QString &frame, bool preparing
 bool DatafileSettingsData::noUpdateForViewChanges() const
 {
     return g_preferences && g_preferences->boolForKey(u"GeneralNoUpdateForViewChanges"_s);
+}
+
+Color DatafileSettingsData::backgroundFTAcolor() const
+{
+    const QByteArray data = dataForKey(u"FTAbackgrouneColor"_s);
+    const auto color = data.isEmpty() ? std::nullopt : plist::unarchiveColor(data);
+    return color ? Color{color->red, color->green, color->blue, color->alpha} : Color::white();
+}
+
+void DatafileSettingsData::setBackgroundFTAcolor(const Color &color)
+{
+    // The stored data may say more than red, green and blue (a colour space, a name), so it stays while
+    // the colour does.
+    if (color == backgroundFTAcolor())
+        return;
+    setData(plist::archiveColor({color.red, color.green, color.blue, color.alpha}), u"FTAbackgrouneColor"_s);
 }
 
 plist::Dictionary DatafileSettingsData::sortTasksList() const

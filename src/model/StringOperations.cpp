@@ -107,12 +107,11 @@ QString stringByCleaningFilenameWithDefault(const QString &text, const QString &
 {
     // Names are limited to 255 bytes; the rest is left for an extension and a number.
     constexpr qsizetype largestSize = 200;
-    QString name = text;
+    QString name = text.trimmed();
     for (QChar &c : name) {
         if (c.category() == QChar::Other_Control || QStringView(u"/\\:*?\"<>|").contains(c))
             c = u'-';
     }
-    name = name.trimmed();
     while (name.toUtf8().size() > largestSize)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     // A leading dot would hide the file, and some systems drop blanks and dots at the end.
