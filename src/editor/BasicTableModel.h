@@ -34,6 +34,7 @@ public:
 
 private:
     EditorWindowController &g_window;
+    int g_rowCount = 0; ///< As last told to the views.
 };
 
 } // namespace tavrin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QFont>
 #include <QObject>
 
 #include <memory>
@@ -12,6 +13,7 @@ namespace tavrin {
 class BasicTableModel;
 class EditorWindowController;
 class ListTableModel;
+class RecordData;
 
 /// What the two tables of an editor window show and how their cells take edits.
 class EditorTableController : public QObject
@@ -34,13 +36,18 @@ public:
 
     /// In Basic View the row that is a field's index, in List View the column.
     int currentField() const { return g_currentField; }
-    void setCurrentField(int field) { g_currentField = field; }
+    void setCurrentField(int field) { g_currentField = qMax(0, field); }
 
     /// The current record may be edited: it is there, not locked, and the document allows it.
     bool mayEdit() const;
+    bool mayEditRecord(const RecordData *record) const;
+
+    QFont fieldsFont() const { return g_fieldsFont; }
 
     /// A value as a field may hold it: line ends, tabs and separators become spaces.
     static QString cleanedFieldValue(const QString &value);
+    /// Stores what was typed into a cell, cleaned. False when the record may not be edited.
+    bool editFieldValue(const RecordData *record, const QString &fieldIdentifier, const QString &value);
 
     /// The person selected a row of List View.
     void listRowSelected(int row);
@@ -63,6 +70,7 @@ private:
     EditorWindowController &g_window;
     std::unique_ptr<BasicTableModel> g_basicTableModel;
     std::unique_ptr<ListTableModel> g_listTableModel;
+    QFont g_fieldsFont; ///< As of setupTables(): looking a family up is too slow for every cell.
     int g_currentField = 0;
 };
 

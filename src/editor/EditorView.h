@@ -36,6 +36,9 @@ public:
     virtual void selectTableRow(int row) = 0;
     /// Starts editing a cell of the visible table, with its text selected.
     virtual void editTableCell(int row, int column) = 0;
+    /// Goes on editing a cell that had to be committed in between: nothing is selected, so that the next
+    /// key adds to what was typed.
+    virtual void resumeTableCell(int row, int column) { editTableCell(row, column); }
 
     virtual EditorFocus focus() const = 0;
     virtual void setFocus(EditorFocus focus) = 0;

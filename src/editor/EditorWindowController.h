@@ -11,12 +11,13 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
-#include <QTimer>
 
 #include <memory>
 
 namespace tavrin {
 
+class EditorPermission;
+class EditorSaving;
 class EditorTableController;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
@@ -63,29 +64,35 @@ public:
     QStringList recordInfo() const;
 
     // Derived values. Positions count selected records from 0.
-    qint64 countSelected() const;
+    qint64 countSelected() const { return g_document.datafileCatalog().countSelected(); }
     qint64 indexOfCurrentRecord() const;
     RecordData *recordAtIndex(qint64 index);
     bool isValidRecord(const RecordData *record) const;
     bool haveCurrentSelection() const;
+    const RecordHistory &viewedRecordList() const { return g_viewedRecordList; }
     static bool isEmpty(const RecordData &record, const DatafileSettingsData &settings);
     static quint64 recordSize(const RecordData &record);
 
     // Loading and storing.
     void loadRecord(RecordData *record);
     void loadRecordAtIndex(qint64 index);
-    void loadCurrentRecord();
+    void loadCurrentRecord() { loadRecord(g_currentRecord); }
     void saveIfDifferentRecord(RecordData *newRecord);
     void updateCurrentRecord();
     void setDatafileChanged();
     void autoSaveChanges(bool force);
     qint64 recordToOpen();
+    /// What the person typed into a cell: stores it and marks record and datafile.
+    void storeFieldValue(const RecordData &record, const QString &fieldIdentifier, const QString &value);
 
     // What the person does to the text and the cells, told by the view.
     void textDidChange();
     void cellTextDidChange();
     void editFreeformTextAsPlain();
     void viewGeometryDidChange(); ///< The window or the divider was moved.
+    void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
+    void showCurrentRow();        ///< In List View.
+    void focusFreeformText() { g_view->setFocus(EditorFocus::FreeformText); }
 
     // Commands.
     void goToFirstRecord();
@@ -93,8 +100,8 @@ public:
     void goToNextRecord();
     void goToPreviousRecord();
     void goToRecordNumber();
-    void goBackOneRecord();
-    void goForwardOneRecord();
+    void goBackOneRecord() { walkViewedRecordList(&RecordHistory::goBack); }
+    void goForwardOneRecord() { walkViewedRecordList(&RecordHistory::goForward); }
     void switchView();
     void setMode(const QString &mode);
     void addRecord();    ///< An empty record behind the current one, shown and ready to be typed into.
@@ -108,7 +115,7 @@ public:
     bool validateAction(const QString &selector) const;
 
     /// Decides whether the window may close, asking where there are unsaved changes; then `closeAllowed` or
-    /// nothing.
+    /// `closeRefused`.
     void requestClose();
     /// The window is going: removes the lock file, remembers the record, writes changed settings.
     void windowWillClose();
@@ -116,13 +123,16 @@ public:
     // DatafileEditing
     void storeRecordBeingEdited() override;
     void endListEditing() override;
-    bool canSaveChanges() const override { return g_canSaveChanges; }
+    bool canSaveChanges() const override;
     bool nowSyncing() const override { return g_nowSyncing; }
     void markCurrentRecordClean() override { g_currentRecordDirty = false; }
     void setNowSaving(bool saving) override { g_nowSaving = saving; }
 
     /// The window became the active one; the first time starts the question whether saving is permitted.
     void windowDidBecomeMain();
+    /// Decides that question now; later calls do nothing.
+    void setCanSaveChanges();
+    bool isAskingPassword() const;
 
 Q_SIGNALS:
     void recordLoaded();
@@ -138,33 +148,56 @@ Q_SIGNALS:
     void openInPlace(const QString &path);
 
 private:
+    DatafileSettingsData &settings() { return g_document.datafileSettings(); }
+    const DatafileSettingsData &settings() const { return g_document.datafileSettings(); }
+    QString identifierOf(const RecordData *record) const;
+    bool isNavigable() const { return countSelected() >= 2; }
+
     void privateLoadValidatedRecord(RecordData *record);
+    void showNothing();
     void cleanFieldValues();
+    void storeFreeformText();
+    void resumeTableEditing();
+    void updateFreeformTextEditability();
     void insertInViewedRecordList(const RecordData *record);
-    void deleteIfEmptyRecordAtIndex(qint64 index);
+    void markEdited(const QString &identifier);
+    void freshenWindowContentSettings() { g_lastHitField = -1; }
+
     void leaveRecordFor(qint64 target);
-    void setUpReadOnlyAndLock();
-    void setCanSaveChanges();
-    void followDocument(const DatafileChange &change);
+    void walkViewedRecordList(QString (RecordHistory::*step)());
+    void deleteIfEmptyRecordAtIndex(qint64 index);
+    void deleteCurrentRecord();
+    void removeRecord(const QString &identifier, qint64 index);
+    void focusFirstField();
+
+    QString currentViewFrame() const;
+    void setCurrentViewFrame(const QString &frame);
+    double currentSplitHeight() const;
     void setUpViewForMode();
+
+    void followDocument();
+    void documentDidChange(const DatafileChange &change);
+    void recordWillBeDeleted(const QString &identifier);
+    void recordDidChange(const QString &identifier);
+    void catalogDidChange();
+    void datafileReverted();
 
     DatafileDocument &g_document;
     SheetHost &g_sheets;
     const Preferences &g_preferences;
     EditorView *g_view = nullptr;
     std::unique_ptr<EditorTableController> g_tableController;
+    std::unique_ptr<EditorPermission> g_permission;
+    std::unique_ptr<EditorSaving> g_saving;
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
-    class LockState;
-    std::unique_ptr<LockState> g_lock;
-    QTimer g_permissionTimer;
     QString g_firstOpenedRecordID;
     int g_lastHitField = -1;
     bool g_currentRecordDirty = false;
+    bool g_freeformTextEditable = false; ///< As last told to the view.
     bool g_movingInViewedRecordList = false;
     bool g_nowSaving = false;
     bool g_preparing = false;
-    bool g_canSaveChanges = false;
     bool g_nowSyncing = false;
 };
 

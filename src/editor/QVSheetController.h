@@ -25,7 +25,7 @@ public:
     virtual bool isAcceptable() const { return true; }
 
     /// Ends the sheet with FirstButton; does nothing unless isAcceptable().
-    void accept();
+    virtual void accept();
 
     /// Ends the sheet with the code of its cancelling answer.
     void cancel() { finish(cancelCode()); }

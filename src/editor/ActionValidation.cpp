@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// Which commands may run now: the one place that menus, toolbar and shortcuts ask.
+
+#include "editor/EditorTableController.h"
+#include "editor/EditorWindowController.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ActionRule
+{
+    QLatin1StringView selector;
+    bool (*mayRun)(const EditorWindowController &window);
+};
+
+bool always(const EditorWindowController & /*window*/)
+{
+    return true;
+}
+
+bool hasFields(const EditorWindowController &window)
+{
+    return !window.document().datafileSettings().fields().isEmpty();
+}
+
+bool permitsSaving(const EditorWindowController &window)
+{
+    return window.canSaveChanges();
+}
+
+bool permitsSave(const EditorWindowController &window)
+{
+    return window.canSaveChanges() && !window.document().isMobile();
+}
+
+bool hasSavedVersion(const EditorWindowController &window)
+{
+    return !window.document().filePath().isEmpty() && window.document().isModified();
+}
+
+bool mayDelete(const EditorWindowController &window)
+{
+    return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
+}
+
+bool mayEditAsPlain(const EditorWindowController &window)
+{
+    return window.isFreeformTextFormatted() && !window.currentRecordLocked();
+}
+
+bool mayGoBack(const EditorWindowController &window)
+{
+    return window.viewedRecordList().canGoBack();
+}
+
+bool mayGoForward(const EditorWindowController &window)
+{
+    return window.viewedRecordList().canGoForward();
+}
+
+constexpr std::array actionRules{
+    ActionRule{"addRecord:"_L1, always},
+    ActionRule{"deleteRecord:"_L1, mayDelete},
+    ActionRule{"editFreeformTextAsPlain:"_L1, mayEditAsPlain},
+    ActionRule{"goBackOneRecord:"_L1, mayGoBack},
+    ActionRule{"goForwardOneRecord:"_L1, mayGoForward},
+    ActionRule{"goToFirstRecord:"_L1, always},
+    ActionRule{"goToLastRecord:"_L1, always},
+    ActionRule{"goToNextRecord:"_L1, always},
+    ActionRule{"goToPreviousRecord:"_L1, always},
+    ActionRule{"goToRecordNumber:"_L1, always},
+    ActionRule{"revertDocumentToSaved:"_L1, hasSavedVersion},
+    ActionRule{"saveCopyAs:"_L1, permitsSaving},
+    ActionRule{"saveDocument:"_L1, permitsSave},
+    ActionRule{"saveDocumentAs:"_L1, permitsSaving},
+    ActionRule{"switchView:"_L1, hasFields},
+};
+
+} // namespace
+
+bool EditorWindowController::validateAction(const QString &selector) const
+{
+    // Synchronizing works on the records itself: nothing of this table may run meanwhile.
+    if (g_nowSyncing)
+        return false;
+    const auto rule = std::ranges::find(actionRules, selector, &ActionRule::selector);
+    return rule != actionRules.end() && rule->mayRun(*this);
+}
+
+} // namespace tavrin

@@ -1,0 +1,251 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// Showing a record, and taking what the person did to it back into the record.
+
+#include "editor/AlertSheetController.h"
+#include "editor/BasicTableModel.h"
+#include "editor/EditorTableController.h"
+#include "editor/EditorWindowController.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavrin {
+
+// Derived values.
+
+QString EditorWindowController::identifierOf(const RecordData *record) const
+{
+    return g_document.datafileRecords().identifierForRecord(record);
+}
+
+qint64 EditorWindowController::indexOfCurrentRecord() const
+{
+    const qint64 index =
+        g_document.datafileCatalog().indexOfSelectedIdentifier(identifierOf(g_currentRecord));
+    return index == NotFound ? 0 : index;
+}
+
+RecordData *EditorWindowController::recordAtIndex(qint64 index)
+{
+    return g_document.datafileRecords().recordForIdentifier(
+        g_document.datafileCatalog().selectedIdentifierAtIndex(index));
+}
+
+bool EditorWindowController::isValidRecord(const RecordData *record) const
+{
+    const QString identifier = identifierOf(record);
+    return !identifier.isEmpty() && g_document.datafileCatalog().isSelectedIdentifier(identifier);
+}
+
+bool EditorWindowController::haveCurrentSelection() const
+{
+    return countSelected() != g_document.datafileCatalog().count();
+}
+
+bool EditorWindowController::isEmpty(const RecordData &record, const DatafileSettingsData &settings)
+{
+    return record.textString().isEmpty()
+           && std::ranges::all_of(settings.fields(), [&record](const FieldDefinition &field) {
+                  return record.fieldValue(field.identifier()).isEmpty();
+              });
+}
+
+// Loading.
+
+void EditorWindowController::loadRecordAtIndex(qint64 index)
+{
+    RecordData *record = recordAtIndex(index);
+    if (!record) {
+        if (index == 0)
+            showNothing();
+        else
+            loadRecordAtIndex(0);
+        return;
+    }
+    privateLoadValidatedRecord(record);
+    insertInViewedRecordList(record);
+}
+
+void EditorWindowController::loadRecord(RecordData *record)
+{
+    if (isValidRecord(record))
+        privateLoadValidatedRecord(record);
+    else
+        loadRecordAtIndex(0);
+}
+
+void EditorWindowController::privateLoadValidatedRecord(RecordData *record)
+{
+    saveIfDifferentRecord(record);
+    g_view->setFreeformText(record->textString());
+    updateFreeformTextEditability();
+    g_tableController->reload();
+    Q_EMIT statusChanged();
+    Q_EMIT recordLoaded();
+    Q_EMIT operationsChanged();
+}
+
+/// No record is selected: what the last one left on the screen must not pass for a record.
+void EditorWindowController::showNothing()
+{
+    saveIfDifferentRecord(nullptr);
+    g_currentRecord = nullptr;
+    g_view->setFreeformText({});
+    updateFreeformTextEditability();
+    g_tableController->reload();
+    Q_EMIT statusChanged();
+    Q_EMIT recordLoaded();
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::updateFreeformTextEditability()
+{
+    g_freeformTextEditable = isFreeformTextEditable();
+    g_view->setFreeformTextEditable(g_freeformTextEditable);
+}
+
+void EditorWindowController::insertInViewedRecordList(const RecordData *record)
+{
+    if (!g_movingInViewedRecordList)
+        g_viewedRecordList.insert(identifierOf(record));
+}
+
+// Writing back.
+
+void EditorWindowController::saveIfDifferentRecord(RecordData *newRecord)
+{
+    if (!g_nowSaving && newRecord != g_currentRecord) {
+        if (g_currentRecord)
+            cleanFieldValues();
+        if (newRecord)
+            newRecord->viewed(g_document.services().environment);
+        const bool wasEditing = g_view->isTableEditing();
+        if (wasEditing)
+            g_view->endTableEditing();
+        if (g_currentRecord) {
+            storeFreeformText();
+            if (wasEditing && newRecord)
+                g_view->setFocus(EditorFocus::Table);
+            else if (wasEditing)
+                resumeTableEditing();
+        }
+    }
+    if (newRecord)
+        g_currentRecord = newRecord;
+}
+
+void EditorWindowController::updateCurrentRecord()
+{
+    if (g_nowSaving || !g_currentRecord)
+        return;
+    if (g_view->isTableEditing())
+        g_view->endTableEditing();
+    storeFreeformText();
+}
+
+void EditorWindowController::storeRecordBeingEdited()
+{
+    saveIfDifferentRecord(nullptr);
+}
+
+void EditorWindowController::endListEditing()
+{
+    if (!isBasicView() && g_view->isTableEditing())
+        g_view->endTableEditing();
+}
+
+void EditorWindowController::cleanFieldValues()
+{
+    const QString identifier = identifierOf(g_currentRecord);
+    for (const FieldDefinition &field : settings().fields()) {
+        const QString value = g_currentRecord->fieldValue(field.identifier());
+        const QString cleaned = EditorTableController::cleanedFieldValue(value);
+        if (cleaned == value)
+            continue;
+        g_document.storeFieldValue(identifier, field.identifier(), cleaned);
+        setDatafileChanged();
+    }
+}
+
+/// A text that the person left alone stays as it is stored, byte for byte.
+void EditorWindowController::storeFreeformText()
+{
+    if (!g_view->isFreeformTextModified())
+        return;
+    g_document.storeText(identifierOf(g_currentRecord), g_view->freeformText());
+    g_view->clearFreeformTextModified();
+}
+
+void EditorWindowController::resumeTableEditing()
+{
+    const int field = g_tableController->currentField();
+    if (isBasicView())
+        g_view->resumeTableCell(field, BasicTableModel::ValueColumn);
+    else
+        g_view->resumeTableCell(static_cast<int>(indexOfCurrentRecord()), field);
+}
+
+// What marks things modified.
+
+void EditorWindowController::setDatafileChanged()
+{
+    if (!g_nowSyncing)
+        g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+}
+
+void EditorWindowController::markEdited(const QString &identifier)
+{
+    g_document.markRecordModified(identifier);
+    if (identifier == identifierOf(g_currentRecord))
+        g_currentRecordDirty = true;
+    setDatafileChanged();
+}
+
+void EditorWindowController::textDidChange()
+{
+    if (g_currentRecord && !g_nowSyncing)
+        markEdited(identifierOf(g_currentRecord));
+}
+
+void EditorWindowController::cellTextDidChange()
+{
+    if (g_tableController->mayEdit())
+        markEdited(identifierOf(g_currentRecord));
+}
+
+void EditorWindowController::storeFieldValue(const RecordData &record,
+                                             const QString &fieldIdentifier,
+                                             const QString &value)
+{
+    const QString identifier = identifierOf(&record);
+    g_document.storeFieldValue(identifier, fieldIdentifier, value);
+    markEdited(identifier);
+}
+
+void EditorWindowController::editFreeformTextAsPlain()
+{
+    if (!validateAction(QStringLiteral("editFreeformTextAsPlain:")))
+        return;
+    auto alert = std::make_unique<AlertSheetController>(
+        tr("The text of this record has formatting."),
+        tr("This version shows and edits text without formatting. If you edit it, the formatting and any "
+           "images of this record's text are removed."),
+        QStringList{tr("Edit Plain Text"), tr("Cancel")});
+    alert->setDestructiveButton(0);
+    const QString asked = identifierOf(g_currentRecord);
+    connect(alert.get(), &QVSheetController::finished, this, [this, asked](int returnCode) {
+        if (returnCode != QVSheetController::FirstButton || identifierOf(g_currentRecord) != asked)
+            return;
+        g_currentRecord->setTextRTFD({});
+        markEdited(asked);
+        updateFreeformTextEditability();
+        focusFreeformText();
+        Q_EMIT recordLoaded();
+        Q_EMIT operationsChanged();
+    });
+    g_sheets.begin(std::move(alert));
+}
+
+} // namespace tavrin

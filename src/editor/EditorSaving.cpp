@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/EditorSaving.h"
+
+#include "editor/AlertSheetController.h"
+#include "editor/EditorWindowController.h"
+#include "editor/FileSheetController.h"
+#include "editor/FilledIn.h"
+
+#include <QFileInfo>
+#include <QTime>
+
+#include <memory>
+#include <utility>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+EditorSaving::EditorSaving(EditorWindowController &window, SheetHost &sheets)
+    : g_window(window)
+    , g_document(window.document())
+    , g_sheets(sheets)
+{}
+
+void EditorSaving::ask(std::unique_ptr<AlertSheetController> alert,
+                       const std::function<void(int returnCode)> &answered)
+{
+    connect(alert.get(), &QVSheetController::finished, this, answered);
+    g_sheets.begin(std::move(alert));
+}
+
+void EditorSaving::askForFile(const QString &title, const std::function<void(const QString &path)> &chosen)
+{
+    const QFileInfo present(g_document.filePath());
+    const QString extension = extensionOf(g_document.kind());
+    const QString name = present.completeBaseName();
+    FileSheetController::Request request;
+    request.purpose = FileSheetController::Purpose::SaveFile;
+    request.title = title;
+    request.folder = g_document.filePath().isEmpty() ? QString() : present.absolutePath();
+    request.suggestedName = (name.isEmpty() ? g_document.displayName() : name) + u'.' + extension;
+    request.requiredExtension = extension;
+    request.nameFilters = {u"%1 (*.%2)"_s.arg(typeNameOf(g_document.kind()), extension)};
+    auto sheet = std::make_unique<FileSheetController>(request);
+    connect(sheet.get(), &QVSheetController::finished, this, [chosen, sheet = sheet.get()](int returnCode) {
+        chosen(returnCode == QVSheetController::FirstButton ? sheet->path() : QString());
+    });
+    g_sheets.begin(std::move(sheet));
+}
+
+void EditorSaving::reportFailure(const Error &error)
+{
+    showAlert(g_sheets,
+              error.message,
+              tr("The datafile was not saved. The file on the disk is as it was before, and your changes are "
+                 "still in this window."));
+}
+
+// Save.
+
+void EditorSaving::saveDocument()
+{
+    if (!g_window.validateAction(u"saveDocument:"_s))
+        return;
+    save([](bool) {});
+}
+
+void EditorSaving::autoSave()
+{
+    if (!g_document.isMobile() && !g_document.openedReadOnly() && !g_document.filePath().isEmpty())
+        save([](bool) {});
+}
+
+void EditorSaving::save(const Written &done)
+{
+    if (g_document.openedReadOnly() || g_document.filePath().isEmpty()) {
+        saveAs(done);
+        return;
+    }
+    if (!g_document.isModified() || !g_document.changedOnDisk()) {
+        writeToOwnFile(done);
+        return;
+    }
+    auto alert = std::make_unique<AlertSheetController>(tr("This datafile was changed by another program."),
+                                                        tr("Saving replaces those changes."),
+                                                        QStringList{tr("Save Anyway"), tr("Cancel")});
+    alert->setDestructiveButton(0);
+    ask(std::move(alert), [this, done](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton)
+            writeToOwnFile(done);
+        else
+            done(false);
+    });
+}
+
+void EditorSaving::writeToOwnFile(const Written &done)
+{
+    const Result<DatafileDocument::SaveOutcome> saved = g_document.saveDocument();
+    if (!saved) {
+        reportFailure(saved.error());
+        done(false);
+        return;
+    }
+    switch (*saved) {
+    case DatafileDocument::SaveOutcome::Saved:
+        Q_EMIT g_window.statusMessage(tr("Saved at %1").arg(QTime::currentTime().toString(u"HH:mm"_s)));
+        done(true);
+        break;
+    case DatafileDocument::SaveOutcome::NeedsSaveAs:
+        saveAs(done);
+        break;
+    case DatafileDocument::SaveOutcome::NothingToSave:
+    case DatafileDocument::SaveOutcome::NotByThisCommand:
+        done(!g_document.isModified());
+        break;
+    }
+}
+
+// Save As, Save a Copy As.
+
+void EditorSaving::saveDocumentAs()
+{
+    if (g_window.validateAction(u"saveDocumentAs:"_s))
+        saveAs([](bool) {});
+}
+
+void EditorSaving::saveAs(const Written &done)
+{
+    askForFile(tr("Save As"), [this, done](const QString &path) {
+        if (path.isEmpty())
+            done(false);
+        else
+            didSaveAs(path, done);
+    });
+}
+
+void EditorSaving::didSaveAs(const QString &path, const Written &done)
+{
+    g_window.updateCurrentRecord();
+    const DatafileDocument::SaveAsOutcome outcome = g_document.saveDocumentAs(path);
+    if (outcome.errorCode != 0) {
+        Q_EMIT g_window.openInPlace(path);
+        done(outcome.written);
+        return;
+    }
+    // The code tells, not whether the file was written: so the alert also comes when it was.
+    auto alert = std::make_unique<AlertSheetController>(
+        g_window.windowTitle(), filledIn(tr("Datafile cannot be saved. Error: %@"), {outcome.failureReason}));
+    ask(std::move(alert), [done, written = outcome.written](int) { done(written); });
+}
+
+void EditorSaving::saveCopyAs()
+{
+    if (!g_window.validateAction(u"saveCopyAs:"_s))
+        return;
+    askForFile(tr("Save a Copy As"), [this](const QString &path) {
+        if (!path.isEmpty())
+            saveCopy(path);
+    });
+}
+
+void EditorSaving::saveCopy(const QString &path)
+{
+    g_window.updateCurrentRecord();
+    if (const Result<> written = g_document.saveCopyAs(path); !written)
+        showAlert(g_sheets, written.error().message, tr("No copy was saved."));
+    else
+        showAlert(g_sheets, tr("A copy was saved."), path);
+}
+
+// Revert.
+
+void EditorSaving::revertDocumentToSaved()
+{
+    if (!g_window.validateAction(u"revertDocumentToSaved:"_s))
+        return;
+    auto alert = std::make_unique<AlertSheetController>(
+        filledIn(tr("Do you want to revert to the most recently saved version of the document “%@”?"),
+                 {g_document.displayName()}),
+        tr("Your current changes will be lost."),
+        QStringList{tr("Revert"), tr("Cancel")});
+    alert->setDestructiveButton(0);
+    ask(std::move(alert), [this](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton)
+            revert();
+    });
+}
+
+void EditorSaving::revert()
+{
+    // What is on the screen belongs to the records that go: it must not be stored into those that come.
+    g_window.updateCurrentRecord();
+    if (const Result<> reverted = g_document.revertToContents(); !reverted)
+        showAlert(g_sheets, reverted.error().message, tr("The datafile was not reverted."));
+}
+
+// Close.
+
+void EditorSaving::requestClose()
+{
+    if (!g_document.isModified()) {
+        answerClose(true);
+        return;
+    }
+    // Whoever closes at once after opening does not wait for the permission to save.
+    g_window.setCanSaveChanges();
+    if (g_window.isAskingPassword())
+        answerClose(false);
+    else if (g_window.canSaveChanges())
+        askWhetherToSave();
+    else
+        askWhetherToLoseChanges();
+}
+
+void EditorSaving::answerClose(bool allowed)
+{
+    if (allowed)
+        Q_EMIT g_window.closeAllowed();
+    else
+        Q_EMIT g_window.closeRefused();
+}
+
+void EditorSaving::askWhetherToSave()
+{
+    constexpr qsizetype cancelButton = 1;
+    constexpr qsizetype loseButton = 2;
+    // A datafile of the mobile kind is not saved by Save.
+    const bool needsFile =
+        g_document.isMobile() || g_document.openedReadOnly() || g_document.filePath().isEmpty();
+    auto alert = std::make_unique<AlertSheetController>(
+        filledIn(tr("Do you want to save the changes made to the document “%@”?"),
+                 {g_document.displayName()}),
+        tr("Your changes will be lost if you don’t save them."),
+        QStringList{needsFile ? tr("Save As…") : tr("Save"), tr("Cancel"), tr("Don’t Save")});
+    alert->setCancelButton(cancelButton);
+    alert->setDestructiveButton(loseButton);
+    ask(std::move(alert), [this, needsFile](int returnCode) {
+        const Written done = [this](bool written) { answerClose(written); };
+        if (returnCode == QVSheetController::ThirdButton)
+            answerClose(true);
+        else if (returnCode != QVSheetController::FirstButton)
+            answerClose(false);
+        else if (needsFile)
+            saveAs(done);
+        else
+            save(done);
+    });
+}
+
+/// Without the password nothing can be saved, so saving is not offered.
+void EditorSaving::askWhetherToLoseChanges()
+{
+    auto alert = std::make_unique<AlertSheetController>(
+        filledIn(tr("The changes made to the document “%@” cannot be saved."), {g_document.displayName()}),
+        tr("The datafile’s password was not entered. Your changes will be lost if you close it."),
+        QStringList{tr("Close Without Saving"), tr("Cancel")});
+    alert->setDestructiveButton(0);
+    ask(std::move(alert),
+        [this](int returnCode) { answerClose(returnCode == QVSheetController::FirstButton); });
+}
+
+} // namespace tavrin

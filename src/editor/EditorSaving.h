@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "document/DatafileDocument.h"
+#include "editor/SheetHost.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace tavrin {
+
+class AlertSheetController;
+class EditorWindowController;
+
+/// Saving, reverting and closing as an editor window offers them: the questions and what comes of the
+/// answers.
+///
+/// Nothing that the person did is given up without an answer that says so.
+class EditorSaving : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditorSaving(EditorWindowController &window, SheetHost &sheets);
+
+    void saveDocument();
+    void saveDocumentAs();
+    void saveCopyAs();
+    void revertDocumentToSaved();
+
+    /// Saves without a word when that needs no question that the person has not asked for.
+    void autoSave();
+
+    /// Ends in the window's `closeAllowed` or `closeRefused`.
+    void requestClose();
+
+private:
+    /// Called once, when it is clear whether the datafile was written.
+    using Written = std::function<void(bool written)>;
+
+    void save(const Written &done);
+    void writeToOwnFile(const Written &done);
+    void saveAs(const Written &done);
+    void didSaveAs(const QString &path, const Written &done);
+    void saveCopy(const QString &path);
+    void revert();
+    void askWhetherToSave();
+    void askWhetherToLoseChanges();
+    void answerClose(bool allowed);
+    void reportFailure(const Error &error);
+
+    void ask(std::unique_ptr<AlertSheetController> alert,
+             const std::function<void(int returnCode)> &answered);
+    /// A null path when the person cancelled.
+    void askForFile(const QString &title, const std::function<void(const QString &path)> &chosen);
+
+    EditorWindowController &g_window;
+    DatafileDocument &g_document;
+    SheetHost &g_sheets;
+};
+
+} // namespace tavrin

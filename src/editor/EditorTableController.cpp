@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/EditorTableController.h"
+
+#include "editor/BasicTableModel.h"
+#include "editor/EditorWindowController.h"
+#include "editor/ListTableModel.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavrin {
+
+EditorTableController::EditorTableController(EditorWindowController &window)
+    : g_window(window)
+    , g_basicTableModel(std::make_unique<BasicTableModel>(window))
+    , g_listTableModel(std::make_unique<ListTableModel>(window))
+{}
+
+EditorTableController::~EditorTableController() = default;
+
+void EditorTableController::setupTables()
+{
+    g_fieldsFont = g_window.fieldsFont();
+    g_basicTableModel->reset();
+    g_listTableModel->reset();
+    reload();
+}
+
+void EditorTableController::reload()
+{
+    if (g_window.isBasicView()) {
+        g_basicTableModel->reload();
+        return;
+    }
+    g_listTableModel->reload();
+    if (g_window.currentRecord())
+        g_window.showCurrentRow();
+}
+
+bool EditorTableController::mayEdit() const
+{
+    return mayEditRecord(g_window.currentRecord());
+}
+
+bool EditorTableController::mayEditRecord(const RecordData *record) const
+{
+    return record && !record->recordLocked() && !g_window.nowSyncing();
+}
+
+QString EditorTableController::cleanedFieldValue(const QString &value)
+{
+    constexpr char16_t unwanted[] = {u'\n', u'\r', u'\t', QChar::LineSeparator, QChar::ParagraphSeparator};
+    const auto isUnwanted = [&unwanted](QChar unit) {
+        return std::ranges::find(unwanted, unit.unicode()) != std::end(unwanted);
+    };
+    // Nearly every value is clean already, and then shares its characters with the stored one.
+    if (std::ranges::none_of(value, isUnwanted))
+        return value;
+    QString cleaned = value;
+    std::ranges::replace_if(cleaned, isUnwanted, u' ');
+    return cleaned;
+}
+
+bool EditorTableController::editFieldValue(const RecordData *record,
+                                           const QString &fieldIdentifier,
+                                           const QString &value)
+{
+    if (!mayEditRecord(record))
+        return false;
+    const QString cleaned = cleanedFieldValue(value);
+    if (cleaned != record->fieldValue(fieldIdentifier))
+        g_window.storeFieldValue(*record, fieldIdentifier, cleaned);
+    return true;
+}
+
+void EditorTableController::listRowSelected(int row)
+{
+    const RecordData *record = g_window.recordAtIndex(row);
+    // The selection also follows the record: then there is nothing to do.
+    if (!record || record == g_window.currentRecord())
+        return;
+    g_window.autoSaveChanges(false);
+    g_window.loadRecordAtIndex(row);
+    if (g_window.document().datafileSettings().fields().isEmpty())
+        g_window.focusFreeformText();
+}
+
+int EditorTableController::fieldAfter(int field, bool forward) const
+{
+    const int count = g_basicTableModel->rowCount();
+    if (count == 0)
+        return 0;
+    return (qBound(0, field, count - 1) + (forward ? 1 : count - 1)) % count;
+}
+
+int EditorTableController::listColumnForField(int field) const
+{
+    const QList<int> &shown = g_listTableModel->shownFields();
+    const auto shownUpToField = std::ranges::upper_bound(shown, field) - shown.begin();
+    return static_cast<int>(qMax<qsizetype>(0, shownUpToField - 1));
+}
+
+int EditorTableController::fieldForListColumn(int column) const
+{
+    const QList<int> &shown = g_listTableModel->shownFields();
+    const int lastField = qMax(0, g_basicTableModel->rowCount() - 1);
+    return column < shown.size() ? shown.at(qMax(0, column)) : lastField;
+}
+
+double EditorTableController::columnWidth(int column) const
+{
+    constexpr double widthWithoutFields = 3000;
+    const DatafileSettingsData &settings = g_window.document().datafileSettings();
+    if (!g_listTableModel->isTextColumn(column))
+        return settings.fields().at(g_listTableModel->shownFields().at(column)).width();
+    return settings.fields().isEmpty() ? widthWithoutFields : static_cast<double>(settings.textColumnWidth());
+}
+
+void EditorTableController::columnDidResize(int column, double width)
+{
+    DatafileSettingsData &settings = g_window.document().datafileSettings();
+    if (g_listTableModel->isTextColumn(column)) {
+        settings.setTextColumnWidth(static_cast<float>(width));
+    } else {
+        QList<FieldDefinition> fields = settings.fields();
+        fields[g_listTableModel->shownFields().at(column)].setWidth(width);
+        settings.setFields(fields);
+    }
+    g_window.viewSettingsDidChange();
+}
+
+double EditorTableController::listViewRowHeight() const
+{
+    const QFontMetricsF metrics(g_fieldsFont);
+    const double size = QFontInfo(g_fieldsFont).pixelSize();
+    const double roomy = std::trunc(size * 0.25 + metrics.ascent() + metrics.descent() + 0.5);
+    return qMax(metrics.height(), roomy);
+}
+
+} // namespace tavrin

@@ -1,0 +1,228 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// Basic View and List View, the window's frame and divider, and what the document announces.
+
+#include "editor/AlertSheetController.h"
+#include "editor/BasicTableModel.h"
+#include "editor/EditorTableController.h"
+#include "editor/EditorWindowController.h"
+#include "editor/ListTableModel.h"
+#include "model/Preferences.h"
+
+#include <utility>
+#include <variant>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto basicMode = "Basic"_L1;
+constexpr auto listMode = "List"_L1;
+
+template <typename... Handlers>
+struct Overloaded : Handlers...
+{
+    using Handlers::operator()...;
+};
+
+} // namespace
+
+// The two views.
+
+bool EditorWindowController::isBasicView() const
+{
+    return settings().mode() == basicMode;
+}
+
+QString EditorWindowController::mode() const
+{
+    return isBasicView() ? basicMode : listMode;
+}
+
+void EditorWindowController::switchView()
+{
+    setMode(isBasicView() ? listMode : basicMode);
+}
+
+void EditorWindowController::setMode(const QString &mode)
+{
+    const bool hasFields = !settings().fields().isEmpty();
+    const bool toBasic = hasFields && mode == basicMode;
+    if (toBasic == isBasicView())
+        return;
+    const EditorFocus focus = g_view->focus();
+    updateCurrentRecord();
+    const int field = g_tableController->currentField();
+    g_tableController->setCurrentField(toBasic ? g_tableController->fieldForListColumn(field)
+                                               : g_tableController->listColumnForField(field));
+    settings().setMode(toBasic ? basicMode : listMode);
+    viewSettingsDidChange();
+    Q_EMIT modeChanged();
+    setUpViewForMode();
+    g_tableController->reload();
+    if (focus == EditorFocus::FreeformText) {
+        focusFreeformText();
+    } else if (focus == EditorFocus::Table && hasFields) {
+        g_lastHitField = g_tableController->currentField();
+        const int row = toBasic ? g_lastHitField : static_cast<int>(indexOfCurrentRecord());
+        g_view->editTableCell(row, toBasic ? BasicTableModel::ValueColumn : g_lastHitField);
+    }
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::showCurrentRow()
+{
+    if (g_currentRecord && !isBasicView())
+        g_view->selectTableRow(static_cast<int>(indexOfCurrentRecord()));
+}
+
+void EditorWindowController::viewSettingsDidChange()
+{
+    if (!g_preferences.boolForKey(u"GeneralNoUpdateForViewChanges"_s))
+        settings().setDatafileSettingsDidChange(true);
+}
+
+// Frame and divider: each view has its own.
+
+QString EditorWindowController::currentViewFrame() const
+{
+    return isBasicView() ? settings().basicViewFrame() : settings().listViewFrame();
+}
+
+void EditorWindowController::setCurrentViewFrame(const QString &frame)
+{
+    if (isBasicView())
+        settings().setBasicViewFrame(frame, g_preparing);
+    else
+        settings().setListViewFrame(frame, g_preparing);
+}
+
+double EditorWindowController::currentSplitHeight() const
+{
+    return static_cast<double>(isBasicView() ? settings().basicSplitHeight() : settings().listSplitHeight());
+}
+
+void EditorWindowController::setUpViewForMode()
+{
+    // What the view reports while it is being placed is not the person's doing.
+    g_preparing = true;
+    if (const QString frame = currentViewFrame(); frame.isEmpty())
+        setCurrentViewFrame(g_view->frame());
+    else
+        g_view->setFrame(frame);
+    g_view->setSplitHeight(currentSplitHeight());
+    g_preparing = false;
+}
+
+void EditorWindowController::viewGeometryDidChange()
+{
+    if (g_preparing)
+        return;
+    if (const QString frame = g_view->frame(); frame != currentViewFrame())
+        setCurrentViewFrame(frame);
+    const auto height = static_cast<float>(g_view->splitHeight());
+    if (static_cast<double>(height) == currentSplitHeight())
+        return;
+    if (isBasicView())
+        settings().setBasicSplitHeight(height);
+    else
+        settings().setListSplitHeight(height);
+    viewSettingsDidChange();
+}
+
+// What the document announces.
+
+void EditorWindowController::followDocument()
+{
+    connect(&g_document, &DatafileDocument::changed, this, &EditorWindowController::documentDidChange);
+    connect(&g_document, &DatafileDocument::modifiedChanged, this, [this] {
+        Q_EMIT titleChanged();
+        Q_EMIT operationsChanged();
+    });
+    connect(&g_document, &DatafileDocument::fileChanged, this, [this] {
+        Q_EMIT titleChanged();
+        Q_EMIT operationsChanged();
+    });
+    connect(&g_document, &DatafileDocument::selectionWouldBeEmptyError, this, [this] {
+        showAlert(g_sheets,
+                  tr("Selection Did Not Change"),
+                  tr("Selection criterion would have caused zero records to be selected (viewable), which "
+                     "cannot be done"));
+    });
+}
+
+void EditorWindowController::documentDidChange(const DatafileChange &change)
+{
+    std::visit(
+        Overloaded{[this](const RecordAdded &) { catalogDidChange(); },
+                   [this](const RecordWillBeDeleted &deleted) { recordWillBeDeleted(deleted.identifier); },
+                   [this](const RecordDeleted &) { catalogDidChange(); },
+                   [this](const RecordChanged &changed) { recordDidChange(changed.identifier); },
+                   [this](const CatalogChanged &) { catalogDidChange(); },
+                   [this](const FieldFormatChanged &) {
+                       g_tableController->setupTables();
+                       setDatafileChanged();
+                       Q_EMIT operationsChanged();
+                   },
+                   [this](const SettingsChanged &) {
+                       g_tableController->setupTables();
+                       Q_EMIT titleChanged();
+                       Q_EMIT operationsChanged();
+                   },
+                   [this](const DatafileReverted &) { datafileReverted(); }},
+        change);
+}
+
+void EditorWindowController::recordWillBeDeleted(const QString &identifier)
+{
+    if (identifier != identifierOf(g_currentRecord))
+        return;
+    if (g_view->isTableEditing())
+        g_view->endTableEditing();
+    g_currentRecord = nullptr;
+}
+
+void EditorWindowController::recordDidChange(const QString &identifier)
+{
+    const bool isCurrent = identifier == identifierOf(g_currentRecord);
+    // A cell that is being typed into tells of its own change when it is done.
+    if (isCurrent && g_view->isTableEditing())
+        return;
+    const qint64 row = g_document.datafileCatalog().indexOfSelectedIdentifier(identifier);
+    if (row != NotFound)
+        g_tableController->listTableModel().reloadRow(static_cast<int>(row));
+    if (!isCurrent)
+        return;
+    g_tableController->basicTableModel().reload();
+    if (g_freeformTextEditable != isFreeformTextEditable()) {
+        updateFreeformTextEditability();
+        Q_EMIT statusChanged();
+        Q_EMIT operationsChanged();
+    }
+}
+
+void EditorWindowController::catalogDidChange()
+{
+    g_tableController->listTableModel().reset();
+    showCurrentRow();
+    Q_EMIT statusChanged();
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::datafileReverted()
+{
+    // The record that was shown is gone, and what was typed into it is not to reach the one in its place:
+    // resetting the tables ends the editing without taking the cell over.
+    g_currentRecord = nullptr;
+    g_currentRecordDirty = false;
+    g_tableController->setupTables();
+    Q_EMIT statusChanged();
+    Q_EMIT modeChanged();
+    loadCurrentRecord();
+    Q_EMIT titleChanged();
+}
+
+} // namespace tavrin
