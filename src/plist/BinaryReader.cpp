@@ -200,7 +200,7 @@ std::optional<QByteArrayView> BinaryParser::content(quint64 offset)
 {
     const int marker = static_cast<uchar>(g_objectArea[static_cast<qsizetype>(offset)]);
     const int kind = marker >> 4;
-    const quint64 low = marker & 15U;
+    const auto low = static_cast<quint64>(marker & 15);
     if (kind <= 3)
         return take(offset + 1, kind == 0 ? 0 : quint64(1) << low, 1);
     if (kind == 8)
@@ -243,6 +243,8 @@ bool BinaryParser::readObject(Object &object, quint64 offset, int depth)
     const std::optional<QByteArrayView> bytes = content(offset);
     if (!bytes)
         return false;
+    // In the XML form a reference of an archive takes a dictionary of its own.
+    object.height = kind == 8 ? 1 : 0;
     if (kind < 0xA)
         return readSimple(object.value, marker, *bytes) || fail(offset, "unknown or malformed object");
     if (kind != 0xA && kind != 0xC && kind != 0xD)

@@ -16,7 +16,8 @@ namespace {
 
 constexpr qint64 secondsPerDay = 86400;
 
-// Seconds stay well inside 64 bits up to this year, and no record is older or younger.
+// Instants stop here, where seconds still fit in 64 bits; the year is a little farther out.
+constexpr double farthestInstant = 6.3e18;
 constexpr qint64 farthestYear = 200'000'000'000;
 
 struct CivilDay
@@ -82,6 +83,27 @@ bool parseFields(QByteArrayView text, std::array<qint64, 5> &fields)
     return true;
 }
 
+// Whether a decimal that no double can hold is too large rather than too small.
+bool isAboveOne(QByteArrayView text)
+{
+    const char *mantissaEnd =
+        std::find_if(text.begin(), text.end(), [](char byte) { return byte == 'e' || byte == 'E'; });
+    const char *point = std::find(text.begin(), mantissaEnd, '.');
+    const char *leading =
+        std::find_if(text.begin(), mantissaEnd, [](char byte) { return byte >= '1' && byte <= '9'; });
+    const qint64 magnitude = point - leading; // of the leading digit, in powers of ten
+    const char *exponentStart = mantissaEnd;
+    if (exponentStart != text.end())
+        ++exponentStart;
+    const bool isNegative = exponentStart != text.end() && *exponentStart == '-';
+    if (exponentStart != text.end() && (isNegative || *exponentStart == '+'))
+        ++exponentStart;
+    qint64 exponent = 0;
+    if (std::from_chars(exponentStart, text.end(), exponent).ec == std::errc::result_out_of_range)
+        exponent = std::numeric_limits<qint32>::max() * qint64(text.size());
+    return magnitude + (isNegative ? -exponent : exponent) > 0;
+}
+
 bool equalsIgnoringCase(QByteArrayView text, QByteArrayView name)
 {
     return text.compare(name, Qt::CaseInsensitive) == 0;
@@ -136,7 +158,7 @@ std::optional<double> parseReal(QByteArrayView text)
     if (stop != text.end() || error == std::errc::invalid_argument)
         return {};
     if (error == std::errc::result_out_of_range)
-        magnitude = text.toByteArray().toDouble(); // infinite or zero
+        magnitude = isAboveOne(text) ? std::numeric_limits<double>::infinity() : 0.0;
     return sign * magnitude;
 }
 
@@ -157,7 +179,8 @@ std::optional<Date> parseDate(QByteArrayView text)
         return {};
     const auto [month, day, hours, minutes, seconds] = fields;
     const qint64 days = daysSinceReference(isNegative ? -year : year, month, day);
-    return Date{static_cast<double>(days * secondsPerDay + hours * 3600 + minutes * 60 + seconds)};
+    const auto instant = static_cast<double>(days * secondsPerDay + hours * 3600 + minutes * 60 + seconds);
+    return Date{std::clamp(instant, -farthestInstant, farthestInstant)};
 }
 
 QByteArray formatReal(double value)
@@ -176,9 +199,9 @@ QByteArray formatReal(double value)
 
 QByteArray formatDate(Date date)
 {
-    constexpr double limit = static_cast<double>(farthestYear) * 365 * secondsPerDay;
-    const double seconds =
-        std::isnan(date.secondsSinceReference) ? 0.0 : std::clamp(date.secondsSinceReference, -limit, limit);
+    const double seconds = std::isnan(date.secondsSinceReference)
+                               ? 0.0
+                               : std::clamp(date.secondsSinceReference, -farthestInstant, farthestInstant);
     const auto whole = static_cast<qint64>(std::floor(seconds));
     const qint64 days = floorDivided(whole, secondsPerDay);
     const qint64 ofDay = whole - days * secondsPerDay;

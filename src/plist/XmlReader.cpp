@@ -28,37 +28,49 @@ struct Tag
     bool isEmpty = false; ///< Closes itself: <name/>.
 };
 
-struct ElementName
+// A short name as one number, so that a tag is told by one comparison.
+constexpr quint64 packed(QByteArrayView name)
 {
-    QByteArrayView name;
-    Element element;
-};
-
-// The most frequent ones first.
-constexpr ElementName elementNames[] = {
-    {"key", Element::Key},
-    {"string", Element::String},
-    {"integer", Element::Integer},
-    {"true", Element::True},
-    {"false", Element::False},
-    {"date", Element::Date},
-    {"dict", Element::Dict},
-    {"data", Element::Data},
-    {"array", Element::Array},
-    {"real", Element::Real},
-    {"plist", Element::Plist},
-};
+    quint64 number = 0;
+    for (const char letter : name)
+        number = number << 8 | static_cast<uchar>(letter);
+    return name.size() <= 8 ? number : 0;
+}
 
 Element elementNamed(QByteArrayView name)
 {
-    const auto *found = std::ranges::find(elementNames, name, &ElementName::name);
-    return found == std::end(elementNames) ? Element::Unknown : found->element;
+    switch (packed(name)) {
+    case packed("plist"):
+        return Element::Plist;
+    case packed("dict"):
+        return Element::Dict;
+    case packed("array"):
+        return Element::Array;
+    case packed("key"):
+        return Element::Key;
+    case packed("string"):
+        return Element::String;
+    case packed("integer"):
+        return Element::Integer;
+    case packed("real"):
+        return Element::Real;
+    case packed("true"):
+        return Element::True;
+    case packed("false"):
+        return Element::False;
+    case packed("date"):
+        return Element::Date;
+    case packed("data"):
+        return Element::Data;
+    default:
+        return Element::Unknown;
+    }
 }
 
-bool isBlank(char byte)
-{
+// A lambda, unlike a function, is compiled into the loops of the library's algorithms.
+constexpr auto isBlank = [](char byte) {
     return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r';
-}
+};
 
 /// One pass over the bytes of an XML property list.
 ///
@@ -74,7 +86,8 @@ private:
     bool fail(const char *reason);
     QByteArrayView rest() const { return {g_at, g_end}; }
     bool isAt(QByteArrayView token) const { return rest().startsWith(token); }
-    bool isAtClosingTag() const { return isAt("</"); }
+    bool isAtMarkup(char second) const { return g_end - g_at >= 2 && g_at[0] == '<' && g_at[1] == second; }
+    bool isAtClosingTag() const { return isAtMarkup('/'); }
 
     bool skipBetweenElements();
     bool skipProlog();
@@ -136,11 +149,11 @@ bool XmlParser::skipBetweenElements()
 {
     for (;;) {
         g_at = std::find_if_not(g_at, g_end, isBlank);
-        if (isAt("<!--")) {
+        if (isAtMarkup('!') && isAt("<!--")) {
             g_at += 4;
             if (!skipPast("-->", "a comment does not end"))
                 return false;
-        } else if (isAt("<?")) {
+        } else if (isAtMarkup('?')) {
             g_at += 2;
             if (!skipPast("?>", "a processing instruction does not end"))
                 return false;
@@ -167,7 +180,7 @@ bool XmlParser::skipProlog()
 
 bool XmlParser::readTag(Tag &tag)
 {
-    if (!isAt("<"))
+    if (g_at == g_end || *g_at != '<')
         return fail(g_at == g_end ? "the file ends too early" : "text stands between elements");
     const char *name = g_at + 1;
     const char *nameEnd =
@@ -199,15 +212,14 @@ bool XmlParser::skipAttributes()
 
 bool XmlParser::readClosingTag(QByteArrayView name)
 {
-    const char *start = g_at;
-    if (isAtClosingTag() && QByteArrayView(g_at + 2, g_end).startsWith(name)) {
-        g_at = std::find_if_not(g_at + 2 + name.size(), g_end, isBlank);
-        if (g_at != g_end && *g_at == '>') {
-            ++g_at;
+    if (isAtClosingTag() && g_end - g_at > name.size() + 2
+        && std::equal(name.begin(), name.end(), g_at + 2)) {
+        const char *bracket = std::find_if_not(g_at + 2 + name.size(), g_end, isBlank);
+        if (bracket != g_end && *bracket == '>') {
+            g_at = bracket + 1;
             return true;
         }
     }
-    g_at = start;
     return fail(g_at == g_end ? "the file ends too early" : "an element is not closed by its own tag");
 }
 

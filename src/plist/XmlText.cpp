@@ -87,7 +87,8 @@ XmlText readXmlText(QByteArrayView utf8)
         }
         const QByteArrayView plain = rest.first(plainLength);
         const QByteArrayView markup = rest.sliced(plainLength);
-        if (result.text.isEmpty() && !plain.contains('&')) {
+        const bool hasEntities = plain.contains('&');
+        if (!hasEntities && result.length == 0) {
             result.text = fromUtf8(plain);
             result.length += plainLength;
         } else if (!appendDecoded(plain, result.text, result.length)) {

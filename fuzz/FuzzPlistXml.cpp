@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "PlistFuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size)
+{
+    tavrin::plist::fuzz::checkXml({bytes, static_cast<qsizetype>(size)});
+    return 0;
+}

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "plist/AsciiReader.h"
+#include "plist/BinaryReader.h"
+#include "plist/Reader.h"
+#include "plist/TextEncoding.h"
+#include "plist/Writer.h"
+#include "plist/XmlReader.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+// What each fuzz target does with its input. Any bytes may come; only a fault of ours ends the process.
+// The same functions replay the corpora as an ordinary test.
+
+namespace tavrin::plist::fuzz {
+
+inline void require(bool condition, const char *rule)
+{
+    if (!condition)
+        qFatal("%s", rule);
+}
+
+/// The tree as the writers write it: without null values.
+inline Value withoutNulls(const Value &value)
+{
+    if (const Array *array = value.array()) {
+        Array kept;
+        for (const Value &member : *array) {
+            if (!member.isNull())
+                kept.append(withoutNulls(member));
+        }
+        return kept;
+    }
+    if (const Dictionary *dictionary = value.dictionary()) {
+        Dictionary kept;
+        dictionary->forEach(
+            [&kept](const QString &key, const Value &member) { kept.insert(key, withoutNulls(member)); });
+        return kept;
+    }
+    return value;
+}
+
+/// Nothing for a tree that unfolds to so much that writing it would only waste the fuzzer's time.
+inline std::optional<QByteArray> smallXml(const Value &root)
+{
+    constexpr qsizetype enough = 4 << 20;
+    QByteArray bytes;
+    const bool isWhole = writeXml(root, [&bytes](QByteArrayView piece) {
+        bytes.append(piece);
+        return bytes.size() < enough;
+    });
+    return isWhole ? std::optional(bytes) : std::nullopt;
+}
+
+/// Writes the tree in both forms and reads it again. XML keeps less of some trees (dates in whole seconds,
+/// no lone surrogates): for those, what has once been through it must then stay as it is.
+inline void checkWriting(const Value &root, bool isExactInXml)
+{
+    const std::optional<QByteArray> text = smallXml(root);
+    if (!text)
+        return;
+    const Result<PropertyList> once = read(*text);
+    require(once && once->format == Format::Xml, "what is written as XML is read again");
+    if (isExactInXml)
+        require(once->root == root, "XML keeps the values");
+    const Result<PropertyList> twice = read(toXml(once->root));
+    require(twice && twice->root == once->root, "XML keeps what it has kept once");
+
+    const Result<PropertyList> binary = read(toBinary(root));
+    require(binary && binary->format == Format::Binary, "what is written as binary is read again");
+    require(binary->root == withoutNulls(root), "the binary form keeps the values");
+}
+
+inline void checkText(QByteArrayView bytes, Result<Value> (*readText)(QByteArrayView), bool isExactInXml)
+{
+    const Result<QByteArray> text = toUtf8(bytes);
+    if (!text)
+        return;
+    const Result<Value> root = readText(*text);
+    if (root)
+        checkWriting(*root, isExactInXml);
+}
+
+inline void checkXml(QByteArrayView bytes)
+{
+    checkText(bytes, readXml, true);
+}
+
+inline void checkAscii(QByteArrayView bytes)
+{
+    checkText(bytes, readAscii, false);
+}
+
+inline void checkBinary(QByteArrayView bytes)
+{
+    const Result<Value> root = readBinary(bytes);
+    if (root)
+        checkWriting(*root, false);
+}
+
+} // namespace tavrin::plist::fuzz
