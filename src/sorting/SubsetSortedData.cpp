@@ -40,13 +40,15 @@ QString SubsetSortedData::identifierAtIndex(qint64 index) const
 
 qint64 SubsetSortedData::indexOfIdentifier(const QString &identifier) const
 {
-    if (g_drift < 0)
+    if (g_drift < 0 || g_searched > count())
         indexPositions();
     const auto position = g_positions.constFind(identifier);
     if (position == g_positions.cend())
         return NotFound;
+    const qint64 first = std::max<qint64>(0, *position - g_drift);
     const qint64 last = std::min(count() - 1, *position + g_drift);
-    for (qint64 index = std::max<qint64>(0, *position - g_drift); index <= last; ++index) {
+    g_searched += last - first;
+    for (qint64 index = first; index <= last; ++index) {
         if (g_entries[static_cast<size_t>(index)].identifier() == identifier)
             return index;
     }
@@ -300,10 +302,12 @@ void SubsetSortedData::indexPositions() const
     }
     g_hasDuplicates = g_positions.size() < identified;
     g_drift = 0;
+    g_searched = 0;
 }
 
 // An insertion or a removal moves the entries behind it by one place each. Taking all positions anew would
-// make each such edit of a large datafile slow, so a look-up searches the few places around instead.
+// make each such edit of a large datafile slow, so a look-up searches the few places around instead, until
+// the look-ups have searched as much as taking the positions anew would cost.
 void SubsetSortedData::shifted()
 {
     if (++g_drift > greatestDrift)

@@ -112,7 +112,8 @@ private:
     std::function<void()> g_selectionWouldBeEmpty;
     /// Where each identifier stands, give or take g_drift places.
     mutable QHash<QString, qint64> g_positions;
-    mutable qint64 g_drift = -1; ///< How many places; -1 when the positions are to be taken anew.
+    mutable qint64 g_drift = -1;   ///< How many places; -1 when the positions are to be taken anew.
+    mutable qint64 g_searched = 0; ///< Places that look-ups searched since then.
     mutable bool g_hasDuplicates = false;
 };
 
