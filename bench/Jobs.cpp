@@ -13,6 +13,7 @@ namespace {
 
 constexpr int rounds = 5;
 constexpr qint64 bytesPerRound = 64 << 20;
+constexpr qint64 mostPerRound = 50;
 
 void registerJob(const Job &job, const QString &path)
 {
@@ -20,7 +21,7 @@ void registerJob(const Job &job, const QString &path)
     const std::string name = std::string(job.name) + '/' + file.fileName().toStdString();
     const auto loop = [path, run = job.run](benchmark::State &state) { run(state, path); };
     benchmark::RegisterBenchmark(name.c_str(), loop)
-        ->Iterations(std::max<qint64>(1, bytesPerRound / std::max<qint64>(1, file.size())))
+        ->Iterations(std::clamp<qint64>(bytesPerRound / std::max<qint64>(1, file.size()), 1, mostPerRound))
         ->Repetitions(rounds)
         ->ReportAggregatesOnly()
         ->Unit(benchmark::kMillisecond);
