@@ -7,6 +7,7 @@
 #include "plist/ReadError.h"
 #include "plist/Reader.h"
 #include "plist/ScalarText.h"
+#include "plist/XmlElement.h"
 #include "plist/XmlText.h"
 
 #include <algorithm>
@@ -19,53 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Element { Plist, Dict, Array, Key, String, Integer, Real, True, False, Date, Data, Unknown };
-
 struct Tag
 {
     QByteArrayView name;
     Element element = Element::Unknown;
     bool isEmpty = false; ///< Closes itself: <name/>.
 };
-
-// A short name as one number, so that a tag is told by one comparison.
-constexpr quint64 packed(QByteArrayView name)
-{
-    quint64 number = 0;
-    for (const char letter : name)
-        number = number << 8 | static_cast<uchar>(letter);
-    return name.size() <= 8 ? number : 0;
-}
-
-Element elementNamed(QByteArrayView name)
-{
-    switch (packed(name)) {
-    case packed("plist"):
-        return Element::Plist;
-    case packed("dict"):
-        return Element::Dict;
-    case packed("array"):
-        return Element::Array;
-    case packed("key"):
-        return Element::Key;
-    case packed("string"):
-        return Element::String;
-    case packed("integer"):
-        return Element::Integer;
-    case packed("real"):
-        return Element::Real;
-    case packed("true"):
-        return Element::True;
-    case packed("false"):
-        return Element::False;
-    case packed("date"):
-        return Element::Date;
-    case packed("data"):
-        return Element::Data;
-    default:
-        return Element::Unknown;
-    }
-}
 
 // A lambda, unlike a function, is compiled into the loops of the library's algorithms.
 constexpr auto isBlank = [](char byte) {
@@ -266,7 +226,7 @@ Value XmlParser::readElement(const Tag &tag, int depth)
 {
     switch (tag.element) {
     case Element::Dict:
-    case Element::Array:
+    case Element::List:
         if (depth == maximumDepth) {
             fail("nested too deeply");
             return {};
