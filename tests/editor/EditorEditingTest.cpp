@@ -14,7 +14,6 @@ private Q_SLOTS:
     void typedTextIsStoredWhenTheRecordIsLeft();
     void valuesAreCleanedWhenTheRecordIsLeft();
     void aCellIsTakenOverBeforeTheRecordIsLeft();
-    void typingInACellMarksRecordAndDatafile();
     void aLockedRecordTakesNoEdits();
     void formattedTextIsKeptUntilThePersonAgrees();
     void aMobileDatafileIgnoresRichText();
@@ -83,19 +82,6 @@ void EditorEditingTest::aCellIsTakenOverBeforeTheRecordIsLeft()
 
     QCOMPARE(editor.valueIn(u"r0"_s), u"x y z"_s);
     QCOMPARE(editor.valueIn(u"r1"_s), u"B"_s);
-}
-
-void EditorEditingTest::typingInACellMarksRecordAndDatafile()
-{
-    EditorFixture editor;
-    editor.open();
-    QVERIFY(editor.basic().setData(editor.basic().index(0, 1), u"A"_s, Qt::EditRole));
-    QVERIFY(!editor.document->isModified());
-
-    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"A2"_s);
-
-    QVERIFY(editor.document->isModified());
-    QVERIFY(editor.record(u"r0"_s).needsSync());
 }
 
 void EditorEditingTest::aLockedRecordTakesNoEdits()

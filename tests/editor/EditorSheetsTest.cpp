@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "editor/EnterPasswordSheetController.h"
-#include "editor/FilledIn.h"
 #include "editor/GotoRecordSheetController.h"
 
 #include <QSignalSpy>
@@ -19,7 +18,6 @@ private Q_SLOTS:
     void onlyANumberOfARecordIsAccepted_data();
     void onlyANumberOfARecordIsAccepted();
     void aWrongPasswordKeepsTheSheetOpen();
-    void whatIsFilledInIsNotFilledInAgain();
 };
 
 void EditorSheetsTest::onlyANumberOfARecordIsAccepted_data()
@@ -64,12 +62,6 @@ void EditorSheetsTest::aWrongPasswordKeepsTheSheetOpen()
     sheet.accept();
     QVERIFY(sheet.isFinished());
     QVERIFY(sheet.goodPasswordEntered());
-}
-
-void EditorSheetsTest::whatIsFilledInIsNotFilledInAgain()
-{
-    QCOMPARE(filledIn(u"%lu of %lu in %@."_s, {u"1"_s, u"2"_s, u"%@ %lu"_s}), u"1 of 2 in %@ %lu."_s);
-    QCOMPARE(filledIn(u"100%"_s, {u"x"_s}), u"100%"_s);
 }
 
 QTEST_GUILESS_MAIN(EditorSheetsTest)

@@ -13,7 +13,6 @@ class RecordHistoryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void visitingCutsWhatLiesAhead();
     void aRepeatIsNotRecorded();
     void removingKeepsTheFirstEntryAndThePosition_data();
     void removingKeepsTheFirstEntryAndThePosition();
@@ -31,24 +30,6 @@ private:
         return history;
     }
 };
-
-void RecordHistoryTest::visitingCutsWhatLiesAhead()
-{
-    RecordHistory history = begun(u"ABC"_s);
-
-    QCOMPARE(history.goBack(), u"B"_s);
-    QCOMPARE(history.goBack(), u"A"_s);
-    QVERIFY(!history.canGoBack());
-    QVERIFY(history.goBack().isNull());
-    history.insert(u"D"_s);
-
-    QCOMPARE(history.identifiers(), QStringList({u"A"_s, u"D"_s}));
-    QCOMPARE(history.position(), 1);
-    QVERIFY(!history.canGoForward());
-    QVERIFY(history.goForward().isNull());
-    QCOMPARE(history.goBack(), u"A"_s);
-    QCOMPARE(history.goForward(), u"D"_s);
-}
 
 void RecordHistoryTest::aRepeatIsNotRecorded()
 {
