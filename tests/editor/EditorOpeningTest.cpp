@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "EditorFixture.h"
+#include "base/DurableFile.h"
 #include "document/LockFile.h"
 #include "editor/EnterPasswordSheetController.h"
 
@@ -141,16 +142,12 @@ void EditorOpeningTest::somebodyElsesLockFileStays()
     // The one who holds the lock goes on saving.
     editor.entries[0].value = u"theirs"_s;
     editor.writeFile();
-    QFile file(editor.path());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray theirs = file.readAll();
+    const QByteArray theirs = readWhole(editor.path()).value();
 
     editor.close();
 
     QVERIFY(lock.exists());
-    file.seek(0);
-    QCOMPARE(file.readAll(), theirs);
-    QCOMPARE(editor.onDisk(u"r0"_s), u"theirs"_s);
+    QCOMPARE(readWhole(editor.path()).value(), theirs);
 }
 
 void EditorOpeningTest::aReadOnlyDatafileWarnsWhenAsked()
