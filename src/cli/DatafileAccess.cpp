@@ -82,7 +82,7 @@ Result<> mayCreate(const Call &call, const QString &path)
     if (!call.arguments.has(u"--force"_s))
         return refused(Cli::tr("The file exists; --force replaces it."), path);
     if (const Result<> allowed = mayReplaceLocked(path); !allowed)
-        return allowed;
+        return allowed.error();
     return mayReplaceProtected(path);
 }
 
@@ -105,12 +105,12 @@ Result<DatafileEdit> DatafileEdit::open(const Call &call, const QString &path)
 Result<> DatafileEdit::prepareInPlace(const QString &path)
 {
     if (const Result<> allowed = mayReplace(); !allowed)
-        return allowed;
+        return allowed.error();
     if (!g_document->datafileSettings().networkShared())
         return {};
     g_lock = std::make_unique<LockFile>();
     if (const Result<> locked = g_lock->create(path, QCoreApplication::applicationFilePath()); !locked)
-        return locked;
+        return locked.error();
     // Whoever had the lock until now may have written after we read.
     if (!g_document->changedOnDisk())
         return {};
@@ -122,7 +122,7 @@ Result<> DatafileEdit::mayReplace() const
     if (g_document->datafileSettings().readOnly())
         return refused(Cli::tr("This datafile is set to always open read-only."), g_target);
     if (const Result<> allowed = mayReplaceLocked(g_target); !allowed)
-        return allowed;
+        return allowed.error();
     return mayReplaceProtected(g_target);
 }
 

@@ -144,12 +144,12 @@ void DatafileCheck::checkRecord(const QString &identifier, const plist::Value &s
     const plist::Value *own = record->find(u"RecordIdentifier"_s);
     if (own && own->toText() != identifier)
         report(u"other-identifier"_s,
-               tr("The record \"%1\" says that its identifier is \"%2\".").arg(identifier, own->toText()));
+               tr(R"(The record "%1" says that its identifier is "%2".)").arg(identifier, own->toText()));
     for (const TypedKey &typed : typedKeysOfRecord()) {
         const plist::Value *value = record->find(typed.key);
         if (value && value->type() != typed.type)
             report(u"wrong-type"_s,
-                   tr("\"%1\" of the record \"%2\" is of the wrong type.").arg(typed.key, identifier));
+                   tr(R"("%1" of the record "%2" is of the wrong type.)").arg(typed.key, identifier));
     }
     const plist::Value *text = record->find(u"TextString"_s);
     if (text && !isTextual(*text))
@@ -166,10 +166,10 @@ void DatafileCheck::checkContents(const QString &identifier, const plist::Dictio
     contents->forEach([&](const QString &field, const plist::Value &content) {
         if (!isTextual(content))
             report(u"wrong-type"_s,
-                   tr("The record \"%1\" has other than text in the field \"%2\".").arg(identifier, field));
+                   tr(R"(The record "%1" has other than text in the field "%2".)").arg(identifier, field));
         else if (!g_fieldIdentifiers.contains(field) && !content.toText().isEmpty())
             report(u"content-without-definition"_s,
-                   tr("The record \"%1\" has content in the field \"%2\", which is not defined.")
+                   tr(R"(The record "%1" has content in the field "%2", which is not defined.)")
                        .arg(identifier, field));
     });
 }

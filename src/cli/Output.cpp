@@ -7,7 +7,7 @@ namespace tavrin {
 
 namespace {
 
-constexpr qsizetype pieceSize = 64 * 1024;
+constexpr qsizetype pieceSize = 65'536;
 
 } // namespace
 

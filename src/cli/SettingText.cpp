@@ -137,7 +137,7 @@ Result<plist::Value> settingOfText(const QString &text, const QString &key, cons
     const plist::Value value = valueOf(text, type, isKnown, stored);
     if (value.isNull())
         return Error{
-            Error::Kind::Refused, Cli::tr("\"%1\" is no value for the setting \"%2\".").arg(text, key), {}};
+            Error::Kind::Refused, Cli::tr(R"("%1" is no value for the setting "%2".)").arg(text, key), {}};
     return value;
 }
 

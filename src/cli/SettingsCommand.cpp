@@ -21,7 +21,7 @@ QString textForPeople(const plist::Value &value)
 {
     if (const bool *flag = value.boolean())
         return *flag ? u"YES"_s : u"NO"_s;
-    if (const QString text = value.toText(); !text.isNull())
+    if (QString text = value.toText(); !text.isNull())
         return text;
     // Anything else as JSON has it, without the brackets that make a document of it.
     const QByteArray document = QJsonDocument(QJsonArray{jsonOf(value)}).toJson(QJsonDocument::Compact);
