@@ -36,7 +36,7 @@ void ApplicationMenus::addOpeningItems(QMenu &file)
                    &MainController::newDatafile);
     file.addAction(
         tr("&Open…"), QKeySequence(Qt::CTRL | Qt::Key_O), &g_controller, &MainController::openDocument);
-    QMenu *recent = file.addMenu(tr("Open Re&cent"));
+    QMenu *recent = file.addMenu(tr("Open Rec&ent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
     if (g_controller.hasSample())
         file.addAction(tr("Open Sa&mple Address Book"), &g_controller, &MainController::openSample);

@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 
 namespace tavrin {
 
@@ -44,6 +45,19 @@ void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
         model->setData(index, g_controller.cleanedFieldValue(line->text()), Qt::EditRole);
 }
 
+void CellDelegate::paint(QPainter *painter,
+                         const QStyleOptionViewItem &option,
+                         const QModelIndex &index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    // A hair line under each row, in whatever palette.
+    QColor line = option.palette.color(QPalette::Text);
+    constexpr float faint = 0.1F;
+    line.setAlphaF(faint);
+    painter->setPen(line);
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+}
+
 bool CellDelegate::eventFilter(QObject *object, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(object);
@@ -70,6 +84,22 @@ void CellDelegate::commitAndMove(QWidget *editor, bool forward, bool byReturn)
     Q_EMIT commitData(editor);
     Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
     Q_EMIT moved(forward, byReturn);
+}
+
+QSize FieldNameDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    constexpr int besideValues = 28;
+    return CellDelegate::sizeHint(option, index) + QSize(besideValues, 0);
+}
+
+void FieldNameDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    CellDelegate::initStyleOption(option, index);
+    constexpr int margin = 10;
+    option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    option->rect.adjust(margin, 0, -margin, 0);
+    if (!option->state.testFlag(QStyle::State_Selected))
+        option->palette.setBrush(QPalette::Text, option->palette.placeholderText());
 }
 
 } // namespace tavrin

@@ -23,6 +23,8 @@ public:
                           const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void
+    paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
 Q_SIGNALS:
@@ -34,6 +36,20 @@ private:
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
 
     EditorTableController &g_controller;
+};
+
+/// Shows the fields' names: quieter than their values, beside them, never edited.
+class FieldNameDelegate : public CellDelegate
+{
+    Q_OBJECT
+
+public:
+    using CellDelegate::CellDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
 
 } // namespace tavrin

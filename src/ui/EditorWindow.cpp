@@ -13,7 +13,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -176,6 +178,15 @@ void EditorWindow::editTableCell(int row, int column)
     visibleTable().editCell(row, column);
 }
 
+void EditorWindow::resumeTableCell(int row, int column)
+{
+    visibleTable().editCell(row, column);
+    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
+        editor->end(false);
+        editor->deselect();
+    }
+}
+
 EditorFocus EditorWindow::focus() const
 {
     const QWidget *widget = focusWidget();
@@ -213,11 +224,20 @@ double EditorWindow::splitHeight() const
 
 void EditorWindow::setSplitHeight(double height)
 {
+    g_wantedSplitHeight = height;
+    // Before the first layout there is no height to share out; showEvent() comes back to it.
+    if (isVisible())
+        applySplitHeight();
+}
+
+void EditorWindow::applySplitHeight()
+{
     constexpr int smallest = 21;
     const int whole = qMax(g_splitter->height(), 2 * smallest);
-    // Until somebody moved it: just enough for the fields, at most half of the window.
-    const int wanted = height < 0 ? qMin(g_basicTable->verticalHeader()->length() + 2 * smallest, whole / 2)
-                                  : qRound(height);
+    // Until somebody moved it: just enough for the fields, and about half of the window for a list.
+    const int fields = g_basicTable->verticalHeader()->length() + 2;
+    const int usual = g_controller.isBasicView() ? qMin(fields, whole * 3 / 5) : whole / 2;
+    const int wanted = g_wantedSplitHeight < 0 ? usual : qRound(g_wantedSplitHeight);
     const int top = qBound(smallest, wanted, whole - smallest);
     g_splitter->setSizes({top, whole - top});
 }
@@ -239,6 +259,13 @@ void EditorWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         g_controller.windowDidBecomeMain();
+}
+
+void EditorWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    // Once the window has the height that it will have.
+    QMetaObject::invokeMethod(this, &EditorWindow::applySplitHeight, Qt::QueuedConnection);
 }
 
 void EditorWindow::moveEvent(QMoveEvent *event)

@@ -53,6 +53,7 @@ public:
     void endTableEditing() override;
     void selectTableRow(int row) override;
     void editTableCell(int row, int column) override;
+    void resumeTableCell(int row, int column) override;
     EditorFocus focus() const override;
     void setFocus(EditorFocus focus) override;
     QString frame() const override;
@@ -66,6 +67,7 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -85,6 +87,7 @@ private:
     void moveInBasicView(bool forward);
     void moveInListView(bool forward, bool byReturn);
     void applyColumnWidths();
+    void applySplitHeight();
     void updateMode();
     void updateRecord();
     void updateStatus();
@@ -107,6 +110,7 @@ private:
     QLabel *g_readOnlyMark = nullptr;
     QAction *g_basicViewAction = nullptr;
     QAction *g_listViewAction = nullptr;
+    double g_wantedSplitHeight = -1;
     bool g_closing = false;
     bool g_applyingWidths = false;
 };

@@ -16,6 +16,7 @@
 #include "ui/RecordTableView.h"
 
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
@@ -44,6 +45,8 @@ void EditorWindow::buildTables()
     g_basicTable->horizontalHeader()->setStretchLastSection(true);
     auto *basicDelegate = new CellDelegate(tables, g_basicTable);
     g_basicTable->setItemDelegate(basicDelegate);
+    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn,
+                                           new FieldNameDelegate(tables, g_basicTable));
     connect(basicDelegate, &CellDelegate::moved, this, [this](bool forward) { moveInBasicView(forward); });
     // A click on a field's name edits its value.
     connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, [this](const QModelIndex &index) {
@@ -92,7 +95,7 @@ void EditorWindow::applyColumnWidths()
 {
     EditorTableController &tables = g_controller.tableController();
     g_applyingWidths = true;
-    const int height = qRound(tables.listViewRowHeight()) + 4;
+    const int height = qRound(tables.listViewRowHeight()) + 6;
     for (RecordTableView *table : {g_basicTable, g_listTable})
         table->verticalHeader()->setDefaultSectionSize(height);
     for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
@@ -143,7 +146,8 @@ QAction *EditorWindow::actionFor(const QString &selector)
     const Command *command = commandForSelector(selector);
     auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
     action->setObjectName(selector);
-    action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
+    if (*command->shortcut)
+        action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
     if (*command->icon)
         action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
     connect(action, &QAction::triggered, &g_controller, command->run);

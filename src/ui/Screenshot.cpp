@@ -63,18 +63,16 @@ int takeScreenshot(const CommandLine &line)
         window.resize(*line.size);
     window.show();
 
-    // Two turns of the event loop: the first lays out, the second draws.
-    int code = 0;
+    // Laid out in the first turn of the event loop, drawn in the next. Then exit(), not quit(), which would
+    // ask the window whether it may close.
     constexpr int settledMilliseconds = 400;
     QTimer::singleShot(settledMilliseconds, &window, [&] {
-        if (!window.grab().save(line.screenshotPath)) {
+        const bool written = window.grab().save(line.screenshotPath);
+        if (!written)
             std::fprintf(stderr, "tavrin: the picture could not be written\n");
-            code = 1;
-        }
-        QCoreApplication::quit();
+        QCoreApplication::exit(written ? 0 : 1);
     });
-    QCoreApplication::exec();
-    return code;
+    return QCoreApplication::exec();
 }
 
 } // namespace tavrin

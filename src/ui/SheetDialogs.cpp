@@ -135,8 +135,7 @@ QDialog *makePassword(EnterPasswordSheetController &sheet, QWidget *parent)
     QPushButton *readOnly =
         made.buttons->addButton(translated("Open Read-Only"), QDialogButtonBox::DestructiveRole);
     readOnly->setAutoDefault(false);
-    QObject::connect(
-        readOnly, &QPushButton::clicked, &sheet, &EnterPasswordSheetController::openReadOnlyButtonHit);
+    QObject::connect(readOnly, &QPushButton::clicked, &sheet, &EnterPasswordSheetController::openReadOnly);
     QObject::connect(&sheet, &EnterPasswordSheetController::wrongPassword, made.entry, [entry = made.entry] {
         QApplication::beep();
         entry->selectAll();

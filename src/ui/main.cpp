@@ -31,7 +31,8 @@ int run(const CommandLine &line)
     ApplicationWindows windows(preferences);
     MainController controller(preferences, Environment::system(), windows, windows.sheets());
     windows.setController(controller);
-    QObject::connect(&controller, &MainController::terminate, qApp, &QCoreApplication::quit);
+    // exit(), not quit(), which would ask the windows once more whether they may close.
+    QObject::connect(&controller, &MainController::terminate, qApp, [] { QCoreApplication::exit(0); });
     QObject::connect(&instance, &SingleInstance::openRequested, &controller, [&](const QStringList &paths) {
         controller.openDatafiles(paths);
         if (paths.isEmpty())

@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/EditorWindow.h"
+
+#include "app/MainController.h"
+#include "document/DatafileDocument.h"
+#include "model/Preferences.h"
+#include "ui/ApplicationMenus.h"
+#include "ui/ApplicationWindows.h"
+#include "ui/FreeformTextEdit.h"
+#include "ui/RecordTableView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tavrin;
+using namespace Qt::StringLiterals;
+
+/// The main job, done by keyboard and mouse on a real datafile in a real window.
+class EditorWindowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void aFieldEditedByKeyboardIsFoundAgainInTheFile();
+    void aTextTypedIsFoundAgainInTheFile();
+    void tabAndBacktabWalkThroughTheFieldsAndWrap();
+    void escapePutsTheOldValueBack();
+    void lookingThroughCellsChangesNothing();
+    void listViewShowsTheRowThatIsChosen();
+    void noShortcutAndNoMnemonicIsGivenTwice();
+
+private:
+    EditorWindow &window() { return *dynamic_cast<EditorWindow *>(g_controller->windowOf(document())); }
+    DatafileDocument &document() { return *g_controller->documents().constFirst(); }
+    RecordTableView &table(const QString &name) { return *window().findChild<RecordTableView *>(name); }
+    QLineEdit *cellEditor() { return qobject_cast<QLineEdit *>(QApplication::focusWidget()); }
+    void trigger(const QString &selector) { window().findChild<QAction *>(selector)->trigger(); }
+    QString fieldInFile(int field);
+
+    std::unique_ptr<QTemporaryDir> g_folder;
+    std::unique_ptr<Preferences> g_preferences;
+    std::unique_ptr<ApplicationWindows> g_windows;
+    std::unique_ptr<MainController> g_controller;
+    QString g_path;
+};
+
+void EditorWindowTest::init()
+{
+    g_folder = std::make_unique<QTemporaryDir>();
+    g_path = g_folder->filePath(u"people.tv3"_s);
+    QVERIFY(QFile::copy(QStringLiteral(TAVRIN_SAMPLES "/Address Book.tv3"), g_path));
+    QVERIFY(QFile::setPermissions(g_path, QFile::ReadOwner | QFile::WriteOwner));
+    g_preferences = std::make_unique<Preferences>();
+    g_windows = std::make_unique<ApplicationWindows>(*g_preferences);
+    g_controller = std::make_unique<MainController>(
+        *g_preferences, Environment::system(), *g_windows, g_windows->sheets());
+    g_windows->setController(*g_controller);
+    g_controller->finishLaunchingStuff();
+    g_controller->openDatafile(g_path);
+    QCOMPARE(g_controller->openDatafileCount(), 1);
+    QVERIFY(QTest::qWaitForWindowExposed(&window()));
+    window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window()));
+    window().controller().setMode(u"Basic"_s);
+    QTRY_VERIFY(window().controller().canSaveChanges());
+    // The sample's first record is locked.
+    trigger(u"goToNextRecord:"_s);
+    QVERIFY(!window().controller().currentRecordLocked());
+}
+
+void EditorWindowTest::cleanup()
+{
+    g_controller.reset();
+    g_windows.reset();
+    g_preferences.reset();
+    g_folder.reset();
+}
+
+QString EditorWindowTest::fieldInFile(int field)
+{
+    const auto written = DatafileDocument::open(document().services(), g_path, SelectionOnOpening::AsStored);
+    const QString identifier = window().controller().currentRecord()->identifier();
+    const RecordData *record = (*written)->datafileRecords().recordForIdentifier(identifier);
+    return record->fieldValue((*written)->datafileSettings().fields().at(field).identifier());
+}
+
+void EditorWindowTest::aFieldEditedByKeyboardIsFoundAgainInTheFile()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    QTest::mouseClick(
+        fields.viewport(), Qt::LeftButton, {}, fields.visualRect(fields.model()->index(1, 1)).center());
+    QVERIFY(cellEditor());
+    cellEditor()->selectAll();
+    QTest::keyClicks(cellEditor(), u"Ferry & Sons"_s);
+    QVERIFY(window().isWindowModified());
+    QTest::keyClick(cellEditor(), Qt::Key_Return);
+
+    trigger(u"saveDocument:"_s);
+
+    QCOMPARE(fieldInFile(1), u"Ferry & Sons"_s);
+    QVERIFY(!window().isWindowModified());
+}
+
+void EditorWindowTest::aTextTypedIsFoundAgainInTheFile()
+{
+    auto *text = window().findChild<FreeformTextEdit *>();
+    text->setFocus();
+    QTest::keyClicks(text, u"Typed "_s);
+    const QString shown = text->plainCharacters();
+    const QString identifier = window().controller().currentRecord()->identifier();
+
+    trigger(u"goToNextRecord:"_s);
+    QVERIFY(window().controller().currentRecord()->identifier() != identifier);
+    trigger(u"saveDocument:"_s);
+
+    const auto written = DatafileDocument::open(document().services(), g_path, SelectionOnOpening::AsStored);
+    QCOMPARE((*written)->datafileRecords().recordForIdentifier(identifier)->textString(), shown);
+}
+
+void EditorWindowTest::tabAndBacktabWalkThroughTheFieldsAndWrap()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    const int last = fields.model()->rowCount() - 1;
+    fields.editCell(last, 1);
+    QVERIFY(cellEditor());
+
+    QTest::keyClick(cellEditor(), Qt::Key_Tab);
+    QCOMPARE(fields.currentIndex().row(), 0);
+    QVERIFY(cellEditor());
+    QTest::keyClick(cellEditor(), Qt::Key_Backtab);
+    QCOMPARE(fields.currentIndex().row(), last);
+}
+
+void EditorWindowTest::escapePutsTheOldValueBack()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    const QString before = fields.model()->index(0, 1).data().toString();
+    fields.editCell(0, 1);
+    QVERIFY(cellEditor());
+    QTest::keyClicks(cellEditor(), u"nobody"_s);
+    QTest::keyClick(cellEditor(), Qt::Key_Escape);
+
+    QCOMPARE(fields.model()->index(0, 1).data().toString(), before);
+}
+
+void EditorWindowTest::lookingThroughCellsChangesNothing()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    fields.editCell(0, 1);
+    for (int i = 0; i < fields.model()->rowCount() + 1; ++i) {
+        QVERIFY(cellEditor());
+        QTest::keyClick(cellEditor(), Qt::Key_Tab);
+    }
+    trigger(u"goToNextRecord:"_s);
+
+    QVERIFY(!document().isModified());
+}
+
+void EditorWindowTest::listViewShowsTheRowThatIsChosen()
+{
+    trigger(u"goToFirstRecord:"_s);
+    window().controller().setMode(u"List"_s);
+    RecordTableView &list = table(u"listTableView"_s);
+    QVERIFY(list.isVisible());
+    QCOMPARE(list.currentIndex().row(), 0);
+
+    QTest::mouseClick(
+        list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(3, 0)).center());
+    QCOMPARE(window().controller().indexOfCurrentRecord(), 3);
+    const QString text = window().findChild<FreeformTextEdit *>()->plainCharacters();
+    QCOMPARE(text, window().controller().currentRecord()->textString());
+
+    list.endEditing();
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Down);
+    QCOMPARE(window().controller().indexOfCurrentRecord(), 4);
+}
+
+void EditorWindowTest::noShortcutAndNoMnemonicIsGivenTwice()
+{
+    QSet<QString> shortcuts;
+    for (const QAction *top : window().menuBar()->actions()) {
+        QSet<QChar> mnemonics;
+        for (const QAction *item : top->menu()->actions()) {
+            if (item->isSeparator())
+                continue;
+            const qsizetype mark = item->text().indexOf(u'&');
+            QVERIFY2(mark >= 0, qPrintable(item->text()));
+            const QChar mnemonic = item->text().at(mark + 1).toLower();
+            QVERIFY2(!mnemonics.contains(mnemonic), qPrintable(item->text()));
+            mnemonics.insert(mnemonic);
+            for (const QKeySequence &keys : item->shortcuts()) {
+                QVERIFY2(!keys.isEmpty() && !shortcuts.contains(keys.toString()), qPrintable(item->text()));
+                shortcuts.insert(keys.toString());
+            }
+        }
+    }
+    QVERIFY(shortcuts.contains(u"Ctrl+S"_s));
+}
+
+QTEST_MAIN(EditorWindowTest)
+#include "EditorWindowTest.moc"
