@@ -48,7 +48,7 @@ public:
     /// Applies a frame, shrunk and moved onto the screen where need be; an unreadable one changes nothing.
     virtual void setFrame(const QString &frame) = 0;
 
-    /// Height of the table above the divider, in points.
+    /// Height of the table above the divider as it was set or dragged, in points; -1: never.
     virtual double splitHeight() const = 0;
     virtual void setSplitHeight(double height) = 0;
 };

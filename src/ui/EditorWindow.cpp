@@ -219,7 +219,8 @@ void EditorWindow::setFrame(const QString &frame)
 
 double EditorWindow::splitHeight() const
 {
-    return g_splitter->sizes().value(0);
+    // As set or dragged: what a resize of the window makes of it for a moment is nobody's choice.
+    return g_wantedSplitHeight;
 }
 
 void EditorWindow::setSplitHeight(double height)

@@ -135,8 +135,10 @@ void EditorWindow::buildTextArea()
     g_splitter->addWidget(area);
     g_splitter->setStretchFactor(0, 0);
     g_splitter->setStretchFactor(1, 1);
-    connect(
-        g_splitter, &QSplitter::splitterMoved, &g_controller, &EditorWindowController::viewGeometryDidChange);
+    connect(g_splitter, &QSplitter::splitterMoved, this, [this](int position) {
+        g_wantedSplitHeight = position;
+        g_controller.viewGeometryDidChange();
+    });
 }
 
 QAction *EditorWindow::actionFor(const QString &selector)

@@ -64,6 +64,14 @@ void FreeformTextEdit::changeEvent(QEvent *event)
         applyPaperColor();
 }
 
+void FreeformTextEdit::showEvent(QShowEvent *event)
+{
+    QTextEdit::showEvent(event);
+    // Lines are broken anew for the width that the text really got; its beginning is what to see first.
+    const auto scrollToStart = [this] { verticalScrollBar()->setValue(0); };
+    QMetaObject::invokeMethod(verticalScrollBar(), scrollToStart, Qt::QueuedConnection);
+}
+
 void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
 {
     if (source->hasText())

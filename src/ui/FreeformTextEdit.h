@@ -32,6 +32,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
