@@ -183,8 +183,7 @@ void DatafileCheck::checkCatalog(const plist::Value *catalog,
     const plist::Array entries = catalog ? *catalog->array() : plist::Array();
     if (entries.size() != records.size())
         reportCatalog(u"catalog-count"_s,
-                      tr("%1 shows %2 records, but actually contains %3.")
-                          .arg(fileName, QString::number(entries.size()), QString::number(records.size())));
+                      DatafileDocument::catalogMismatchMessage(fileName, {entries.size(), records.size()}));
     if (catalog)
         checkEntries(entries, records);
     else if (!records.isEmpty())

@@ -123,6 +123,7 @@ public:
     std::optional<CatalogMismatch> catalogMismatch() const;
     /// The question's message, for people.
     QString catalogMismatchMessage() const;
+    static QString catalogMismatchMessage(const QString &fileName, const CatalogMismatch &counts);
     /// Answers "Correct the Problem": one entry for each record, all selected. The old order is lost.
     void correctCatalog();
     /// Answers "Don't Correct": the catalog is used as read.

@@ -3,6 +3,7 @@
 
 // Opening, reverting and the repair of the catalog.
 
+#include "base/FilledIn.h"
 #include "document/DatafileContents.h"
 #include "document/DatafileDocument.h"
 
@@ -46,7 +47,7 @@ Result<std::unique_ptr<DatafileDocument>> DatafileDocument::open(const DocumentS
 
 QString DatafileDocument::tooNewMessage(const QString &fileName)
 {
-    return tr("\"%1\" was made by a newer version.").arg(fileName);
+    return filledIn(tr("\"%@\" was made by a newer version."), {fileName});
 }
 
 QString DatafileDocument::tooNewInformativeText()
@@ -115,10 +116,13 @@ std::optional<CatalogMismatch> DatafileDocument::catalogMismatch() const
 
 QString DatafileDocument::catalogMismatchMessage() const
 {
-    const CatalogMismatch counts = g_catalogMismatch.value_or(CatalogMismatch());
-    // In one go: a file's name may hold what looks like a place for a number.
-    return tr("%1 shows %2 records, but actually contains %3.")
-        .arg(displayName(), QString::number(counts.catalogCount), QString::number(counts.recordCount));
+    return catalogMismatchMessage(displayName(), g_catalogMismatch.value_or(CatalogMismatch()));
+}
+
+QString DatafileDocument::catalogMismatchMessage(const QString &fileName, const CatalogMismatch &counts)
+{
+    return filledIn(tr("%@ shows %U records, but actually contains %U."),
+                    {fileName, QString::number(counts.catalogCount), QString::number(counts.recordCount)});
 }
 
 void DatafileDocument::correctCatalog()

@@ -3,9 +3,9 @@
 
 #include "editor/EditorPermission.h"
 
+#include "base/FilledIn.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EnterPasswordSheetController.h"
-#include "editor/FilledIn.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

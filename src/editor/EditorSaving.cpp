@@ -3,10 +3,10 @@
 
 #include "editor/EditorSaving.h"
 
+#include "base/FilledIn.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
-#include "editor/FilledIn.h"
 
 #include <QFileInfo>
 #include <QTime>

@@ -5,11 +5,11 @@
 
 #include "editor/EditorWindowController.h"
 
+#include "base/FilledIn.h"
 #include "base/Log.h"
 #include "editor/EditorPermission.h"
 #include "editor/EditorSaving.h"
 #include "editor/EditorTableController.h"
-#include "editor/FilledIn.h"
 
 #include <QFontDatabase>
 #include <QLocale>

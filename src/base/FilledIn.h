@@ -9,8 +9,8 @@
 
 namespace tavrin {
 
-/// A text whose places "%@" and "%lu" take the arguments in order. What is put in is not looked at again,
-/// so a file name may hold such a place itself.
+/// A text whose places "%@", "%U", "%d", "%lu" and "%ld" take the arguments in order. What is put in is not
+/// looked at again, so a file name may hold such a place itself.
 QString filledIn(const QString &text, std::initializer_list<QString> arguments);
 
 } // namespace tavrin
