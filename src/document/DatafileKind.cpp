@@ -3,7 +3,7 @@
 
 #include "document/DatafileKind.h"
 
-#include <QFileInfo>
+#include "model/StringOperations.h"
 
 namespace tavrin {
 
@@ -30,7 +30,7 @@ QString extensionOf(DatafileKind kind)
 
 std::optional<DatafileKind> datafileKindOfPath(const QString &path)
 {
-    const QString extension = QFileInfo(path).suffix();
+    const QString extension = pathExtension(path);
     for (const DatafileKind kind : {DatafileKind::Pro, DatafileKind::Mobile}) {
         if (extension.compare(extensionOf(kind), Qt::CaseInsensitive) == 0)
             return kind;

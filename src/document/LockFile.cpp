@@ -3,6 +3,8 @@
 
 #include "document/LockFile.h"
 
+#include "model/StringOperations.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -25,10 +27,7 @@ QString LockFile::pathFor(const QString &datafilePath)
 
 QString LockFile::shownNameFor(const QString &datafilePath)
 {
-    const QString name = QFileInfo(datafilePath).fileName();
-    const qsizetype point = name.lastIndexOf(u'.');
-    // A leading point begins a hidden name, not an extension.
-    return (point > 0 ? name.first(point) : name) + u".lock"_s;
+    return lastPathComponentWithoutExtension(datafilePath) + u".lock"_s;
 }
 
 bool LockFile::exists(const QString &datafilePath)

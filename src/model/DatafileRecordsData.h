@@ -21,6 +21,11 @@ public:
     {
         return {dictionary, environment};
     }
+
+    QString description() const
+    {
+        return QStringLiteral("DatafileRecordsData: contains %1 records").arg(count());
+    }
 };
 
 /// What the record holds in the first field of that name; null when there is no such field, or nothing in it.

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace tavrin {
 
@@ -20,8 +22,12 @@ QString stringAsBytesWithInt(qint32 count)
     constexpr qint32 giga = 1024 * mega;
     const auto filled = [count](const char *format, qint32 unit) {
         const float amount = static_cast<float>(count) / static_cast<float>(unit);
+        // QString::number() would round a tie such as 1.25 up; the format rounds it to the even digit.
+        std::array<char, 16> digits{};
+        const auto [end, error] =
+            std::to_chars(digits.begin(), digits.end(), amount, std::chars_format::fixed, 1);
         return QCoreApplication::translate("Shared", format)
-            .replace(u"%.1f"_s, QString::number(static_cast<double>(amount), 'f', 1));
+            .replace(u"%.1f"_s, QString::fromLatin1(digits.data(), end - digits.data()));
     };
     if (count == 0)
         return QCoreApplication::translate("Shared", "Zero KB");
@@ -107,7 +113,10 @@ QString stringByCleaningFilenameWithDefault(const QString &text, const QString &
 {
     // Names are limited to 255 bytes; the rest is left for an extension and a number.
     constexpr qsizetype largestSize = 200;
-    QString name = text.trimmed();
+    // A unit takes a byte at least: what is beyond need not be looked at.
+    QString name = text.trimmed().left(largestSize);
+    if (!name.isEmpty() && name.back().isHighSurrogate())
+        name.chop(1);
     for (QChar &c : name) {
         if (c.category() == QChar::Other_Control || QStringView(u"/\\:*?\"<>|").contains(c))
             c = u'-';

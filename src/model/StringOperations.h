@@ -21,7 +21,7 @@ bool containsString(const QString &text, const QString &part);
 
 /// One pass, from the start; what was put in is not searched again.
 QString
-stringByReplacingAllOccurrencesOf(const QString &part, const QString &replacement, const QString &text);
+stringByReplacingAllOccurrencesOf(const QString &text, const QString &part, const QString &replacement);
 /// Until none is left. A replacement that contains the part throws InternalInconsistency.
 void replaceAllOccurrencesOf(QString &text, const QString &part, const QString &replacement);
 

@@ -203,7 +203,7 @@ QString Value::toText() const
     if (isInteger())
         return isUnsigned() ? QString::number(integerBits()) : QString::number(toInt64());
     if (const Real *number = real())
-        return QString::number(number->value, 'g', number->isSingle ? 9 : 17);
+        return QString::number(number->value, 'g', number->isSingle ? 7 : 16);
     return {};
 }
 

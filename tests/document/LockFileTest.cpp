@@ -39,6 +39,7 @@ void LockFileTest::namesOfTheFileAndOfTheMessageDiffer()
     QCOMPARE(LockFile::pathFor(u"/a.b/Friends.old.tv3"_s), u"/a.b/Friends.old.tv3.lock"_s);
     QCOMPARE(LockFile::shownNameFor(u"/a.b/Friends.old.tv3"_s), u"Friends.old.lock"_s);
     QCOMPARE(LockFile::shownNameFor(u"/a.b/Friends"_s), u"Friends.lock"_s);
+    QCOMPARE(LockFile::shownNameFor(u"/a.b/Notes. Old"_s), u"Notes. Old.lock"_s);
     QCOMPARE(LockFile::shownNameFor(u"/a.b/.hidden"_s), u".hidden.lock"_s);
 }
 

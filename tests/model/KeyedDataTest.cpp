@@ -233,6 +233,11 @@ void KeyedDataTest::fieldContentsKeepForeignValuesAroundAnEdit()
     QVERIFY(copy.fields() == (Dictionary{{u"F1"_s, u"new"_s}, {u"F3"_s, plist::Array()}}));
     QCOMPARE(record.fieldValue(u"F1"_s), u"one"_s);
 
+    // As the format's first platform shows them, without the digits that only tell neighbours apart.
+    const RecordData numbers({{u"Fields"_s, Dictionary{{u"F1"_s, 1.1}, {u"F2"_s, 0.1F}}}}, g_environment);
+    QCOMPARE(numbers.fieldValue(u"F1"_s), u"1.1"_s);
+    QCOMPARE(numbers.fieldValue(u"F2"_s), u"0.1"_s);
+
     const RecordData odd({{u"Fields"_s, u"none"_s}}, g_environment);
     QVERIFY(odd.fieldValue(u"F1"_s).isNull());
     QVERIFY(odd.dictionary().value(u"Fields"_s) == Value(u"none"_s));
@@ -262,6 +267,8 @@ void KeyedDataTest::aCollectionKeepsTheOrderAndTheOuterKeys()
     QCOMPARE(records.identifierForRecord(misnamed), u"A"_s);
     QCOMPARE(DatafileRecordsData::identifiersForRecords(QList<const RecordData *>{misnamed}),
              QStringList{u"B"_s});
+
+    QCOMPARE(records.description(), u"DatafileRecordsData: contains 3 records"_s);
 
     records.removeRecord(misnamed);
     QVERIFY(!records.recordForIdentifier(u"A"_s));

@@ -88,6 +88,7 @@ void OperationsTest::bytesReadAsSizes_data()
     QTest::newRow("0") << u"Zero KB"_s;
     QTest::newRow("1023") << u"1023 bytes"_s;
     QTest::newRow("1024") << u"1.0 KB"_s;
+    QTest::newRow("1280") << u"1.2 KB"_s; // a tie goes to the even digit
     QTest::newRow("1048575") << u"1024.0 KB"_s;
     QTest::newRow("1048576") << u"1.0 MB"_s;
     QTest::newRow("1073741824") << u"1.0 GB"_s;
@@ -158,6 +159,7 @@ void OperationsTest::fileNamesAreCleaned()
     QCOMPARE(stringByCleaningFilenameWithDefault(u" a/b:c\n "_s, u"x"_s), u"a-b-c"_s);
     QCOMPARE(stringByCleaningFilenameWithDefault(u"..hidden. "_s, u"x"_s), u"hidden"_s);
     QCOMPARE(stringByCleaningFilenameWithDefault(u" .. "_s, u"x"_s), u"x"_s);
+    QCOMPARE(stringByCleaningFilenameWithDefault(QString(50'000'000, u'a'), u"x"_s), QString(200, u'a'));
     const QString faces = QString::fromUtf8("\xF0\x9F\x98\x80").repeated(100);
     const QString cut = stringByCleaningFilenameWithDefault(faces, u"x"_s);
     QCOMPARE(cut, faces.first(100)); // 50 characters of four bytes, none of them cut in two
