@@ -128,7 +128,6 @@ void EditorWindowController::addRecord()
     RecordData *record = g_document.datafileRecords().recordForIdentifier(identifier);
     loadRecord(record);
     insertInViewedRecordList(record);
-    Q_EMIT operationsChanged();
     focusFirstField();
     g_lastHitField = -1;
 }
@@ -180,14 +179,13 @@ void EditorWindowController::deleteCurrentRecord()
         return;
     if (g_view->isTableEditing())
         g_view->endTableEditing();
-    const QString identifier = identifierOf(g_currentRecord);
-    g_viewedRecordList.remove(identifier);
-    removeRecord(identifier, indexOfCurrentRecord());
+    removeRecord(identifierOf(g_currentRecord), indexOfCurrentRecord());
 }
 
 void EditorWindowController::removeRecord(const QString &identifier, qint64 index)
 {
     const qint64 lastIndex = countSelected() - 1;
+    g_viewedRecordList.remove(identifier);
     g_document.deleteRecord(identifier);
     g_currentRecord = nullptr;
     if (countSelected() == 0) {

@@ -108,8 +108,10 @@ void EditorWindowController::updateFreeformTextEditability()
 
 void EditorWindowController::insertInViewedRecordList(const RecordData *record)
 {
-    if (!g_movingInViewedRecordList)
-        g_viewedRecordList.insert(identifierOf(record));
+    if (g_movingInViewedRecordList)
+        return;
+    g_viewedRecordList.insert(identifierOf(record));
+    Q_EMIT operationsChanged();
 }
 
 // Writing back.

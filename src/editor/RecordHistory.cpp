@@ -7,11 +7,12 @@ namespace tavrin {
 
 void RecordHistory::insert(const QString &identifier)
 {
+    // The position can stand behind the end where the window opened without a record to show.
     if (g_identifiers.size() >= 2)
-        g_identifiers = g_identifiers.first(g_position + 1);
+        g_identifiers = g_identifiers.first(qMin(g_position + 1, g_identifiers.size()));
     if (!g_identifiers.isEmpty() && g_identifiers.last() == identifier)
         return;
-    ++g_position;
+    g_position = qMin(g_position + 1, qMax<qsizetype>(1, g_identifiers.size()));
     g_identifiers.append(identifier);
 }
 

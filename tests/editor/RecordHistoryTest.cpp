@@ -14,6 +14,7 @@ class RecordHistoryTest : public QObject
 
 private Q_SLOTS:
     void aRepeatIsNotRecorded();
+    void aWindowThatOpenedWithoutARecordGoesBackInOrder();
     void removingKeepsTheFirstEntryAndThePosition_data();
     void removingKeepsTheFirstEntryAndThePosition();
 
@@ -37,6 +38,19 @@ void RecordHistoryTest::aRepeatIsNotRecorded()
 
     QCOMPARE(history.identifiers().join(u""_s), u"ABA"_s);
     QCOMPARE(history.position(), 2);
+}
+
+void RecordHistoryTest::aWindowThatOpenedWithoutARecordGoesBackInOrder()
+{
+    RecordHistory history;
+    history.resetPosition();
+    for (const QChar record : u"ABC"_s)
+        history.insert(record);
+
+    QCOMPARE(history.identifiers().join(u""_s), u"ABC"_s);
+    QCOMPARE(history.goBack(), u"B"_s);
+    QCOMPARE(history.goBack(), u"A"_s);
+    QVERIFY(!history.canGoBack());
 }
 
 void RecordHistoryTest::removingKeepsTheFirstEntryAndThePosition_data()
