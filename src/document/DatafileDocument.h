@@ -104,6 +104,10 @@ public:
     /// Saves whenever the window permits saving; Refused when it does not, or there is no file yet.
     Result<> forceSave();
 
+    /// The first save of a document that has no file yet, of either kind: `path` becomes its file. When that
+    /// fails it has none, as before.
+    Result<> saveToFirstFile(const QString &path);
+
     /// Makes `path` the document's file, writable, and writes it there. The unsaved mark stays as it was, and
     /// is set when the file was not written. Nothing at all happens while the window does not permit saving.
     SaveAsOutcome saveDocumentAs(const QString &path);

@@ -4,6 +4,7 @@
 // Saving in all its forms. The file's safety is that of writeDurably(); here is decided what may be written.
 
 #include "base/DurableFile.h"
+#include "base/InternalInconsistency.h"
 #include "document/DatafileContents.h"
 #include "document/DatafileDocument.h"
 #include "plist/Writer.h"
@@ -137,6 +138,21 @@ Result<> DatafileDocument::saveNormally()
     updateChangeCount(ChangeCount::Cleared);
     if (g_editing)
         g_editing->markCurrentRecordClean();
+    return {};
+}
+
+Result<> DatafileDocument::saveToFirstFile(const QString &path)
+{
+    if (!g_filePath.isEmpty())
+        throw InternalInconsistency("-saveToFirstFile: -- The document has a file already.");
+    if (g_editing)
+        g_editing->endListEditing();
+    g_filePath = path;
+    if (const Result<> saved = forceSave(); !saved) {
+        g_filePath.clear();
+        return saved;
+    }
+    Q_EMIT fileChanged();
     return {};
 }
 

@@ -8,6 +8,7 @@
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QTime>
 
@@ -75,8 +76,12 @@ void EditorSaving::autoSave()
 
 void EditorSaving::save(const Written &done)
 {
-    if (g_document.openedReadOnly() || g_document.filePath().isEmpty()) {
+    if (g_document.openedReadOnly()) {
         saveAs(done);
+        return;
+    }
+    if (g_document.filePath().isEmpty()) {
+        saveFirst(done);
         return;
     }
     if (!g_document.isModified() || !g_document.changedOnDisk()) {
@@ -105,7 +110,7 @@ void EditorSaving::writeToOwnFile(const Written &done)
     }
     switch (*saved) {
     case DatafileDocument::SaveOutcome::Saved:
-        Q_EMIT g_window.statusMessage(tr("Saved at %1").arg(QTime::currentTime().toString(u"HH:mm"_s)));
+        tellSaved();
         done(true);
         break;
     case DatafileDocument::SaveOutcome::NeedsSaveAs:
@@ -116,6 +121,29 @@ void EditorSaving::writeToOwnFile(const Written &done)
         done(!g_document.isModified());
         break;
     }
+}
+
+/// A datafile without a file gets one; it is no Save As, whose alert comes even when all went well.
+void EditorSaving::saveFirst(const Written &done)
+{
+    askForFile(tr("Save"), [this, done](const QString &path) {
+        if (path.isEmpty()) {
+            done(false);
+            return;
+        }
+        g_window.updateCurrentRecord();
+        const Result<> saved = g_document.saveToFirstFile(path);
+        if (saved)
+            tellSaved();
+        else
+            reportFailure(saved.error());
+        done(saved.has_value());
+    });
+}
+
+void EditorSaving::tellSaved()
+{
+    Q_EMIT g_window.statusMessage(tr("Saved at %1").arg(QTime::currentTime().toString(u"HH:mm"_s)));
 }
 
 // Save As, Save a Copy As.
@@ -167,7 +195,7 @@ void EditorSaving::saveCopy(const QString &path)
     if (const Result<> written = g_document.saveCopyAs(path); !written)
         showAlert(g_sheets, written.error().message, tr("No copy was saved."));
     else
-        showAlert(g_sheets, tr("A copy was saved."), path);
+        Q_EMIT g_window.statusMessage(tr("A copy was saved: %1").arg(QDir::toNativeSeparators(path)));
 }
 
 // Revert.
@@ -200,6 +228,9 @@ void EditorSaving::revert()
 
 void EditorSaving::requestClose()
 {
+    // Whoever asks again, as quitting does, gets the answer to the question that is on the screen.
+    if (g_askingAboutClosing)
+        return;
     if (!g_document.isModified()) {
         answerClose(true);
         return;
@@ -214,8 +245,16 @@ void EditorSaving::requestClose()
         askWhetherToLoseChanges();
 }
 
+void EditorSaving::askAboutClosing(std::unique_ptr<AlertSheetController> alert,
+                                   const std::function<void(int returnCode)> &answered)
+{
+    g_askingAboutClosing = true;
+    ask(std::move(alert), answered);
+}
+
 void EditorSaving::answerClose(bool allowed)
 {
+    g_askingAboutClosing = false;
     if (allowed)
         Q_EMIT g_window.closeAllowed();
     else
@@ -227,22 +266,23 @@ void EditorSaving::askWhetherToSave()
     constexpr qsizetype cancelButton = 1;
     constexpr qsizetype loseButton = 2;
     // A datafile of the mobile kind is not saved by Save.
-    const bool needsFile =
-        g_document.isMobile() || g_document.openedReadOnly() || g_document.filePath().isEmpty();
+    const bool isFirst = g_document.filePath().isEmpty() && !g_document.openedReadOnly();
+    const bool needsSaveAs = !isFirst && (g_document.isMobile() || g_document.openedReadOnly());
+    const QString saveButton = isFirst ? tr("Save…") : needsSaveAs ? tr("Save As…") : tr("Save");
     auto alert = std::make_unique<AlertSheetController>(
         filledIn(tr("Do you want to save the changes made to the document “%@”?"),
                  {g_document.displayName()}),
         tr("Your changes will be lost if you don’t save them."),
-        QStringList{needsFile ? tr("Save As…") : tr("Save"), tr("Cancel"), tr("Don’t Save")});
+        QStringList{saveButton, tr("Cancel"), tr("Don’t Save")});
     alert->setCancelButton(cancelButton);
     alert->setDestructiveButton(loseButton);
-    ask(std::move(alert), [this, needsFile](int returnCode) {
+    askAboutClosing(std::move(alert), [this, needsSaveAs](int returnCode) {
         const Written done = [this](bool written) { answerClose(written); };
         if (returnCode == QVSheetController::ThirdButton)
             answerClose(true);
         else if (returnCode != QVSheetController::FirstButton)
             answerClose(false);
-        else if (needsFile)
+        else if (needsSaveAs)
             saveAs(done);
         else
             save(done);
@@ -257,8 +297,8 @@ void EditorSaving::askWhetherToLoseChanges()
         tr("The datafile’s password was not entered. Your changes will be lost if you close it."),
         QStringList{tr("Close Without Saving"), tr("Cancel")});
     alert->setDestructiveButton(0);
-    ask(std::move(alert),
-        [this](int returnCode) { answerClose(returnCode == QVSheetController::FirstButton); });
+    askAboutClosing(std::move(alert),
+                    [this](int returnCode) { answerClose(returnCode == QVSheetController::FirstButton); });
 }
 
 } // namespace tavrin

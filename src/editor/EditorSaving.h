@@ -43,12 +43,16 @@ private:
 
     void save(const Written &done);
     void writeToOwnFile(const Written &done);
+    void saveFirst(const Written &done);
+    void tellSaved();
     void saveAs(const Written &done);
     void didSaveAs(const QString &path, const Written &done);
     void saveCopy(const QString &path);
     void revert();
     void askWhetherToSave();
     void askWhetherToLoseChanges();
+    void askAboutClosing(std::unique_ptr<AlertSheetController> alert,
+                         const std::function<void(int returnCode)> &answered);
     void answerClose(bool allowed);
     void reportFailure(const Error &error);
 
@@ -60,6 +64,7 @@ private:
     EditorWindowController &g_window;
     DatafileDocument &g_document;
     SheetHost &g_sheets;
+    bool g_askingAboutClosing = false;
 };
 
 } // namespace tavrin

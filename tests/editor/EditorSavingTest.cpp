@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aCopyLeavesTheDatafileUnsaved();
     void closingAsksAboutUnsavedChanges_data();
     void closingAsksAboutUnsavedChanges();
+    void askingToCloseTwiceAsksOnce();
     void closingANewDatafileClosesOnlyWhenItWasWritten_data();
     void closingANewDatafileClosesOnlyWhenItWasWritten();
     void withoutThePasswordClosingOffersNoSaving();
@@ -145,10 +146,10 @@ void EditorSavingTest::aCopyLeavesTheDatafileUnsaved()
     editor.open();
     editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
     chooseFile(editor, editor.folder.filePath(u"Copy.tv3"_s));
-    editor.sheets.answerAlert(1000);
 
     editor.window->saveCopyAs();
 
+    QVERIFY(editor.sheets.allAnswered());
     QVERIFY(editor.document->isModified());
     QCOMPARE(editor.document->filePath(), editor.path());
     QCOMPARE(editor.onDisk(u"r0"_s), u"A"_s);
@@ -187,6 +188,26 @@ void EditorSavingTest::closingAsksAboutUnsavedChanges()
     QTEST(editor.onDisk(u"r0"_s), "onDisk");
 }
 
+void EditorSavingTest::askingToCloseTwiceAsksOnce()
+{
+    EditorFixture editor;
+    editor.open();
+    QSignalSpy refused(editor.window.get(), &EditorWindowController::closeRefused);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
+    // Somebody quits from another window while the question is open: the script knows of one sheet only.
+    editor.sheets.answerNext<AlertSheetController>([&editor](auto &sheet) {
+        editor.window->requestClose();
+        sheet.cancel();
+    });
+
+    editor.window->requestClose();
+
+    QCOMPARE(refused.size(), 1);
+    editor.sheets.answerAlert(1001);
+    editor.window->requestClose();
+    QVERIFY(editor.sheets.allAnswered());
+}
+
 void EditorSavingTest::closingANewDatafileClosesOnlyWhenItWasWritten_data()
 {
     QTest::addColumn<QString>("fileName");
@@ -210,12 +231,16 @@ void EditorSavingTest::closingANewDatafileClosesOnlyWhenItWasWritten()
         editor.sheets.answerNext<FileSheetController>([](auto &sheet) { sheet.cancel(); });
     } else {
         chooseFile(editor, editor.folder.filePath(fileName));
-        editor.sheets.answerAlert(1000);
+        // Only a failure is told: the first save of a datafile is no Save As.
+        if (!closes)
+            editor.sheets.answerAlert(1000);
     }
 
     editor.window->requestClose();
 
     QCOMPARE(allowed.size(), closes ? 1 : 0);
+    QCOMPARE(editor.document->isModified(), !closes);
+    QCOMPARE(editor.document->filePath().isEmpty(), !closes);
     QVERIFY(editor.sheets.allAnswered());
 }
 
