@@ -28,6 +28,10 @@ struct Overloaded : Handlers...
     using Handlers::operator()...;
 };
 
+// Clang before 17 does not find this by itself.
+template <typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;
+
 } // namespace
 
 // The two views.
