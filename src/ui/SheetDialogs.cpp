@@ -37,6 +37,8 @@ QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
     box->setText(sheet.messageText());
     box->setInformativeText(sheet.informativeText());
     box->setIcon(sheet.buttons().size() > 1 ? QMessageBox::Question : QMessageBox::Information);
+    // Return alone must not lose anything.
+    const qsizetype defaultButton = sheet.destructiveButton() == 0 ? sheet.cancelButton() : 0;
     // By the button that was hit, not by its role: the desktop orders and the sheet numbers them.
     for (qsizetype i = 0; i < sheet.buttons().size(); ++i) {
         QMessageBox::ButtonRole role = i == 0 ? QMessageBox::AcceptRole : QMessageBox::ActionRole;
@@ -45,7 +47,7 @@ QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
         else if (i != 0 && i == sheet.cancelButton())
             role = QMessageBox::RejectRole;
         QPushButton *button = box->addButton(sheet.buttons().at(i), role);
-        if (i == 0)
+        if (i == defaultButton)
             box->setDefaultButton(button);
         if (i == sheet.cancelButton())
             box->setEscapeButton(button);

@@ -42,6 +42,16 @@ void WidgetSheetHost::showNext()
         if (!sheet->isFinished())
             sheet->cancel();
     });
+    // So does one that goes with its window: otherwise no later sheet would ever be shown.
+    connect(
+        g_dialog.data(),
+        &QObject::destroyed,
+        sheet,
+        [sheet] {
+            if (!sheet->isFinished())
+                sheet->cancel();
+        },
+        Qt::QueuedConnection);
     g_dialog->open();
 }
 

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void theButtonThatWasHitGivesTheCode();
     void escapeAndTheClosedFrameCancel();
     void sheetsComeOneAfterTheOther();
+    void aSheetThatGoesWithItsWindowMakesWay();
+    void returnDoesNotDestroy();
     void theEntryDecidesWhetherOkayIsEnabled();
     void everySheetHasADialog();
 
@@ -117,6 +119,35 @@ void WidgetSheetHostTest::sheetsComeOneAfterTheOther()
     QCOMPARE(codes.size(), 1);
     shown<QMessageBox>()->buttons().constFirst()->click();
     QCOMPARE(codes.size(), 2);
+}
+
+void WidgetSheetHostTest::aSheetThatGoesWithItsWindowMakesWay()
+{
+    auto window = std::make_unique<QWidget>();
+    WidgetSheetHost host([&window] { return window.get(); });
+    QList<int> codes;
+    begin(host, std::make_unique<GotoRecordSheetController>(5), codes);
+    begin(host, std::make_unique<AlertSheetController>(u"two"_s, QString()), codes);
+
+    window.reset();
+
+    QTRY_VERIFY(shown<QMessageBox>());
+    QCOMPARE(codes, QList<int>{QVSheetController::SecondButton});
+}
+
+void WidgetSheetHostTest::returnDoesNotDestroy()
+{
+    QWidget window;
+    WidgetSheetHost host([&window] { return &window; });
+    QList<int> codes;
+    auto alert =
+        std::make_unique<AlertSheetController>(u"Delete?"_s, QString(), QStringList{u"OK"_s, u"Cancel"_s});
+    alert->setDestructiveButton(0);
+    begin(host, std::move(alert), codes);
+
+    QTest::keyClick(shown<QMessageBox>(), Qt::Key_Return);
+
+    QCOMPARE(codes, QList<int>{QVSheetController::SecondButton});
 }
 
 void WidgetSheetHostTest::theEntryDecidesWhetherOkayIsEnabled()
