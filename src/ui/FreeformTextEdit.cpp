@@ -3,6 +3,8 @@
 
 #include "ui/FreeformTextEdit.h"
 
+#include "ui/DatafileDrop.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -70,6 +72,12 @@ void FreeformTextEdit::showEvent(QShowEvent *event)
     // Lines are broken anew for the width that the text really got; its beginning is what to see first.
     const auto scrollToStart = [this] { verticalScrollBar()->setValue(0); };
     QMetaObject::invokeMethod(verticalScrollBar(), scrollToStart, Qt::QueuedConnection);
+}
+
+bool FreeformTextEdit::canInsertFromMimeData(const QMimeData *source) const
+{
+    // A datafile that is dropped goes to the window, which opens it.
+    return source->hasText() && droppedDatafiles(*source).isEmpty();
 }
 
 void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
