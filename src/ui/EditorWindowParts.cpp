@@ -38,6 +38,7 @@ void EditorWindow::buildTables()
 
     g_basicTable = new RecordTableView(g_tables);
     g_basicTable->setObjectName(u"basicTableView"_s);
+    g_basicTable->setFirstColumn(BasicTableModel::ValueColumn);
     g_basicTable->setAccessibleName(tr("Fields of the record"));
     g_basicTable->setModel(&tables.basicTableModel());
     g_basicTable->horizontalHeader()->hide();

@@ -57,6 +57,20 @@ void RecordTableView::editCell(int row, int column)
         editor->selectAll();
 }
 
+void RecordTableView::focusInEvent(QFocusEvent *event)
+{
+    // Whoever starts typing at once types into the first value.
+    if (!currentIndex().isValid())
+        selectionModel()->setCurrentIndex(model()->index(0, g_firstColumn), QItemSelectionModel::NoUpdate);
+    QTableView::focusInEvent(event);
+}
+
+QModelIndex RecordTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex index = QTableView::moveCursor(action, modifiers);
+    return index.isValid() && index.column() < g_firstColumn ? index.siblingAtColumn(g_firstColumn) : index;
+}
+
 void RecordTableView::mouseReleaseEvent(QMouseEvent *event)
 {
     QTableView::mouseReleaseEvent(event);

@@ -18,6 +18,9 @@ public:
 
     bool isEditing() const { return state() == QAbstractItemView::EditingState; }
 
+    /// The first column that the keyboard reaches: a label before it is not a place to be.
+    void setFirstColumn(int column) { g_firstColumn = column; }
+
     /// Commits the cell being edited.
     void endEditing();
 
@@ -29,7 +32,12 @@ Q_SIGNALS:
     void uneditableCellClicked(const QModelIndex &index);
 
 protected:
+    void focusInEvent(QFocusEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+private:
+    int g_firstColumn = 0;
 };
 
 } // namespace tavrin

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aFieldEditedByKeyboardIsFoundAgainInTheFile();
     void aTextTypedIsFoundAgainInTheFile();
     void tabAndBacktabWalkThroughTheFieldsAndWrap();
+    void whoTypesAtOnceTypesIntoTheFirstField();
     void escapePutsTheOldValueBack();
     void lookingThroughCellsChangesNothing();
     void listViewShowsTheRowThatIsChosen();
@@ -138,6 +139,20 @@ void EditorWindowTest::tabAndBacktabWalkThroughTheFieldsAndWrap()
     QVERIFY(cellEditor());
     QTest::keyClick(cellEditor(), Qt::Key_Backtab);
     QCOMPARE(fields.currentIndex().row(), last);
+}
+
+void EditorWindowTest::whoTypesAtOnceTypesIntoTheFirstField()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    fields.setCurrentIndex({});
+    window().findChild<FreeformTextEdit *>()->setFocus();
+    fields.setFocus();
+    QTest::keyClick(&fields, Qt::Key_Left);
+
+    QTest::keyClick(&fields, Qt::Key_X);
+
+    QVERIFY(cellEditor());
+    QCOMPARE(fields.currentIndex(), fields.model()->index(0, 1));
 }
 
 void EditorWindowTest::escapePutsTheOldValueBack()
