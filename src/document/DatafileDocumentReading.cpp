@@ -95,9 +95,10 @@ Result<> DatafileDocument::revertToContents()
 {
     if (const Result<> read = readFromURL(g_filePath, typeNameOf(g_kind)); !read)
         return read.error();
-    updateChangeCount(ChangeCount::Cleared);
+    // First of all: the old records are gone, and nobody may look at them for any other news.
     announce(DatafileReverted{});
     Q_EMIT revertedDatafileWindow();
+    updateChangeCount(ChangeCount::Cleared);
     return {};
 }
 

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void aFailedSaveKeepsTheChanges();
     void aReadOnlyDatafileIsSavedElsewhere();
     void aCopyLeavesTheDatafileUnsaved();
+    void revertingNeverShowsARecordThatIsGone();
     void closingAsksAboutUnsavedChanges_data();
     void closingAsksAboutUnsavedChanges();
     void askingToCloseTwiceAsksOnce();
@@ -155,6 +156,30 @@ void EditorSavingTest::aCopyLeavesTheDatafileUnsaved()
     QCOMPARE(editor.onDisk(u"r0"_s), u"A"_s);
     editor.name = u"Copy.tv3"_s;
     QCOMPARE(editor.onDisk(u"r0"_s), u"mine"_s);
+}
+
+void EditorSavingTest::revertingNeverShowsARecordThatIsGone()
+{
+    EditorFixture editor;
+    editor.open();
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
+    bool alwaysThere = true;
+    const auto look = [&] {
+        const RecordData *record = editor.window->currentRecord();
+        alwaysThere =
+            alwaysThere
+            && (!record || record == editor.document->datafileRecords().recordForIdentifier(u"r0"_s));
+    };
+    connect(editor.window.get(), &EditorWindowController::titleChanged, this, look);
+    connect(editor.window.get(), &EditorWindowController::operationsChanged, this, look);
+    connect(editor.window.get(), &EditorWindowController::statusChanged, this, look);
+    editor.sheets.answerAlert(1000);
+
+    editor.window->revertDocumentToSaved();
+
+    QVERIFY(alwaysThere);
+    QVERIFY(!editor.document->isModified());
+    QCOMPARE(editor.valueIn(u"r0"_s), u"A"_s);
 }
 
 void EditorSavingTest::closingAsksAboutUnsavedChanges_data()
