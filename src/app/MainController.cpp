@@ -34,11 +34,11 @@ QString canonicalPath(const QString &path)
 } // namespace
 
 MainController::MainController(Preferences &preferences,
-                               const Environment &environment,
+                               Environment environment,
                                DatafileWindowFactory &windows,
                                SheetHost &sheets)
     : g_preferences(preferences)
-    , g_environment(environment)
+    , g_environment(std::move(environment))
     , g_windows(windows)
     , g_sheets(sheets)
     , g_recentDatafiles(preferences)

@@ -31,7 +31,7 @@ class MainController : public QObject
 
 public:
     MainController(Preferences &preferences,
-                   const Environment &environment,
+                   Environment environment,
                    DatafileWindowFactory &windows,
                    SheetHost &sheets);
     ~MainController() override;

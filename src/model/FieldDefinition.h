@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace tavrin {
 
 /// One field of a datafile: a view of its stored dictionary.
@@ -18,7 +20,7 @@ class FieldDefinition
 {
 public:
     FieldDefinition() = default;
-    explicit FieldDefinition(const plist::Dictionary &dictionary) : g_dictionary(dictionary) {}
+    explicit FieldDefinition(plist::Dictionary dictionary) : g_dictionary(std::move(dictionary)) {}
     FieldDefinition(const QString &identifier, const QString &name, double width = newWidth);
 
     QString identifier() const;

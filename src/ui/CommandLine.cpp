@@ -25,7 +25,7 @@ namespace {
 /// The value of an option that takes one of a few words; empty when it was not given.
 QString chosen(const QCommandLineParser &parser, const QString &option, const QStringList &words)
 {
-    const QString value = parser.value(option);
+    QString value = parser.value(option);
     if (!value.isEmpty() && !words.contains(value))
         refuse(u"--%1 takes one of: %2"_s.arg(option, words.join(u", "_s)));
     return value;

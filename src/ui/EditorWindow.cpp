@@ -105,7 +105,10 @@ void EditorWindow::updateStatus()
 
 void EditorWindow::updateTitle()
 {
-    setWindowTitle(g_controller.windowTitle() + u"[*]"_s);
+    QString title = g_controller.windowTitle() + u"[*]"_s;
+    if (g_controller.document().openedReadOnly())
+        title += tr(" (read-only)");
+    setWindowTitle(title + u" — Tavrin"_s);
     setWindowFilePath(g_controller.document().filePath());
     setWindowModified(g_controller.document().isModified());
     g_textTitle->setText(g_controller.textName());

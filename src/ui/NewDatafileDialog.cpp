@@ -50,9 +50,11 @@ NewDatafileDialog::NewDatafileDialog(NewDatafileSheetController &sheet, QWidget 
 
     g_problem->setWordWrap(true);
     layout->addRow(g_problem);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    auto *buttons = new QDialogButtonBox(this);
+    // Made first, so that Tab comes to it before it comes to Cancel.
     g_create = buttons->addButton(tr("Create"), QDialogButtonBox::AcceptRole);
     g_create->setDefault(true);
+    buttons->addButton(QDialogButtonBox::Cancel);
     layout->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, &sheet, &QVSheetController::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -44,7 +44,7 @@ int takeScreenshot(const CommandLine &line)
     preferences.registerDefaults(registeredDefaults());
     const Environment environment = Environment::system();
     auto document = DatafileDocument::open(
-        {environment, &preferences}, line.datafiles.front(), SelectionOnOpening::AsStored);
+        {environment, &preferences}, line.datafiles.front(), SelectionOnOpening::AllSelected);
     if (!document)
         return fail(document.error());
     // A picture changes nothing: neither the file nor a lock beside it.

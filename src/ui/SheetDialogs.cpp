@@ -34,6 +34,8 @@ QString translated(const char *text)
 QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
 {
     auto *box = new QMessageBox(parent);
+    if (parent)
+        box->setWindowTitle(parent->windowTitle().remove(QStringLiteral("[*]")));
     box->setText(sheet.messageText());
     box->setInformativeText(sheet.informativeText());
     box->setIcon(sheet.buttons().size() > 1 ? QMessageBox::Question : QMessageBox::Information);

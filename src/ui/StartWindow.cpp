@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -52,6 +53,18 @@ void addDatafiles(QListWidget &list, const QList<DatafilesMenuItem> &items, cons
         else
             addDatafile(list, above + item.title, item.path);
     }
+}
+
+/// The datafile's name, with its folder where another in the list is called the same.
+QString recentTitle(const QString &path, const QStringList &all)
+{
+    const QString name = QFileInfo(path).completeBaseName();
+    const auto sameName = [&name](const QString &other) {
+        return QFileInfo(other).completeBaseName() == name;
+    };
+    if (std::ranges::count_if(all, sameName) < 2)
+        return name;
+    return u"%1 (%2)"_s.arg(name, QFileInfo(path).dir().dirName());
 }
 
 } // namespace
@@ -144,7 +157,7 @@ void StartWindow::fillLists()
     if (!present.isEmpty()) {
         addHeading(*g_datafiles, tr("Recent"));
         for (const QString &path : std::as_const(present))
-            addDatafile(*g_datafiles, QFileInfo(path).completeBaseName(), path);
+            addDatafile(*g_datafiles, recentTitle(path, present), path);
     }
     if (!g_controller.datafilesMenu().isEmpty()) {
         addHeading(*g_datafiles, tr("Datafiles folder"));
