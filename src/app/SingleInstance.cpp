@@ -118,7 +118,7 @@ QString SingleInstance::defaultName()
                                   .toUtf8();
     const QByteArray digest =
         QCryptographicHash::hash(person + '\0' + session, QCryptographicHash::Sha256).toHex().left(16);
-    const QString name = u"tavrin-"_s + QString::fromLatin1(digest);
+    QString name = u"tavrin-"_s + QString::fromLatin1(digest);
 #ifdef Q_OS_UNIX
     // A folder that only this person may enter, where there is one.
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);

@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstring>
@@ -201,6 +200,57 @@ bool mayBeReplaced(const QByteArray &target)
     return false;
 }
 
+/// Producers write in small pieces; the system is asked in large ones.
+class PieceWriter
+{
+public:
+    explicit PieceWriter(TemporaryFile &file) : g_file(file) { g_buffer.reserve(pieceSize); }
+
+    bool append(QByteArrayView bytes)
+    {
+        if (g_buffer.size() + bytes.size() > pieceSize && !flush())
+            return false;
+        if (bytes.size() >= pieceSize)
+            return writeNow(bytes);
+        g_buffer.append(bytes);
+        return g_failure == 0;
+    }
+
+    bool flush()
+    {
+        const bool written = writeNow(g_buffer);
+        g_buffer.resize(0);
+        return written;
+    }
+
+    /// The system's code for the first write that it refused; 0 when it took all.
+    int failure() const { return g_failure; }
+
+private:
+    static constexpr qsizetype pieceSize = 1 << 20;
+
+    bool writeNow(QByteArrayView bytes)
+    {
+        if (g_failure == 0 && !g_file.write(bytes))
+            g_failure = errno;
+        return g_failure == 0;
+    }
+
+    TemporaryFile &g_file;
+    QByteArray g_buffer;
+    int g_failure = 0;
+};
+
+/// One read() that no signal interrupts; -1 with errno.
+ssize_t readSome(const Descriptor &descriptor, char *destination, qsizetype size)
+{
+    ssize_t got = -1;
+    do {
+        got = ::read(descriptor.value(), destination, static_cast<size_t>(size));
+    } while (got < 0 && errno == EINTR);
+    return got;
+}
+
 } // namespace
 
 Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce)
@@ -213,33 +263,12 @@ Result<> writeDurably(const QString &path, const std::function<Result<>(const By
     if (!file.isOpen())
         return systemError(targetPath);
 
-    // Producers write in small pieces; the system is asked in large ones.
-    constexpr qsizetype pieceSize = 1 << 20;
-    QByteArray buffer;
-    buffer.reserve(pieceSize);
-    int failure = 0;
-    const auto flush = [&] {
-        if (failure == 0 && !file.write(buffer))
-            failure = errno;
-        buffer.resize(0);
-        return failure == 0;
-    };
-    const auto sink = [&](QByteArrayView bytes) {
-        if (buffer.size() + bytes.size() > pieceSize && !flush())
-            return false;
-        if (bytes.size() >= pieceSize) {
-            if (failure == 0 && !file.write(bytes))
-                failure = errno;
-            return failure == 0;
-        }
-        buffer.append(bytes);
-        return failure == 0;
-    };
-    const Result<> produced = produce(sink);
-    if (failure == 0 && produced)
-        flush();
-    if (failure != 0) {
-        errno = failure;
+    PieceWriter writer(file);
+    Result<> produced = produce([&writer](QByteArrayView bytes) { return writer.append(bytes); });
+    if (produced)
+        writer.flush();
+    if (writer.failure() != 0) {
+        errno = writer.failure();
         return systemError(targetPath);
     }
     if (!produced)
@@ -269,28 +298,14 @@ Result<QByteArray> readWhole(const QString &path)
         errno = EISDIR;
         return systemError(path);
     }
-    QByteArray bytes(static_cast<qsizetype>(status.st_size), Qt::Uninitialized);
+    // One byte more than the file says it has, so that its end is seen without growing. It may have more:
+    // a pipe says nothing.
+    QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);
     qsizetype size = 0;
-    // Until the end is seen: the file may be longer than it said, or a pipe that says nothing.
     while (true) {
-        constexpr qsizetype step = 1 << 16;
-        if (size == bytes.size()) {
-            std::array<char, step> more;
-            const ssize_t got = ::read(descriptor.value(), more.data(), more.size());
-            if (got < 0 && errno == EINTR)
-                continue;
-            if (got < 0)
-                return systemError(path);
-            if (got == 0)
-                return bytes;
-            bytes.append(more.data(), got);
-            size += got;
-            continue;
-        }
-        const ssize_t got =
-            ::read(descriptor.value(), bytes.data() + size, static_cast<size_t>(bytes.size() - size));
-        if (got < 0 && errno == EINTR)
-            continue;
+        if (size == bytes.size())
+            bytes.resize(2 * size);
+        const ssize_t got = readSome(descriptor, bytes.data() + size, bytes.size() - size);
         if (got < 0)
             return systemError(path);
         if (got == 0) {

@@ -19,7 +19,7 @@ namespace {
 QString fullUserName()
 {
     const passwd *account = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): called once, at start
-    const QString login = account ? QString::fromLocal8Bit(account->pw_name) : qEnvironmentVariable("USER");
+    QString login = account ? QString::fromLocal8Bit(account->pw_name) : qEnvironmentVariable("USER");
     QString name =
         account ? QString::fromLocal8Bit(account->pw_gecos).section(u',', 0, 0).trimmed() : QString();
     if (name.isEmpty())

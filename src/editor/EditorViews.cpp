@@ -67,14 +67,22 @@ void EditorWindowController::setMode(const QString &mode)
     Q_EMIT modeChanged();
     setUpViewForMode();
     g_tableController->reload();
-    if (focus == EditorFocus::FreeformText) {
-        focusFreeformText();
-    } else if (focus == EditorFocus::Table && hasFields) {
-        g_lastHitField = g_tableController->currentField();
-        const int row = toBasic ? g_lastHitField : static_cast<int>(indexOfCurrentRecord());
-        g_view->editTableCell(row, toBasic ? BasicTableModel::ValueColumn : g_lastHitField);
-    }
+    restoreFocus(focus);
     Q_EMIT operationsChanged();
+}
+
+/// Where the person was before the views changed places, there they go on.
+void EditorWindowController::restoreFocus(EditorFocus focus)
+{
+    if (focus == EditorFocus::FreeformText)
+        focusFreeformText();
+    if (focus != EditorFocus::Table || settings().fields().isEmpty())
+        return;
+    g_lastHitField = g_tableController->currentField();
+    if (isBasicView())
+        g_view->editTableCell(g_lastHitField, BasicTableModel::ValueColumn);
+    else
+        g_view->editTableCell(static_cast<int>(indexOfCurrentRecord()), g_lastHitField);
 }
 
 void EditorWindowController::showCurrentRow()

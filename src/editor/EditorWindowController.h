@@ -174,6 +174,7 @@ private:
     void setCurrentViewFrame(const QString &frame);
     double currentSplitHeight() const;
     void setUpViewForMode();
+    void restoreFocus(EditorFocus focus);
 
     void followDocument();
     void documentDidChange(const DatafileChange &change);

@@ -24,9 +24,9 @@ constexpr std::array<quint8, 256> makeKinds()
     for (size_t i = 0; i < 256; ++i)
         kinds[i] = i < 0x80 ? other : foreign;
     for (const char byte : {' ', '\t', '\n', '\v', '\f', '\r'})
-        kinds[static_cast<size_t>(byte)] = blank;
+        kinds[static_cast<uchar>(byte)] = blank;
     for (quint8 i = 0; i < 64; ++i)
-        kinds[static_cast<size_t>(symbols[i])] = i;
+        kinds[static_cast<uchar>(symbols[i])] = i;
     kinds[static_cast<size_t>('=')] = padding;
     return kinds;
 }

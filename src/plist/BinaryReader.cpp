@@ -209,7 +209,7 @@ std::optional<QByteArrayView> BinaryParser::content(quint64 offset)
     quint64 start = offset + 1;
     quint64 count = low;
     if (low == 15) {
-        const quint64 areaSize = static_cast<quint64>(g_objectArea.size());
+        const auto areaSize = static_cast<quint64>(g_objectArea.size());
         const int lengthMarker =
             start < areaSize ? static_cast<uchar>(g_objectArea[static_cast<qsizetype>(start)]) : 0;
         if (lengthMarker < 0x10 || lengthMarker > 0x13) {

@@ -23,7 +23,7 @@ enum class Encoding { Utf8, Utf16Little, Utf16Big, Utf32Little, Utf32Big, Ascii,
 struct ByteOrderMark
 {
     QByteArrayView bytes;
-    Encoding encoding;
+    Encoding encoding = Encoding::Utf8;
 };
 
 // The 32-bit marks first: one of them begins like a 16-bit one.
@@ -38,7 +38,7 @@ constexpr ByteOrderMark byteOrderMarks[] = {
 struct EncodingName
 {
     QByteArrayView name;
-    Encoding encoding;
+    Encoding encoding = Encoding::Utf8;
 };
 
 constexpr EncodingName encodingNames[] = {
