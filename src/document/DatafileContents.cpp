@@ -5,6 +5,7 @@
 
 #include "base/DurableFile.h"
 #include "document/DatafileDocument.h"
+#include "model/DatafileSettingsData.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -65,33 +66,43 @@ Result<plist::Array> catalogIn(const plist::Dictionary &root)
     return *value->array();
 }
 
-Result<DatafileContents>
-contentsOf(const plist::PropertyList &list, const QString &fileName, const Preferences *preferences)
+/// The root's keys with their values, but for the parts that live on as objects: these leave their place
+/// only.
+plist::Dictionary rootEntriesOf(const plist::Dictionary &root)
 {
-    if (!list.root.isDictionary())
+    plist::Dictionary entries;
+    root.forEach([&entries](const QString &key, const plist::Value &value) {
+        const bool isPart = key == RootKey::settings || key == RootKey::records || key == RootKey::catalog;
+        entries.insert(key, isPart ? plist::Value(true) : value);
+    });
+    return entries;
+}
+
+Result<DatafileContents> contentsOf(const plist::PropertyList &list, const QString &fileName)
+{
+    const plist::Dictionary *root = list.root.dictionary();
+    if (!root)
         return damaged(u"the root is not a dictionary"_s);
     DatafileContents contents;
     contents.format = list.format;
-    contents.root = *list.root.dictionary();
-    const Result<plist::Dictionary> settings = dictionaryUnder(RootKey::settings, contents.root);
+    contents.rootEntries = rootEntriesOf(*root);
+    const Result<plist::Dictionary> settings = dictionaryUnder(RootKey::settings, *root);
     if (!settings)
         return settings.error();
     // Before anything else is judged: a newer format may well have other parts.
-    std::optional<DatafileSettingsData> usable =
-        DatafileSettingsData::settingsWithDictionary(*settings, preferences);
-    if (!usable)
+    if (!DatafileSettingsData::settingsWithDictionary(*settings, nullptr))
         return Error{Error::Kind::TooNew,
                      DatafileDocument::tooNewMessage(fileName),
                      u"the format of the settings is too new"_s};
-    contents.settings = std::move(*usable);
+    contents.settings = *settings;
 
-    const Result<plist::Dictionary> records = dictionaryUnder(RootKey::records, contents.root);
+    const Result<plist::Dictionary> records = dictionaryUnder(RootKey::records, *root);
     if (!records)
         return records.error();
     if (const Result<> checked = checkRecords(*records); !checked)
         return checked.error();
     contents.records = *records;
-    const Result<plist::Array> catalog = catalogIn(contents.root);
+    const Result<plist::Array> catalog = catalogIn(*root);
     if (!catalog)
         return catalog.error();
     contents.catalog = *catalog;
@@ -100,11 +111,15 @@ contentsOf(const plist::PropertyList &list, const QString &fileName, const Prefe
 
 } // namespace
 
-Result<DatafileContents> readDatafileContents(const QString &path, const Preferences *preferences)
+Result<DatafileContents> readDatafile(const QString &path, Progress &progress)
 {
+    // Taken first: a file that changes while it is read counts as changed.
+    const FileStamp stamp = FileStamp::of(path);
     const Result<QByteArray> bytes = readWhole(path);
     if (!bytes)
         return bytes.error();
+    if (progress.isCancelled())
+        return Error{Error::Kind::Cancelled, {}, path};
     const auto inThisFile = [&path](Error error) {
         error.detail = path + u": "_s + error.detail;
         return error;
@@ -112,9 +127,11 @@ Result<DatafileContents> readDatafileContents(const QString &path, const Prefere
     const Result<plist::PropertyList> list = plist::read(*bytes);
     if (!list)
         return inThisFile(list.error());
-    Result<DatafileContents> contents = contentsOf(*list, QFileInfo(path).fileName(), preferences);
+    Result<DatafileContents> contents = contentsOf(*list, QFileInfo(path).fileName());
     if (!contents)
         return inThisFile(contents.error());
+    contents->path = path;
+    contents->stamp = stamp;
     return contents;
 }
 

@@ -21,6 +21,8 @@
 namespace tavrin {
 
 class Preferences;
+struct DatafileContents;
+struct DatafileSnapshot;
 
 /// What a document needs from its surroundings. The preferences outlive it.
 struct DocumentServices
@@ -79,6 +81,12 @@ public:
     /// Without a kind the extension tells it; any other extension means the full kind.
     static Result<std::unique_ptr<DatafileDocument>> open(const DocumentServices &services,
                                                           const QString &path,
+                                                          SelectionOnOpening selection,
+                                                          std::optional<DatafileKind> kind = {});
+
+    /// The document of contents that readDatafile() has read, perhaps on another thread.
+    static std::unique_ptr<DatafileDocument> openContents(const DocumentServices &services,
+                                                          DatafileContents contents,
                                                           SelectionOnOpening selection,
                                                           std::optional<DatafileKind> kind = {});
 
@@ -213,6 +221,8 @@ private:
     DatafileDocument(const DocumentServices &services, DatafileKind kind);
 
     void announce(const DatafileChange &change);
+    void takeContents(DatafileContents contents);
+    DatafileSnapshot snapshot();
     bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }
     void setCatalog(const plist::Array &array);
     RecordData &recordToChange(const QString &identifier) const;

@@ -15,33 +15,28 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The root's keys with their values, but for the parts that live on as objects: these leave their place
-/// only.
-plist::Dictionary rootEntriesOf(const plist::Dictionary &root)
-{
-    plist::Dictionary entries;
-    root.forEach([&entries](const QString &key, const plist::Value &value) {
-        const bool isPart = key == RootKey::settings || key == RootKey::records || key == RootKey::catalog;
-        entries.insert(key, isPart ? plist::Value(true) : value);
-    });
-    return entries;
-}
-
-} // namespace
-
 Result<std::unique_ptr<DatafileDocument>> DatafileDocument::open(const DocumentServices &services,
                                                                  const QString &path,
                                                                  SelectionOnOpening selection,
                                                                  std::optional<DatafileKind> kind)
 {
+    Progress unwatched;
+    Result<DatafileContents> contents = readDatafile(path, unwatched);
+    if (!contents)
+        return contents.error();
+    return openContents(services, *std::move(contents), selection, kind);
+}
+
+std::unique_ptr<DatafileDocument> DatafileDocument::openContents(const DocumentServices &services,
+                                                                 DatafileContents contents,
+                                                                 SelectionOnOpening selection,
+                                                                 std::optional<DatafileKind> kind)
+{
     if (!kind)
-        kind = datafileKindOfPath(path).value_or(DatafileKind::Pro);
+        kind = datafileKindOfPath(contents.path).value_or(DatafileKind::Pro);
     std::unique_ptr<DatafileDocument> document = newDocument(services, *kind);
     document->g_selectionOnOpening = selection;
-    if (const Result<> read = document->readFromURL(path, typeNameOf(*kind)); !read)
-        return read.error();
+    document->takeContents(std::move(contents));
     return document;
 }
 
@@ -63,32 +58,36 @@ Result<> DatafileDocument::readFromURL(const QString &path, const QString &typeN
         g_correctedCatalog = false;
         return {};
     }
-    // Taken first: a file that changes while it is read counts as changed.
-    const FileStamp stamp = FileStamp::of(path);
-    Result<DatafileContents> contents = readDatafileContents(path, g_services.preferences);
+    Progress unwatched;
+    Result<DatafileContents> contents = readDatafile(path, unwatched);
     if (!contents)
         return contents.error();
-
-    g_filePath = path;
-    g_stamp = stamp;
     g_kind = *kind;
+    takeContents(*std::move(contents));
+    return {};
+}
+
+void DatafileDocument::takeContents(DatafileContents contents)
+{
+    g_filePath = contents.path;
+    g_stamp = contents.stamp;
     g_correctedCatalog = false;
-    g_formatRead = contents->format;
-    g_rootEntries = rootEntriesOf(contents->root);
-    *g_settings = std::move(contents->settings);
+    g_formatRead = contents.format;
+    g_rootEntries = std::move(contents.rootEntries);
+    *g_settings =
+        DatafileSettingsData::settingsWithDictionary(contents.settings, g_services.preferences).value();
     g_settings->setDatafileSettingsDidChange(false);
     // The old catalog knows the old records, so they go after it.
     const std::unique_ptr<DatafileRecordsData> oldRecords =
         std::exchange(g_records,
                       std::make_unique<DatafileRecordsData>(DatafileRecordsData::collectionWithDictionary(
-                          contents->records, g_services.environment)));
-    setCatalog(contents->catalog);
-    const CatalogMismatch counts{contents->catalog.size(), contents->records.size()};
+                          contents.records, g_services.environment)));
+    setCatalog(contents.catalog);
+    const CatalogMismatch counts{contents.catalog.size(), contents.records.size()};
     if (counts.catalogCount == counts.recordCount)
         g_catalogMismatch.reset();
     else
         g_catalogMismatch = counts;
-    return {};
 }
 
 Result<> DatafileDocument::revertToContents()

@@ -3,11 +3,10 @@
 
 // Saving in all its forms. The file's safety is that of writeDurably(); here is decided what may be written.
 
-#include "base/DurableFile.h"
 #include "base/InternalInconsistency.h"
 #include "document/DatafileContents.h"
 #include "document/DatafileDocument.h"
-#include "plist/Writer.h"
+#include "document/DatafileSnapshot.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -21,22 +20,6 @@ namespace {
 Error refused(const QString &message, const QString &path)
 {
     return {Error::Kind::Refused, message, path};
-}
-
-Result<> writePropertyList(const plist::Value &root, const QString &path, plist::Format format)
-{
-    if (format == plist::Format::Ascii)
-        return Error{Error::Kind::Unsupported,
-                     DatafileDocument::tr("Datafiles are not written in this form."),
-                     u"the ASCII form"_s};
-    return writeDurably(path, [&](const ByteSink &sink) -> Result<> {
-        // What the sink refuses, writeDurably() itself reports.
-        if (format == plist::Format::Xml)
-            plist::writeXml(root, sink);
-        else
-            sink(plist::toBinary(root));
-        return {};
-    });
 }
 
 } // namespace
@@ -81,6 +64,15 @@ bool DatafileDocument::isOwnFile(const QString &path) const
     return own.size >= 0 && own.device == other.device && own.inode == other.inode;
 }
 
+DatafileSnapshot DatafileDocument::snapshot()
+{
+    DatafileSnapshot snapshot{g_rootEntries};
+    snapshot.root.insert(RootKey::settings, g_settings->dictionary());
+    snapshot.root.insert(RootKey::records, g_records->dictionary());
+    snapshot.root.insert(RootKey::catalog, g_catalog->sortedArray());
+    return snapshot;
+}
+
 Result<> DatafileDocument::writeContents(const QString &path, plist::Format format)
 {
     const bool own = isOwnFile(path);
@@ -93,11 +85,7 @@ Result<> DatafileDocument::writeContents(const QString &path, plist::Format form
             g_editing->setNowSaving(false);
     });
 
-    plist::Dictionary root = g_rootEntries;
-    root.insert(RootKey::settings, g_settings->dictionary());
-    root.insert(RootKey::records, g_records->dictionary());
-    root.insert(RootKey::catalog, g_catalog->sortedArray());
-    if (const Result<> written = writePropertyList(root, path, format); !written)
+    if (const Result<> written = writeDatafile(snapshot(), path, format); !written)
         return written;
     if (own)
         g_stamp = FileStamp::of(g_filePath);
@@ -214,12 +202,16 @@ Result<> DatafileDocument::updateSettingsOnly(plist::Format format)
 Result<> DatafileDocument::writeSettingsIntoFile(plist::Format format)
 {
     const bool wasChangedOnDisk = changedOnDisk();
-    const Result<DatafileContents> onDisk = readDatafileContents(g_filePath, g_services.preferences);
+    Progress unwatched;
+    const Result<DatafileContents> onDisk = readDatafile(g_filePath, unwatched);
     if (!onDisk)
         return onDisk.error();
-    plist::Dictionary root = onDisk->root;
-    root.insert(RootKey::settings, g_settings->dictionary());
-    if (const Result<> written = writePropertyList(root, g_filePath, format); !written)
+    DatafileSnapshot snapshot{onDisk->rootEntries};
+    snapshot.root.insert(RootKey::settings, g_settings->dictionary());
+    snapshot.root.insert(RootKey::records, onDisk->records);
+    if (snapshot.root.contains(RootKey::catalog))
+        snapshot.root.insert(RootKey::catalog, onDisk->catalog);
+    if (const Result<> written = writeDatafile(snapshot, g_filePath, format); !written)
         return written;
     // Otherwise the next save has to know, still, that the file holds what we never read.
     if (!wasChangedOnDisk)
