@@ -3,11 +3,14 @@
 
 #include "base/DurableFile.h"
 
-#include <QCoreApplication>
+#include "base/SharedBytes.h"
+#include "base/SystemFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,72 +18,11 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <thread>
 
 namespace tavrin {
 
 namespace {
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("DurableFile", text);
-}
-
-Error systemError(const QString &path)
-{
-    const int code = errno;
-    Error error{Error::Kind::Io, {}, path + QStringLiteral(": ") + qt_error_string(code)};
-    switch (code) {
-    case ENOSPC:
-    case EDQUOT:
-        error.message = translated("The disk is full.");
-        break;
-    case ENOENT:
-    case ENOTDIR:
-        error.kind = Error::Kind::NotFound;
-        error.message = translated("The file or its folder does not exist.");
-        break;
-    case EACCES:
-    case EPERM:
-        error.message = translated("You do not have the permission to do this.");
-        break;
-    case EROFS:
-        error.message = translated("The disk is read-only.");
-        break;
-    case EFBIG:
-        error.message = translated("The file would be larger than the system allows.");
-        break;
-    default:
-        error.message =
-            translated("The system could not read or write the file: %1.").arg(qt_error_string(code));
-    }
-    return error;
-}
-
-/// A file descriptor that is closed when it goes.
-class Descriptor
-{
-public:
-    explicit Descriptor(int value) : g_value(value) {}
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    ~Descriptor() { close(); }
-
-    int value() const { return g_value; }
-    bool isOpen() const { return g_value >= 0; }
-
-    /// False when the system reports a late failure to write.
-    bool close()
-    {
-        if (g_value < 0)
-            return true;
-        const bool closed = ::close(g_value) == 0;
-        g_value = -1;
-        return closed;
-    }
-
-private:
-    int g_value;
-};
 
 /// The target's path with a unique ending, which mkostemp fills in. A name near the longest allowed one is
 /// cut (between characters), so that every file that exists can be written again.
@@ -150,12 +92,12 @@ public:
         ::fchmod(g_descriptor.value(), 0666 & ~mask);
     }
 
-    /// Flushed to the disk and renamed over the target.
+    int descriptor() const { return g_descriptor.value(); }
+    bool flushToDisk() { return ::fsync(g_descriptor.value()) == 0; }
+
     bool takePlaceOf(const QByteArray &target)
     {
-        if (::fsync(g_descriptor.value()) != 0 || !g_descriptor.close())
-            return false;
-        if (::rename(g_path.constData(), target.constData()) != 0)
+        if (!g_descriptor.close() || ::rename(g_path.constData(), target.constData()) != 0)
             return false;
         g_exists = false;
         return true;
@@ -210,8 +152,8 @@ public:
     {
         if (g_buffer.size() + bytes.size() > pieceSize && !flush())
             return false;
-        if (bytes.size() >= pieceSize)
-            return writeNow(bytes);
+        if (bytes.size() >= directFrom)
+            return flush() && writeNow(bytes);
         g_buffer.append(bytes);
         return g_failure == 0;
     }
@@ -228,6 +170,7 @@ public:
 
 private:
     static constexpr qsizetype pieceSize = 1 << 20;
+    static constexpr qsizetype directFrom = 1 << 16;
 
     bool writeNow(QByteArrayView bytes)
     {
@@ -241,19 +184,65 @@ private:
     int g_failure = 0;
 };
 
-/// One read() that no signal interrupts; -1 with errno.
-ssize_t readSome(const Descriptor &descriptor, char *destination, qsizetype size)
+/// What was written, read from the system's own memory of the file. Nobody else knows the file's name, so
+/// nobody cuts it short. Behind it stand zero bytes, as SharedBytes has them.
+class WrittenBytes
 {
-    ssize_t got = -1;
-    do {
-        got = ::read(descriptor.value(), destination, static_cast<size_t>(size));
-    } while (got < 0 && errno == EINTR);
-    return got;
+public:
+    explicit WrittenBytes(int descriptor)
+    {
+        struct stat status = {};
+        if (::fstat(descriptor, &status) != 0)
+            return;
+        const auto size = static_cast<size_t>(status.st_size);
+        const auto room = size + SharedBytes::padding;
+        void *memory = ::mmap(nullptr, room, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (memory == MAP_FAILED)
+            return;
+        g_memory = memory;
+        g_room = room;
+        const int flags = MAP_PRIVATE | MAP_FIXED;
+        if (size == 0 || ::mmap(memory, size, PROT_READ, flags, descriptor, 0) != MAP_FAILED)
+            g_bytes = {static_cast<const char *>(memory), static_cast<qsizetype>(size)};
+    }
+    WrittenBytes(const WrittenBytes &) = delete;
+    WrittenBytes &operator=(const WrittenBytes &) = delete;
+    ~WrittenBytes()
+    {
+        if (g_memory)
+            ::munmap(g_memory, g_room);
+    }
+
+    /// Null, with errno, when the system refused.
+    QByteArrayView view() const { return g_bytes; }
+
+private:
+    void *g_memory = nullptr;
+    size_t g_room = 0;
+    QByteArrayView g_bytes;
+};
+
+/// The file is checked while the disk takes it.
+Result<> flushAndCheck(TemporaryFile &file, const QString &path, const FileCheck &check)
+{
+    if (!check)
+        return file.flushToDisk() ? Result<>() : systemError(path);
+    const WrittenBytes written(file.descriptor());
+    if (written.view().isNull())
+        return systemError(path);
+    int failure = 0;
+    std::thread flushing([&] { failure = file.flushToDisk() ? 0 : errno; });
+    Result<> checked = check(written.view());
+    flushing.join();
+    errno = failure;
+    return failure == 0 ? checked : systemError(path);
 }
 
 } // namespace
 
-Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce)
+Result<> writeDurably(const QString &path,
+                      const std::function<Result<>(const ByteSink &)> &produce,
+                      const FileCheck &check)
 {
     const QString targetPath = followLinks(path);
     const QByteArray target = QFile::encodeName(targetPath);
@@ -274,6 +263,8 @@ Result<> writeDurably(const QString &path, const std::function<Result<>(const By
     if (!produced)
         return produced;
     file.takeAttributes(target);
+    if (const Result<> flushed = flushAndCheck(file, targetPath, check); !flushed)
+        return flushed;
     if (!file.takePlaceOf(target))
         return systemError(targetPath);
     flushFolder(QFileInfo(targetPath).absolutePath());
@@ -290,14 +281,10 @@ Result<> writeDurably(const QString &path, QByteArrayView bytes)
 
 Result<QByteArray> readWhole(const QString &path)
 {
-    const Descriptor descriptor(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+    const Descriptor descriptor = openToRead(path);
     struct stat status = {};
     if (!descriptor.isOpen() || ::fstat(descriptor.value(), &status) != 0)
         return systemError(path);
-    if (S_ISDIR(status.st_mode)) {
-        errno = EISDIR;
-        return systemError(path);
-    }
     // One byte more than the file says it has, so that its end is seen without growing. It may have more:
     // a pipe says nothing.
     QByteArray bytes(static_cast<qsizetype>(status.st_size) + 1, Qt::Uninitialized);

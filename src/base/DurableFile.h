@@ -15,6 +15,10 @@ namespace tavrin {
 /// system refused; stop then.
 using ByteSink = std::function<bool(QByteArrayView)>;
 
+/// Looks at a file that was written, before it takes its place; behind the bytes stand as many zero bytes as
+/// SharedBytes has.
+using FileCheck = std::function<Result<>(QByteArrayView written)>;
+
 /// Writes a file so that at every moment `path` holds the old bytes or the new ones, whole.
 ///
 /// The bytes go to a temporary file in the same folder, are flushed to the disk, take the old file's
@@ -22,8 +26,11 @@ using ByteSink = std::function<bool(QByteArrayView)>;
 /// A symbolic link stays: the file it names is replaced. On any failure the old file is untouched, the
 /// temporary file is gone, and the error's kind is Io, or NotFound when the folder does not exist.
 ///
-/// `produce` writes the content; the Result it returns decides whether the file takes its place.
-Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce);
+/// `produce` writes the content; the Result it returns decides whether the file takes its place. So does
+/// `check`, if there is one, which looks at the whole file as it was written.
+Result<> writeDurably(const QString &path,
+                      const std::function<Result<>(const ByteSink &)> &produce,
+                      const FileCheck &check = {});
 
 /// The same for bytes that are at hand.
 Result<> writeDurably(const QString &path, QByteArrayView bytes);

@@ -50,8 +50,8 @@ bool catalogMatches(const DatafileDocument &document)
     QSet<QString> seen;
     seen.reserve(catalog.count());
     for (qint64 i = 0; i < catalog.count(); ++i) {
-        const QString &identifier = catalog.objectAtIndex(i)->identifier();
-        if (!document.datafileRecords().recordForIdentifier(identifier) || seen.contains(identifier))
+        const QString identifier = catalog.identifierAtIndex(i);
+        if (!document.datafileRecords().contains(identifier) || seen.contains(identifier))
             return false;
         seen.insert(identifier);
     }

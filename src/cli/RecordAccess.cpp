@@ -160,9 +160,9 @@ std::vector<PlacedRecord> recordsOfCatalog(const DatafileDocument &document, boo
             ++selected;
         if (!isSelected && !omittedToo)
             continue;
-        if (const RecordData *record = document.datafileRecords().recordForIdentifier(entry.identifier()))
-            records.push_back(
-                {record, entry.identifier(), isSelected ? std::optional(selected) : std::nullopt});
+        const QString identifier = catalog.identifierAtIndex(i);
+        if (const RecordData *record = document.datafileRecords().recordForIdentifier(identifier))
+            records.push_back({record, identifier, isSelected ? std::optional(selected) : std::nullopt});
     }
     return records;
 }

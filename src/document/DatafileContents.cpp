@@ -3,9 +3,11 @@
 
 #include "document/DatafileContents.h"
 
-#include "base/DurableFile.h"
+#include "base/SharedBytes.h"
 #include "document/DatafileDocument.h"
+#include "document/XmlDatafile.h"
 #include "model/DatafileSettingsData.h"
+#include "model/ValueRecords.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -66,18 +68,19 @@ Result<plist::Array> catalogIn(const plist::Dictionary &root)
     return *value->array();
 }
 
-/// The root's keys with their values, but for the parts that live on as objects: these leave their place
-/// only.
-plist::Dictionary rootEntriesOf(const plist::Dictionary &root)
+std::shared_ptr<const RecordSource> recordsIn(const plist::Dictionary &stored, IdentifierTable &identifiers)
 {
-    plist::Dictionary entries;
-    root.forEach([&entries](const QString &key, const plist::Value &value) {
-        const bool isPart = key == RootKey::settings || key == RootKey::records || key == RootKey::catalog;
-        entries.insert(key, isPart ? plist::Value(true) : value);
+    std::vector<plist::Dictionary> records;
+    records.reserve(static_cast<size_t>(stored.size()));
+    identifiers.reserve(static_cast<quint32>(stored.size()));
+    stored.forEach([&](const QString &identifier, const plist::Value &record) {
+        identifiers.add(identifier);
+        records.push_back(*record.dictionary());
     });
-    return entries;
+    return std::make_shared<const ValueRecords>(std::move(records));
 }
 
+/// The contents of a datafile that was read value by value.
 Result<DatafileContents> contentsOf(const plist::PropertyList &list, const QString &fileName)
 {
     const plist::Dictionary *root = list.root.dictionary();
@@ -85,15 +88,15 @@ Result<DatafileContents> contentsOf(const plist::PropertyList &list, const QStri
         return damaged(u"the root is not a dictionary"_s);
     DatafileContents contents;
     contents.format = list.format;
-    contents.rootEntries = rootEntriesOf(*root);
+    root->forEach([&contents](const QString &key, const plist::Value &value) {
+        contents.rootEntries.insert(key, RootKey::isPart(key) ? plist::Value(true) : value);
+    });
     const Result<plist::Dictionary> settings = dictionaryUnder(RootKey::settings, *root);
     if (!settings)
         return settings.error();
     // Before anything else is judged: a newer format may well have other parts.
-    if (!DatafileSettingsData::settingsWithDictionary(*settings, nullptr))
-        return Error{Error::Kind::TooNew,
-                     DatafileDocument::tooNewMessage(fileName),
-                     u"the format of the settings is too new"_s};
+    if (const Result<> known = checkFormat(*settings, fileName); !known)
+        return known.error();
     contents.settings = *settings;
 
     const Result<plist::Dictionary> records = dictionaryUnder(RootKey::records, *root);
@@ -101,35 +104,49 @@ Result<DatafileContents> contentsOf(const plist::PropertyList &list, const QStri
         return records.error();
     if (const Result<> checked = checkRecords(*records); !checked)
         return checked.error();
-    contents.records = *records;
+    contents.records = recordsIn(*records, *contents.identifiers);
     const Result<plist::Array> catalog = catalogIn(*root);
     if (!catalog)
         return catalog.error();
-    contents.catalog = *catalog;
+    for (const plist::Value &stored : *catalog)
+        contents.catalog.push_back(contents.catalogForms.entryWithValue(stored));
     return contents;
 }
 
+Result<DatafileContents> contentsOf(const SharedBytes &bytes, const QString &fileName)
+{
+    if (std::optional<Result<DatafileContents>> contents = readXmlDatafile(bytes, fileName))
+        return *std::move(contents);
+    const Result<plist::PropertyList> list = plist::read(bytes.view());
+    if (!list)
+        return list.error();
+    return contentsOf(*list, fileName);
+}
+
 } // namespace
+
+Result<> checkFormat(const plist::Dictionary &settings, const QString &fileName)
+{
+    if (DatafileSettingsData::settingsWithDictionary(settings, nullptr))
+        return {};
+    return Error{Error::Kind::TooNew,
+                 DatafileDocument::tooNewMessage(fileName),
+                 u"the format of the settings is too new"_s};
+}
 
 Result<DatafileContents> readDatafile(const QString &path, Progress &progress)
 {
     // Taken first: a file that changes while it is read counts as changed.
     const FileStamp stamp = FileStamp::of(path);
-    const Result<QByteArray> bytes = readWhole(path);
+    const Result<SharedBytes> bytes = SharedBytes::readFile(path, progress);
     if (!bytes)
         return bytes.error();
-    if (progress.isCancelled())
-        return Error{Error::Kind::Cancelled, {}, path};
-    const auto inThisFile = [&path](Error error) {
+    Result<DatafileContents> contents = contentsOf(*bytes, QFileInfo(path).fileName());
+    if (!contents) {
+        Error error = contents.error();
         error.detail = path + u": "_s + error.detail;
         return error;
-    };
-    const Result<plist::PropertyList> list = plist::read(*bytes);
-    if (!list)
-        return inThisFile(list.error());
-    Result<DatafileContents> contents = contentsOf(*list, QFileInfo(path).fileName());
-    if (!contents)
-        return inThisFile(contents.error());
+    }
     contents->path = path;
     contents->stamp = stamp;
     return contents;

@@ -17,7 +17,7 @@ DatafileDocument::DatafileDocument(const DocumentServices &services, DatafileKin
     , g_records(std::make_unique<DatafileRecordsData>())
     , g_defaultDraftName(tr("New Datafile"))
 {
-    setCatalog({});
+    setCatalog(CatalogForms(g_records->sharedIdentifiers()), {});
 }
 
 DatafileDocument::~DatafileDocument() = default;
@@ -124,7 +124,7 @@ QString DatafileDocument::addRecord(const QString &afterIdentifier)
 
 void DatafileDocument::deleteRecord(const QString &identifier)
 {
-    if (!g_records->recordForIdentifier(identifier))
+    if (!g_records->contains(identifier))
         return;
     announce(RecordWillBeDeleted{identifier});
     Q_EMIT willDeleteRecord(identifier);
@@ -159,10 +159,14 @@ void DatafileDocument::announce(const DatafileChange &change)
     Q_EMIT changed(change);
 }
 
-void DatafileDocument::setCatalog(const plist::Array &array)
+void DatafileDocument::setCatalog(CatalogForms forms, std::vector<CatalogEntry> entries)
 {
-    g_catalog = std::make_unique<SubsetSortedData>(SubsetSortedData::catalogWithSortedArray(
-        array, *g_records, g_settings->criteria<SubsetSortCriteriaData>(), g_selectionOnOpening));
+    g_catalog = std::make_unique<SubsetSortedData>(
+        SubsetSortedData::catalogWithEntries(std::move(forms),
+                                             std::move(entries),
+                                             *g_records,
+                                             g_settings->criteria<SubsetSortCriteriaData>(),
+                                             g_selectionOnOpening));
     g_catalog->observeSelectionWouldBeEmptyErrorNotification([this] { Q_EMIT selectionWouldBeEmptyError(); });
 }
 

@@ -224,7 +224,7 @@ private:
     void takeContents(DatafileContents contents);
     DatafileSnapshot snapshot();
     bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }
-    void setCatalog(const plist::Array &array);
+    void setCatalog(CatalogForms forms, std::vector<CatalogEntry> entries);
     RecordData &recordToChange(const QString &identifier) const;
     bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;

@@ -77,17 +77,18 @@ void DatafileDocument::takeContents(DatafileContents contents)
     *g_settings =
         DatafileSettingsData::settingsWithDictionary(contents.settings, g_services.preferences).value();
     g_settings->setDatafileSettingsDidChange(false);
-    // The old catalog knows the old records, so they go after it.
-    const std::unique_ptr<DatafileRecordsData> oldRecords =
-        std::exchange(g_records,
-                      std::make_unique<DatafileRecordsData>(DatafileRecordsData::collectionWithDictionary(
-                          contents.records, g_services.environment)));
-    setCatalog(contents.catalog);
-    const CatalogMismatch counts{contents.catalog.size(), contents.records.size()};
+    const CatalogMismatch counts{static_cast<qsizetype>(contents.catalog.size()),
+                                 static_cast<qsizetype>(contents.records->count())};
     if (counts.catalogCount == counts.recordCount)
         g_catalogMismatch.reset();
     else
         g_catalogMismatch = counts;
+    // The old catalog knows the old records, so they go after it.
+    const std::unique_ptr<DatafileRecordsData> oldRecords = std::exchange(
+        g_records,
+        std::make_unique<DatafileRecordsData>(
+            std::move(contents.records), std::move(contents.identifiers), g_services.environment));
+    setCatalog(std::move(contents.catalogForms), std::move(contents.catalog));
 }
 
 Result<> DatafileDocument::revertToContents()
@@ -127,16 +128,16 @@ QString DatafileDocument::catalogMismatchMessage(const QString &fileName, const 
 
 void DatafileDocument::correctCatalog()
 {
-    const QStringList identifiers = g_records->allIdentifiers();
-    plist::Array entries;
-    entries.reserve(identifiers.size());
-    for (const QString &identifier : identifiers) {
+    CatalogForms forms(g_records->sharedIdentifiers());
+    std::vector<CatalogEntry> entries;
+    entries.reserve(static_cast<size_t>(g_records->count()));
+    for (const QString &identifier : g_records->allIdentifiers()) {
         // Repaired entries have always been stored with texts for flags.
-        entries.append(plist::Dictionary{{u"Identifier"_s, identifier},
-                                         {u"CurrentlySelected"_s, u"YES"_s},
-                                         {u"PreviouslySelected"_s, u"YES"_s}});
+        entries.push_back(forms.entryWithValue(plist::Dictionary{{u"Identifier"_s, identifier},
+                                                                 {u"CurrentlySelected"_s, u"YES"_s},
+                                                                 {u"PreviouslySelected"_s, u"YES"_s}}));
     }
-    setCatalog(entries);
+    setCatalog(std::move(forms), std::move(entries));
     g_catalogMismatch.reset();
     g_correctedCatalog = true;
     updateChangeCount(ChangeCount::Done);

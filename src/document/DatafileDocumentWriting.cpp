@@ -66,11 +66,12 @@ bool DatafileDocument::isOwnFile(const QString &path) const
 
 DatafileSnapshot DatafileDocument::snapshot()
 {
-    DatafileSnapshot snapshot{g_rootEntries};
-    snapshot.root.insert(RootKey::settings, g_settings->dictionary());
-    snapshot.root.insert(RootKey::records, g_records->dictionary());
-    snapshot.root.insert(RootKey::catalog, g_catalog->sortedArray());
-    return snapshot;
+    plist::Dictionary rootEntries = g_rootEntries;
+    for (const QString &part : {RootKey::settings, RootKey::records, RootKey::catalog})
+        rootEntries.insert(part, true);
+    RecordsSnapshot records = g_records->snapshot();
+    CatalogSnapshot catalog = g_catalog->snapshot(records.identifiers);
+    return {rootEntries, g_settings->dictionary(), std::move(records), std::move(catalog)};
 }
 
 Result<> DatafileDocument::writeContents(const QString &path, plist::Format format)
@@ -206,11 +207,11 @@ Result<> DatafileDocument::writeSettingsIntoFile(plist::Format format)
     const Result<DatafileContents> onDisk = readDatafile(g_filePath, unwatched);
     if (!onDisk)
         return onDisk.error();
-    DatafileSnapshot snapshot{onDisk->rootEntries};
-    snapshot.root.insert(RootKey::settings, g_settings->dictionary());
-    snapshot.root.insert(RootKey::records, onDisk->records);
-    if (snapshot.root.contains(RootKey::catalog))
-        snapshot.root.insert(RootKey::catalog, onDisk->catalog);
+    DatafileSnapshot snapshot{onDisk->rootEntries,
+                              g_settings->dictionary(),
+                              RecordsSnapshot::ofSource(onDisk->records, onDisk->identifiers),
+                              {onDisk->catalogForms, {}}};
+    snapshot.catalog.order.assign(onDisk->catalog);
     if (const Result<> written = writeDatafile(snapshot, g_filePath, format); !written)
         return written;
     // Otherwise the next save has to know, still, that the file holds what we never read.

@@ -11,7 +11,7 @@ namespace tavrin {
 class DatafileSettingsData;
 
 /// All records of one datafile, by record identifier.
-class DatafileRecordsData : public QVKeyedCollectionData<RecordData>
+class DatafileRecordsData : public QVKeyedCollectionData
 {
 public:
     using QVKeyedCollectionData::QVKeyedCollectionData;

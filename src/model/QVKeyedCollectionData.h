@@ -4,146 +4,143 @@
 #pragma once
 
 #include "base/Environment.h"
-#include "base/InternalInconsistency.h"
-#include "base/OrderedMap.h"
-#include "plist/Value.h"
+#include "model/IdentifierTable.h"
+#include "model/RecordData.h"
+#include "model/RecordSource.h"
+#include "model/RecordView.h"
 
 #include <QStringList>
 
 #include <memory>
-#include <utility>
+#include <optional>
+#include <vector>
 
 namespace tavrin {
 
-/// Objects by identifier, in the order of the file, new ones at the end.
+/// What a collection holds at one moment. It can be read on another thread while the collection changes.
+struct RecordsSnapshot
+{
+    struct Entry
+    {
+        quint32 identifier; ///< Its number in the table.
+        quint32 record;     ///< A place in the source, or behind those, one in the changed records.
+    };
+
+    std::shared_ptr<const RecordSource> source; ///< May be null when all records are changed ones.
+    quint32 sourceCount = 0;
+    std::shared_ptr<IdentifierTable> identifiers; ///< A copy of its own.
+    std::vector<Entry> entries;
+    std::vector<plist::Dictionary> changed;
+    plist::Dictionary otherEntries;
+
+    /// The records of a source as they are stored, each under the identifier of its number.
+    static RecordsSnapshot ofSource(std::shared_ptr<const RecordSource> source,
+                                    std::shared_ptr<IdentifierTable> identifiers);
+
+    /// The element of a record that is as it stands in an XML datafile; empty for another one.
+    QByteArrayView xml(const Entry &entry) const;
+    plist::Dictionary dictionary(const Entry &entry) const;
+    plist::Dictionary dictionary() const; ///< Of all records.
+};
+
+/// Records by identifier, in the order of the file, new ones at the end.
 ///
-/// It owns the objects; each keeps its address until it is removed or replaced. Identifiers are never
-/// empty, objects never null. Object is made by Object(dictionary, environment) and gives its
-/// dictionary() back. Entries of a file that are no dictionaries are no objects; they are only kept.
-template <typename Object>
+/// A record stays where the datafile was read to until somebody asks for the object; from then on it keeps
+/// its address until it is removed or replaced. view() reads a record without making it an object, and is
+/// what to use for going over all of them. Identifiers are never empty, objects never null. Entries of a
+/// file that are no dictionaries are no records; they are only kept.
 class QVKeyedCollectionData
 {
 public:
-    QVKeyedCollectionData() = default;
+    QVKeyedCollectionData();
+    /// The outer key is the identifier, whatever the record itself says.
+    QVKeyedCollectionData(const plist::Dictionary &dictionary, const Environment &environment);
+    /// The records of a source, each under the identifier that has its place for number in the table.
+    QVKeyedCollectionData(std::shared_ptr<const RecordSource> source,
+                          std::shared_ptr<IdentifierTable> identifiers,
+                          const Environment &environment);
 
-    /// The outer key is the identifier, whatever the object itself says.
-    QVKeyedCollectionData(const plist::Dictionary &dictionary, const Environment &environment)
-    {
-        g_collection.reserve(dictionary.size());
-        dictionary.forEach([&](const QString &identifier, const plist::Value &value) {
-            const plist::Dictionary *stored = value.dictionary();
-            if (stored && !identifier.isEmpty())
-                g_collection.insert(identifier, std::make_unique<Object>(*stored, environment));
-            else
-                g_otherEntries.insert(identifier, value);
-        });
-    }
-
-    qsizetype count() const { return g_collection.size(); }
+    qsizetype count() const { return g_count; }
+    bool contains(const QString &identifier) const { return slotOf(identifier) != nullptr; }
 
     /// Null for an unknown identifier.
-    Object *recordForIdentifier(const QString &identifier) const
-    {
-        const auto *record = g_collection.find(identifier);
-        return record ? record->get() : nullptr;
-    }
-
+    RecordData *recordForIdentifier(const QString &identifier) const;
     /// The key under which the object stands; null when it is not here.
-    QString identifierForRecord(const Object *record) const
-    {
-        if (!record || recordForIdentifier(record->identifier()) == record)
-            return record ? record->identifier() : QString();
-        QString identifier;
-        g_collection.forEach([&](const QString &key, const std::unique_ptr<Object> &candidate) {
-            if (identifier.isNull() && candidate.get() == record)
-                identifier = key;
-        });
-        return identifier;
-    }
+    QString identifierForRecord(const RecordData *record) const;
 
     /// What the objects themselves say, not the keys under which they stand.
     template <typename Records>
     static QStringList identifiersForRecords(const Records &records)
     {
         QStringList identifiers;
-        for (const Object *record : records)
+        for (const RecordData *record : records)
             identifiers.append(record->identifier());
         return identifiers;
     }
 
     /// Throws InternalInconsistency when one is unknown.
-    QList<Object *> recordsForIdentifiers(const QStringList &identifiers) const
-    {
-        QList<Object *> records;
-        records.reserve(identifiers.size());
-        for (const QString &identifier : identifiers) {
-            Object *record = recordForIdentifier(identifier);
-            if (!record)
-                throw InternalInconsistency("-recordsForIdentifiers: -- A record is missing.");
-            records.append(record);
-        }
-        return records;
-    }
+    QList<RecordData *> recordsForIdentifiers(const QStringList &identifiers) const;
 
-    QStringList allIdentifiers() const
-    {
-        QStringList identifiers;
-        identifiers.reserve(count());
-        forEach(
-            [&identifiers](const QString &identifier, const Object &) { identifiers.append(identifier); });
-        return identifiers;
-    }
-
-    QList<Object *> allRecords() const
-    {
-        QList<Object *> records;
-        records.reserve(count());
-        forEach([&records](const QString &, Object &record) { records.append(&record); });
-        return records;
-    }
-
-    /// What to walk while the collection changes; forEach() is cheaper while it does not.
+    QStringList allIdentifiers() const;
+    /// Opens every record.
+    QList<RecordData *> allRecords() const;
+    /// What to walk while the collection changes.
     QStringList identifierEnumerator() const { return allIdentifiers(); }
-    QList<Object *> recordEnumerator() const { return allRecords(); }
+    QList<RecordData *> recordEnumerator() const { return allRecords(); }
 
-    /// Calls visitor(const QString &identifier, Object &) in order; it must not add or remove.
+    /// Reads a record without opening it; none for an unknown identifier. Valid until the record is changed
+    /// or removed.
+    std::optional<RecordView> view(const QString &identifier) const;
+    std::optional<RecordView> view(quint32 identifierNumber) const;
+
+    /// Calls visitor(quint32 identifierNumber, const RecordView &) in order; it must not add or remove.
     template <typename Visitor>
     void forEach(Visitor &&visitor) const
     {
-        g_collection.forEach(
-            [&visitor](const QString &key, const std::unique_ptr<Object> &record) { visitor(key, *record); });
+        for (const Slot &slot : g_slots) {
+            if (slot.identifier != IdentifierTable::none)
+                visitor(slot.identifier, viewOf(slot));
+        }
     }
+
+    /// The identifiers of the records, and of whatever else wants numbers for them.
+    IdentifierTable &identifiers() const { return *g_identifiers; }
+    std::shared_ptr<IdentifierTable> sharedIdentifiers() const { return g_identifiers; }
 
     /// Does nothing for a null object or an empty identifier.
-    void setRecord(std::unique_ptr<Object> record, const QString &identifier)
-    {
-        if (record && !identifier.isEmpty())
-            g_collection.insert(identifier, std::move(record));
-    }
-
+    void setRecord(std::unique_ptr<RecordData> record, const QString &identifier);
     void removeRecordForIdentifier(const QString &identifier) { takeRecordForIdentifier(identifier); }
-    void removeRecord(const Object *record) { removeRecordForIdentifier(identifierForRecord(record)); }
+    void removeRecord(const RecordData *record) { removeRecordForIdentifier(identifierForRecord(record)); }
+    /// Removes the record and hands it over; null when there is none.
+    std::unique_ptr<RecordData> takeRecordForIdentifier(const QString &identifier);
 
-    /// Removes the object and hands it over; null when there is none.
-    std::unique_ptr<Object> takeRecordForIdentifier(const QString &identifier)
-    {
-        return g_collection.take(identifier);
-    }
-
-    plist::Dictionary dictionary() const
-    {
-        plist::Dictionary dictionary;
-        dictionary.reserve(count() + g_otherEntries.size());
-        forEach([&dictionary](const QString &identifier, const Object &record) {
-            dictionary.insert(identifier, record.dictionary());
-        });
-        g_otherEntries.forEach(
-            [&dictionary](const QString &key, const plist::Value &value) { dictionary.insert(key, value); });
-        return dictionary;
-    }
+    RecordsSnapshot snapshot() const;
+    plist::Dictionary dictionary() const { return snapshot().dictionary(); }
 
 private:
-    OrderedMap<QString, std::unique_ptr<Object>> g_collection;
+    static constexpr quint32 noPlace = 0xffffffff;
+
+    struct Slot
+    {
+        quint32 identifier;                 ///< None in a slot that was given up.
+        quint32 place;                      ///< In the source.
+        std::unique_ptr<RecordData> record; ///< Null as long as nobody has asked for it.
+    };
+
+    Slot *slotOf(quint32 identifierNumber) const;
+    Slot *slotOf(const QString &identifier) const { return slotOf(g_identifiers->number(identifier)); }
+    void addSlot(Slot slot);
+    void closeUp();
+    void takeSource();
+    RecordData *opened(Slot &slot) const;
+    RecordView viewOf(const Slot &slot) const { return {slot.record.get(), g_source.get(), slot.place}; }
+
+    Environment g_environment;
+    std::shared_ptr<const RecordSource> g_source;
+    std::shared_ptr<IdentifierTable> g_identifiers;
+    mutable std::vector<Slot> g_slots;
+    std::vector<quint32> g_slotOfIdentifier; ///< By number; may be shorter than the table.
+    qsizetype g_count = 0;
     plist::Dictionary g_otherEntries;
 };
 

@@ -65,12 +65,19 @@ public:
 
     /// What is stored.
     plist::Dictionary dictionary() const { return g_dictionary; }
+    /// Whether it is other than what it was loaded from. A new record is.
+    bool isChanged() const { return g_isChanged; }
+    void markChanged() { g_isChanged = true; }
     /// What the record was loaded from; none for a new one.
     std::optional<plist::Dictionary> savedData() const { return g_savedData; }
 
 protected:
     const plist::Value *storedValue(const QString &key) const { return g_dictionary.find(key); }
-    void store(const plist::Value &value, const QString &key) { g_dictionary.insert(key, value); }
+    void store(const plist::Value &value, const QString &key)
+    {
+        g_dictionary.insert(key, value);
+        g_isChanged = true;
+    }
     QString textForKey(const QString &key) const;
     QString descriptionWithClassName(QLatin1StringView className) const;
 
@@ -82,6 +89,7 @@ private:
 
     plist::Dictionary g_dictionary;
     std::optional<plist::Dictionary> g_savedData;
+    bool g_isChanged = false;
 };
 
 } // namespace tavrin

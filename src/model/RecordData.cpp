@@ -3,6 +3,8 @@
 
 #include "model/RecordData.h"
 
+#include "model/ValueRecords.h"
+
 namespace tavrin {
 
 using namespace Qt::StringLiterals;
@@ -26,13 +28,7 @@ plist::Dictionary RecordData::fields() const
 
 QString RecordData::fieldValue(const QString &identifier) const
 {
-    const plist::Value *stored = storedValue(u"Fields"_s);
-    const plist::Dictionary *contents = stored ? stored->dictionary() : nullptr;
-    const plist::Value *content = contents ? contents->find(identifier) : nullptr;
-    if (!content)
-        return {};
-    const QString text = content->toText();
-    return text.isNull() ? u""_s : text;
+    return fieldValueIn(storedValue(u"Fields"_s), identifier);
 }
 
 QString RecordData::textString() const

@@ -9,22 +9,9 @@
 #include "plist/TextEncoding.h"
 #include "plist/XmlReader.h"
 
-#include <algorithm>
-
 namespace tavrin::plist {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-bool beginsLikeXml(QByteArrayView utf8)
-{
-    const auto first = std::ranges::find_if_not(
-        utf8, [](char byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); });
-    return first != utf8.end() && *first == '<';
-}
-
-} // namespace
 
 Result<PropertyList> read(QByteArrayView bytes)
 {

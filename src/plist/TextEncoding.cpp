@@ -3,6 +3,7 @@
 
 #include "plist/TextEncoding.h"
 
+#include "plist/ByteScan.h"
 #include "plist/ReadError.h"
 
 #include <QString>
@@ -160,7 +161,7 @@ Result<QByteArray> decodeStrictly(QByteArrayView bytes, Encoding encoding)
     std::optional<QByteArray> text = decode(bytes, encoding);
     if (!text)
         return corruptAtLine({}, 0, "the text is not in the encoding that the file claims");
-    if (encoding == Encoding::Utf8 && !QByteArrayView(*text).isValidUtf8())
+    if (encoding == Encoding::Utf8 && !isValidUtf8(*text))
         return corruptAtLine(*text, faultyUtf8Position(*text), "not valid UTF-8");
     return *std::move(text);
 }
@@ -188,6 +189,13 @@ Result<QByteArray> toUtf8(QByteArrayView bytes)
     if (known == std::end(encodingNames))
         return corruptAtLine(bytes, 0, "the declared encoding is not known");
     return decodeStrictly(bytes, known->encoding);
+}
+
+bool beginsLikeXml(QByteArrayView utf8)
+{
+    const auto first = std::ranges::find_if_not(
+        utf8, [](char byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); });
+    return first != utf8.end() && *first == '<';
 }
 
 } // namespace tavrin::plist

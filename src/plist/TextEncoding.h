@@ -16,4 +16,7 @@ namespace tavrin::plist {
 /// share the bytes without copying them: it is valid as long as they are.
 Result<QByteArray> toUtf8(QByteArrayView bytes);
 
+/// Whether the text is in the XML form, as far as one can tell by how it begins.
+bool beginsLikeXml(QByteArrayView utf8);
+
 } // namespace tavrin::plist

@@ -50,4 +50,12 @@ inline Element elementNamed(QByteArrayView name)
     }
 }
 
+/// The name of a known element.
+constexpr QByteArrayView nameOf(Element element)
+{
+    constexpr const char *names[] = {
+        "plist", "dict", "array", "key", "string", "integer", "real", "true", "false", "date", "data", ""};
+    return names[static_cast<int>(element)];
+}
+
 } // namespace tavrin::plist

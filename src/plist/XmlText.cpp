@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 namespace tavrin::plist {
 
@@ -48,14 +49,15 @@ std::optional<char32_t> entityCharacter(QByteArrayView name)
     return {};
 }
 
-/// Decodes text with entities, piece by piece.
-bool appendDecoded(QByteArrayView utf8, QString &text, qsizetype &position)
+/// Hands text with entities on, piece by piece and decoded.
+template <typename Receiver>
+bool decodeEntities(QByteArrayView utf8, Receiver &receiver, qsizetype &position)
 {
     constexpr qsizetype longestName = 11; // "#x" and 8 digits, and a semicolon
     while (!utf8.isEmpty()) {
         const qsizetype ampersand = utf8.indexOf('&');
         const QByteArrayView plain = ampersand < 0 ? utf8 : utf8.first(ampersand);
-        text += fromUtf8(plain);
+        receiver.takePlain(plain);
         position += plain.size();
         if (ampersand < 0)
             return true;
@@ -64,47 +66,72 @@ bool appendDecoded(QByteArrayView utf8, QString &text, qsizetype &position)
         const auto character = semicolon < 0 ? std::nullopt : entityCharacter(utf8.first(semicolon));
         if (!character)
             return false;
-        text += QChar::fromUcs4(*character);
+        receiver.takeCharacter(*character);
         utf8 = utf8.sliced(semicolon + 1);
         position += semicolon + 2;
     }
     return true;
 }
 
+template <typename Receiver>
+XmlTextExtent walkXmlText(QByteArrayView utf8, Receiver &receiver)
+{
+    constexpr QByteArrayView cdataStart("<![CDATA[");
+    constexpr QByteArrayView cdataEnd("]]>");
+    qsizetype length = 0;
+    for (;;) {
+        const QByteArrayView rest = utf8.sliced(length);
+        const qsizetype plainLength = rest.indexOf('<');
+        if (plainLength < 0)
+            return {length, "the file ends inside a text"};
+        const QByteArrayView markup = rest.sliced(plainLength);
+        if (!decodeEntities(rest.first(plainLength), receiver, length))
+            return {length, "unknown or malformed entity"};
+        if (markup.startsWith("</"))
+            return {length, nullptr};
+        const qsizetype end = markup.startsWith(cdataStart) ? markup.indexOf(cdataEnd) : -1;
+        if (end < 0)
+            return {length, "markup inside a text"};
+        receiver.takePlain(markup.sliced(cdataStart.size(), end - cdataStart.size()));
+        length += end + cdataEnd.size();
+    }
+}
+
+struct TextBuilder
+{
+    QString text;
+
+    void takePlain(QByteArrayView utf8)
+    {
+        if (text.isEmpty())
+            text = fromUtf8(utf8);
+        else
+            text += fromUtf8(utf8);
+    }
+    void takeCharacter(char32_t character) { text += QChar::fromUcs4(character); }
+};
+
+struct TextIgnorer
+{
+    void takePlain(QByteArrayView /*utf8*/) {}
+    void takeCharacter(char32_t /*character*/) {}
+};
+
 } // namespace
 
 XmlText readXmlText(QByteArrayView utf8)
 {
-    constexpr QByteArrayView cdataStart("<![CDATA[");
-    constexpr QByteArrayView cdataEnd("]]>");
-    XmlText result{u""_s};
-    for (;;) {
-        const QByteArrayView rest = utf8.sliced(result.length);
-        const qsizetype plainLength = rest.indexOf('<');
-        if (plainLength < 0) {
-            result.failure = "the file ends inside a text";
-            return result;
-        }
-        const QByteArrayView plain = rest.first(plainLength);
-        const QByteArrayView markup = rest.sliced(plainLength);
-        const bool hasEntities = plain.contains('&');
-        if (!hasEntities && result.length == 0) {
-            result.text = fromUtf8(plain);
-            result.length += plainLength;
-        } else if (!appendDecoded(plain, result.text, result.length)) {
-            result.failure = "unknown or malformed entity";
-            return result;
-        }
-        if (markup.startsWith("</"))
-            return result;
-        const qsizetype end = markup.startsWith(cdataStart) ? markup.indexOf(cdataEnd) : -1;
-        if (end < 0) {
-            result.failure = "markup inside a text";
-            return result;
-        }
-        result.text += fromUtf8(markup.sliced(cdataStart.size(), end - cdataStart.size()));
-        result.length += end + cdataEnd.size();
-    }
+    TextBuilder builder{u""_s};
+    const XmlTextExtent extent = walkXmlText(utf8, builder);
+    if (builder.text.isNull())
+        builder.text = u""_s;
+    return {std::move(builder.text), extent.length, extent.failure};
+}
+
+XmlTextExtent checkXmlText(QByteArrayView utf8)
+{
+    TextIgnorer ignorer;
+    return walkXmlText(utf8, ignorer);
 }
 
 } // namespace tavrin::plist

@@ -19,4 +19,14 @@ struct XmlText
 /// Reads text, entities and CDATA sections from the start of valid UTF-8, up to "</".
 XmlText readXmlText(QByteArrayView utf8);
 
+/// How far an element's text goes, for who does not want it decoded.
+struct XmlTextExtent
+{
+    qsizetype length = 0;
+    const char *failure = nullptr;
+};
+
+/// As readXmlText(), without making the text.
+XmlTextExtent checkXmlText(QByteArrayView utf8);
+
 } // namespace tavrin::plist

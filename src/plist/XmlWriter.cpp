@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
+#include "plist/XmlWriter.h"
+
 #include "base/InternalInconsistency.h"
 #include "plist/Base64.h"
 #include "plist/Reader.h"
 #include "plist/ScalarText.h"
-#include "plist/Writer.h"
 
 #include <algorithm>
 #include <array>
@@ -34,50 +35,60 @@ bool isPlain(char16_t unit)
     return unit < 0x80 && unit != u'<' && unit != u'>' && unit != u'&';
 }
 
-/// Writes one tree, collecting the bytes in a buffer that goes to the sink whenever it is full.
-///
-/// Once the sink has refused, nothing more is written.
-class XmlWriter
+} // namespace
+
+XmlWriter::XmlWriter(const Sink &sink)
+    : g_sink(sink)
+    , g_buffer(pieceSize, Qt::Uninitialized)
+    , g_at(g_buffer.data())
+{}
+
+void XmlWriter::beginFile()
 {
-public:
-    explicit XmlWriter(const Sink &sink)
-        : g_sink(sink)
-        , g_buffer(pieceSize, Qt::Uninitialized)
-        , g_at(g_buffer.data())
-    {}
-
-    bool write(const Value &root);
-
-private:
-    void flush();
-    char *room(qsizetype size);
-    void put(QByteArrayView bytes);
-    void putIndentation(int level);
-    void putElement(QByteArrayView name, QByteArrayView text);
-
-    void writeValue(const Value &value, int level);
-    void writeScalar(const Value &value);
-    void writeDictionary(const Dictionary &dictionary, int level);
-    void writeArray(const Array &array, int level);
-    void writeData(const QByteArray &data, int level);
-    void writeText(QStringView text);
-    void writeUid(Uid uid, int level);
-
-    const Sink &g_sink;
-    QByteArray g_buffer;
-    char *g_at;
-    bool g_isRefused = false;
-};
-
-bool XmlWriter::write(const Value &root)
-{
-    if (root.isNull())
-        throw InternalInconsistency("writeXml: there is nothing to write");
     put(fileStart);
-    writeValue(root, 0);
+}
+
+bool XmlWriter::endFile()
+{
     put(fileEnd);
     flush();
     return !g_isRefused;
+}
+
+void XmlWriter::beginContainer(QByteArrayView name, int level)
+{
+    putIndentation(level);
+    put("<");
+    put(name);
+    put(">\n");
+}
+
+void XmlWriter::endContainer(QByteArrayView name, int level)
+{
+    putIndentation(level);
+    put("</");
+    put(name);
+    put(">\n");
+}
+
+void XmlWriter::writeKey(QStringView key, int level)
+{
+    putIndentation(level);
+    put("<key>");
+    writeText(key);
+    put("</key>\n");
+}
+
+void XmlWriter::writeElement(QByteArrayView element, int level)
+{
+    putIndentation(level);
+    if (element.size() < pieceSize) {
+        put(element);
+    } else {
+        flush();
+        g_isRefused = g_isRefused || !g_sink(element);
+    }
+    put("\n");
 }
 
 void XmlWriter::flush()
@@ -156,11 +167,15 @@ void XmlWriter::writeScalar(const Value &value)
         putElement("date", formatDate(*date));
 }
 
+namespace {
+
 void checkLevel(int level)
 {
     if (level >= maximumDepth)
         throw InternalInconsistency("writeXml: nested more deeply than can be read again");
 }
+
+} // namespace
 
 void XmlWriter::writeDictionary(const Dictionary &dictionary, int level)
 {
@@ -171,10 +186,7 @@ void XmlWriter::writeDictionary(const Dictionary &dictionary, int level)
     }
     put("<dict>\n");
     dictionary.forEach([this, level](const QString &key, const Value &value) {
-        putIndentation(level + 1);
-        put("<key>");
-        writeText(key);
-        put("</key>\n");
+        writeKey(key, level + 1);
         writeValue(value, level + 1);
     });
     putIndentation(level);
@@ -210,6 +222,8 @@ void XmlWriter::writeData(const QByteArray &data, int level)
     put("</data>\n");
 }
 
+namespace {
+
 char *putCharacter(char32_t character, char *out)
 {
     const auto continuation = [character](int shift) {
@@ -235,6 +249,8 @@ char *putCharacter(char32_t character, char *out)
     *out++ = continuation(0);
     return out;
 }
+
+} // namespace
 
 void XmlWriter::writeText(QStringView text)
 {
@@ -274,11 +290,14 @@ void XmlWriter::writeUid(Uid uid, int level)
     put("</dict>\n");
 }
 
-} // namespace
-
 bool writeXml(const Value &root, const Sink &sink)
 {
-    return XmlWriter(sink).write(root);
+    if (root.isNull())
+        throw InternalInconsistency("writeXml: there is nothing to write");
+    XmlWriter writer(sink);
+    writer.beginFile();
+    writer.writeValue(root, 0);
+    return writer.endFile();
 }
 
 QByteArray toXml(const Value &root)

@@ -3,43 +3,42 @@
 
 #pragma once
 
-#include "plist/Value.h"
-
-#include <memory>
+#include "model/IdentifierTable.h"
 
 namespace tavrin {
 
-/// One place of the catalog: a record's identifier and whether it is, and was, selected.
+/// One place of the catalog: a record's identifier, as a number of the records' table, and whether the record
+/// is, and was, selected.
 ///
-/// Small, because there may be a million. An entry whose stored form is other than the usual one (more
-/// keys, flags that are strings, no dictionary at all) keeps that form and is written back in it; only a
-/// flag that changes is stored anew. Without an identifier it is inert: never selected, only kept.
+/// Small, because there may be a million. An entry that was stored in an unusual form has a number for that,
+/// too; without an identifier it is inert: never selected, only kept.
 class CatalogEntry
 {
 public:
     /// A new record's entry: selected, now and before.
-    explicit CatalogEntry(const QString &identifier);
-    static CatalogEntry entryWithValue(const plist::Value &stored);
+    explicit CatalogEntry(quint32 identifier) : CatalogEntry(identifier, true, true, 0) {}
+    CatalogEntry(quint32 identifier, bool current, bool previous, quint32 form)
+        : g_identifier(identifier)
+        , g_form(form & 0x3fffffffU)
+        , g_current(current)
+        , g_previous(previous)
+    {}
 
-    const QString &identifier() const { return g_identifier; }
-    bool isInert() const { return g_identifier.isNull(); }
-    bool currentlySelected() const { return g_currentlySelected; }
-    bool previouslySelected() const { return g_previouslySelected; }
-    /// What is stored.
-    plist::Value value() const;
+    quint32 identifier() const { return g_identifier; }
+    bool isInert() const { return g_identifier == IdentifierTable::none; }
+    bool currentlySelected() const { return g_current; }
+    bool previouslySelected() const { return g_previous; }
+    /// 0 for the usual form.
+    quint32 form() const { return g_form; }
 
-    void setCurrentlySelected(bool selected);
-    void setPreviouslySelected(bool selected);
+    void setCurrentlySelected(bool selected) { g_current = selected; }
+    void setPreviouslySelected(bool selected) { g_previous = selected; }
 
 private:
-    CatalogEntry() = default;
-    void store(bool flag, const QString &key);
-
-    QString g_identifier;
-    std::shared_ptr<const plist::Value>
-        g_unusualForm; ///< Shared by copies of the catalog; null for the usual.
-    bool g_currentlySelected = false;
-    bool g_previouslySelected = false;
+    quint32 g_identifier;
+    quint32 g_form : 30;
+    bool g_current : 1;
+    bool g_previous : 1;
 };
 
 } // namespace tavrin

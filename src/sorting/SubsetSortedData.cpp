@@ -13,56 +13,54 @@ SubsetSortedData SubsetSortedData::catalogWithSortedArray(const plist::Array &ar
                                                           const SubsetSortCriteriaData &criteria,
                                                           SelectionOnOpening selection)
 {
-    SubsetSortedData catalog(records);
-    catalog.g_criteria = criteria;
-    catalog.g_entries.reserve(static_cast<size_t>(array.size()));
+    CatalogForms forms(records.sharedIdentifiers());
+    std::vector<CatalogEntry> entries;
+    entries.reserve(static_cast<size_t>(array.size()));
     for (const plist::Value &stored : array)
-        catalog.g_entries.push_back(CatalogEntry::entryWithValue(stored));
-    if (array.isEmpty())
+        entries.push_back(forms.entryWithValue(stored));
+    return catalogWithEntries(std::move(forms), std::move(entries), records, criteria, selection);
+}
+
+SubsetSortedData SubsetSortedData::catalogWithEntries(CatalogForms forms,
+                                                      std::vector<CatalogEntry> entries,
+                                                      const DatafileRecordsData &records,
+                                                      const SubsetSortCriteriaData &criteria,
+                                                      SelectionOnOpening selection)
+{
+    SubsetSortedData catalog(records, std::move(forms));
+    catalog.g_criteria = criteria;
+    catalog.g_order.assign(std::move(entries));
+    if (catalog.count() == 0)
         catalog.rebuildCatalog();
     if (selection == SelectionOnOpening::AllSelected)
         catalog.selectAll();
-    else
-        catalog.rebuildSelectedIdentifiers();
     return catalog;
 }
 
 const CatalogEntry *SubsetSortedData::objectAtIndex(qint64 index) const
 {
-    return isValidIndex(index) ? &g_entries[static_cast<size_t>(index)] : nullptr;
+    return isValidIndex(index) ? &g_order.at(index) : nullptr;
 }
 
 QString SubsetSortedData::identifierAtIndex(qint64 index) const
 {
     const CatalogEntry *entry = objectAtIndex(index);
-    return entry ? entry->identifier() : QString();
+    return entry && !entry->isInert() ? g_forms.identifiers().text(entry->identifier()) : QString();
 }
 
 qint64 SubsetSortedData::indexOfIdentifier(const QString &identifier) const
 {
-    if (g_drift < 0 || g_searched > count())
-        indexPositions();
-    const auto position = g_positions.constFind(identifier);
-    if (position == g_positions.cend())
-        return NotFound;
-    const qint64 first = std::max<qint64>(0, *position - g_drift);
-    const qint64 last = std::min(count() - 1, *position + g_drift);
-    g_searched += last - first;
-    for (qint64 index = first; index <= last; ++index) {
-        if (g_entries[static_cast<size_t>(index)].identifier() == identifier)
-            return index;
-    }
-    return NotFound;
+    return g_order.indexOf(g_forms.identifiers().number(identifier));
 }
 
 QStringList SubsetSortedData::identifiers() const
 {
     QStringList identifiers;
     identifiers.reserve(count());
-    for (const CatalogEntry &entry : g_entries) {
+    g_order.forEach([&](const CatalogEntry &entry) {
         if (!entry.isInert())
-            identifiers.append(entry.identifier());
-    }
+            identifiers.append(g_forms.identifiers().text(entry.identifier()));
+    });
     return identifiers;
 }
 
@@ -70,9 +68,15 @@ plist::Array SubsetSortedData::sortedArray() const
 {
     plist::Array array;
     array.reserve(count());
-    for (const CatalogEntry &entry : g_entries)
-        array.append(entry.value());
+    g_order.forEach([&](const CatalogEntry &entry) { array.append(g_forms.valueOf(entry)); });
     return array;
+}
+
+CatalogSnapshot SubsetSortedData::snapshot(std::shared_ptr<IdentifierTable> identifiers) const
+{
+    CatalogSnapshot snapshot{g_forms, g_order};
+    snapshot.forms.setIdentifiers(std::move(identifiers));
+    return snapshot;
 }
 
 bool SubsetSortedData::isSelectedIdentifier(const QString &identifier) const
@@ -82,41 +86,24 @@ bool SubsetSortedData::isSelectedIdentifier(const QString &identifier) const
 
 QString SubsetSortedData::selectedIdentifierAtIndex(qint64 index) const
 {
-    return isValidSelectedIndex(index) ? identifierAtIndex(g_selected[static_cast<size_t>(index)])
-                                       : QString();
+    return isValidSelectedIndex(index) ? identifierAtIndex(g_order.indexOfSelectedPlace(index)) : QString();
 }
 
 qint64 SubsetSortedData::indexOfSelectedIdentifier(const QString &identifier) const
 {
-    const qint64 position = indexOfIdentifier(identifier);
-    if (position == NotFound)
-        return NotFound;
-    auto found = std::ranges::lower_bound(g_selected, position);
-    if (found == g_selected.end() || *found != position) {
-        if (!g_hasDuplicates)
-            return NotFound;
-        found = std::ranges::find(
-            g_selected, identifier, [this](qint64 index) { return identifierAtIndex(index); });
-    }
-    return found == g_selected.end() ? NotFound : found - g_selected.begin();
+    const qint64 index = g_order.indexOfSelected(g_forms.identifiers().number(identifier));
+    return index == NotFound ? NotFound : g_order.selectedBefore(index);
 }
 
 QStringList SubsetSortedData::selectedIdentifiers() const
 {
     QStringList identifiers;
     identifiers.reserve(countSelected());
-    for (const qint64 index : g_selected)
-        identifiers.append(identifierAtIndex(index));
+    g_order.forEach([&](const CatalogEntry &entry) {
+        if (entry.currentlySelected())
+            identifiers.append(g_forms.identifiers().text(entry.identifier()));
+    });
     return identifiers;
-}
-
-void SubsetSortedData::rebuildSelectedIdentifiers()
-{
-    g_selected.clear();
-    for (size_t i = 0; i < g_entries.size(); ++i) {
-        if (g_entries[i].currentlySelected())
-            g_selected.push_back(static_cast<qint64>(i));
-    }
 }
 
 void SubsetSortedData::selectAll()
@@ -129,54 +116,50 @@ void SubsetSortedData::selectAll()
 
 bool SubsetSortedData::selectWhere(const std::function<bool(const CatalogEntry &)> &rule)
 {
+    // All are judged before any is changed.
     std::vector<bool> selected;
-    selected.reserve(g_entries.size());
-    for (const CatalogEntry &entry : g_entries)
-        selected.push_back(!entry.isInert() && rule(entry));
-    for (size_t i = 0; i < g_entries.size(); ++i) {
-        g_entries[i].setPreviouslySelected(g_entries[i].currentlySelected());
-        g_entries[i].setCurrentlySelected(selected[i]);
-    }
-    rebuildSelectedIdentifiers();
-    if (!g_selected.empty() || std::ranges::all_of(g_entries, &CatalogEntry::isInert))
+    selected.reserve(static_cast<size_t>(count()));
+    g_order.forEach([&](const CatalogEntry &entry) { selected.push_back(!entry.isInert() && rule(entry)); });
+    size_t place = 0;
+    g_order.changeEach([&](CatalogEntry &entry) {
+        g_forms.setPreviouslySelected(entry, entry.currentlySelected());
+        g_forms.setCurrentlySelected(entry, selected[place++]);
+    });
+    if (countSelected() > 0 || hasOnlyInertEntries())
         return true;
     if (g_selectionWouldBeEmpty)
         g_selectionWouldBeEmpty();
     return revertToPrevious();
 }
 
+bool SubsetSortedData::hasOnlyInertEntries() const
+{
+    bool onlyInert = true;
+    g_order.forEach([&onlyInert](const CatalogEntry &entry) { onlyInert = onlyInert && entry.isInert(); });
+    return onlyInert;
+}
+
 bool SubsetSortedData::revertToPrevious()
 {
-    for (CatalogEntry &entry : g_entries) {
+    g_order.changeEach([this](CatalogEntry &entry) {
         const bool previous = entry.previouslySelected();
-        entry.setPreviouslySelected(entry.currentlySelected());
-        entry.setCurrentlySelected(previous);
-    }
-    rebuildSelectedIdentifiers();
-    return !g_selected.empty() || std::ranges::all_of(g_entries, &CatalogEntry::isInert);
+        g_forms.setPreviouslySelected(entry, entry.currentlySelected());
+        g_forms.setCurrentlySelected(entry, previous);
+    });
+    return countSelected() > 0 || hasOnlyInertEntries();
 }
 
 bool SubsetSortedData::switchToOmitted()
 {
-    const auto isOmitted = [](const CatalogEntry &entry) {
-        return !entry.isInert() && !entry.currentlySelected();
-    };
-    if (std::ranges::none_of(g_entries, isOmitted))
+    bool someAreOmitted = false;
+    g_order.forEach([&](const CatalogEntry &entry) {
+        someAreOmitted = someAreOmitted || (!entry.isInert() && !entry.currentlySelected());
+    });
+    if (!someAreOmitted)
         return false;
-    for (CatalogEntry &entry : g_entries)
-        entry.setCurrentlySelected(!entry.currentlySelected());
-    rebuildSelectedIdentifiers();
+    g_order.changeEach(
+        [this](CatalogEntry &entry) { g_forms.setCurrentlySelected(entry, !entry.currentlySelected()); });
     return true;
-}
-
-void SubsetSortedData::includeIdentifier(const QString &identifier, bool rebuild)
-{
-    setSelected(identifier, true, rebuild);
-}
-
-void SubsetSortedData::omitIdentifier(const QString &identifier, bool rebuild)
-{
-    setSelected(identifier, false, rebuild);
 }
 
 void SubsetSortedData::observeSelectionWouldBeEmptyErrorNotification(std::function<void()> receiver)
@@ -188,13 +171,11 @@ void SubsetSortedData::insertIdentifier(const QString &identifier, const QString
 {
     const qint64 after = indexOfIdentifier(afterIdentifier);
     insertAt(after == NotFound ? count() : after + 1, identifier);
-    rebuildSelectedIdentifiers();
 }
 
 void SubsetSortedData::insertIdentifierAtBeginning(const QString &identifier)
 {
     insertAt(0, identifier);
-    rebuildSelectedIdentifiers();
 }
 
 void SubsetSortedData::insertIdentifierAtEnd(const QString &identifier)
@@ -202,116 +183,50 @@ void SubsetSortedData::insertIdentifierAtEnd(const QString &identifier)
     insertAt(count(), identifier);
 }
 
+void SubsetSortedData::insertAt(qint64 index, const QString &identifier)
+{
+    if (!identifier.isEmpty())
+        g_order.insert(index, CatalogEntry(g_forms.identifiers().add(identifier)));
+}
+
 void SubsetSortedData::moveIdentifier(const QString &identifier, qint64 toIndex)
 {
     const qint64 index = indexOfIdentifier(identifier);
     if (index == NotFound)
         return;
-    const qint64 target = std::clamp<qint64>(toIndex, 0, count() - 1);
-    const auto from = g_entries.begin() + index;
-    const auto to = g_entries.begin() + target;
-    if (index < target)
-        std::rotate(from, from + 1, to + 1);
-    else
-        std::rotate(to, from, from + 1);
-    g_positions.insert(identifier, target);
-    if (g_hasDuplicates)
-        forgetPositions();
-    else
-        shifted();
-    rebuildSelectedIdentifiers();
+    const CatalogEntry entry = g_order.remove(index);
+    g_order.insert(std::clamp<qint64>(toIndex, 0, count()), entry);
 }
 
 void SubsetSortedData::deleteIdentifier(const QString &identifier)
 {
     const qint64 index = indexOfIdentifier(identifier);
-    if (index == NotFound)
-        return;
-    removeAt(index);
-    rebuildSelectedIdentifiers();
+    if (index != NotFound)
+        g_order.remove(index);
 }
 
 void SubsetSortedData::deleteIdentifiers(const QSet<QString> &identifiers)
 {
-    std::erase_if(g_entries, [&identifiers](const CatalogEntry &entry) {
-        return !entry.isInert() && identifiers.contains(entry.identifier());
-    });
-    forgetPositions();
-    rebuildSelectedIdentifiers();
+    QSet<quint32> numbers;
+    for (const QString &identifier : identifiers)
+        numbers.insert(g_forms.identifiers().number(identifier));
+    g_order.removeWhere(
+        [&](const CatalogEntry &entry) { return !entry.isInert() && numbers.contains(entry.identifier()); });
 }
 
 void SubsetSortedData::rebuildCatalog()
 {
-    g_entries.clear();
-    g_entries.reserve(static_cast<size_t>(g_records->count()));
-    g_records->forEach(
-        [this](const QString &identifier, const RecordData &) { g_entries.emplace_back(identifier); });
-    forgetPositions();
-    rebuildSelectedIdentifiers();
+    std::vector<CatalogEntry> entries;
+    entries.reserve(static_cast<size_t>(g_records->count()));
+    g_records->forEach([&](quint32 identifier, const RecordView &) { entries.emplace_back(identifier); });
+    g_order.assign(std::move(entries));
 }
 
-void SubsetSortedData::insertAt(qint64 index, const QString &identifier)
-{
-    if (identifier.isEmpty())
-        return;
-    const bool atEnd = index == count();
-    g_entries.insert(g_entries.begin() + index, CatalogEntry(identifier));
-    if (g_drift < 0)
-        return;
-    if (g_positions.contains(identifier)) {
-        forgetPositions();
-        return;
-    }
-    g_positions.insert(identifier, index);
-    if (!atEnd)
-        shifted();
-}
-
-void SubsetSortedData::setSelected(const QString &identifier, bool selected, bool rebuild)
+void SubsetSortedData::setSelected(const QString &identifier, bool selected)
 {
     const qint64 index = indexOfIdentifier(identifier);
     if (index != NotFound)
-        g_entries[static_cast<size_t>(index)].setCurrentlySelected(selected);
-    if (rebuild)
-        rebuildSelectedIdentifiers();
-}
-
-void SubsetSortedData::removeAt(qint64 index)
-{
-    const auto entry = g_entries.begin() + index;
-    g_positions.remove(entry->identifier());
-    g_entries.erase(entry);
-    if (g_hasDuplicates)
-        forgetPositions();
-    else
-        shifted();
-}
-
-void SubsetSortedData::indexPositions() const
-{
-    g_positions.clear();
-    g_positions.reserve(count());
-    qsizetype identified = 0;
-    // From the end, so that the first place of an identifier is the one that stays.
-    for (qint64 index = count() - 1; index >= 0; --index) {
-        const CatalogEntry &entry = g_entries[static_cast<size_t>(index)];
-        if (entry.isInert())
-            continue;
-        g_positions.insert(entry.identifier(), index);
-        ++identified;
-    }
-    g_hasDuplicates = g_positions.size() < identified;
-    g_drift = 0;
-    g_searched = 0;
-}
-
-// An insertion or a removal moves the entries behind it by one place each. Taking all positions anew would
-// make each such edit of a large datafile slow, so a look-up searches the few places around instead, until
-// the look-ups have searched as much as taking the positions anew would cost.
-void SubsetSortedData::shifted()
-{
-    if (++g_drift > greatestDrift)
-        forgetPositions();
+        g_order.changeAt(index, [&](CatalogEntry &entry) { g_forms.setCurrentlySelected(entry, selected); });
 }
 
 } // namespace tavrin

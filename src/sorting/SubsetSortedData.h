@@ -5,10 +5,10 @@
 
 #include "base/NotFound.h"
 #include "model/DatafileRecordsData.h"
-#include "sorting/CatalogEntry.h"
+#include "sorting/CatalogForms.h"
+#include "sorting/CatalogOrder.h"
 #include "sorting/SubsetSortCriteriaData.h"
 
-#include <QHash>
 #include <QSet>
 #include <QStringList>
 
@@ -20,12 +20,17 @@ namespace tavrin {
 /// What opening a catalog does to its stored selection.
 enum class SelectionOnOpening { AllSelected, AsStored };
 
+/// What a catalog holds at one moment. It can be read on another thread while the catalog changes.
+struct CatalogSnapshot
+{
+    CatalogForms forms;
+    CatalogOrder order;
+};
+
 /// The catalog of a datafile: the order of its records, and which of them are selected.
 ///
-/// Selected positions count selected records only. The selected list follows every operation but those
-/// that say that they leave it to the caller. Looking up an identifier is constant time, or O(log n) for
-/// its selected position; now and then, after many changes of order, a look-up is O(n).
-/// The records outlive it. A copy is independent, but announces to the same receiver.
+/// Selected positions count selected records only. What is done to one entry takes microseconds, however many
+/// there are. The records outlive it. A copy is independent, but announces to the same receiver.
 class SubsetSortedData
 {
 public:
@@ -35,9 +40,16 @@ public:
                                                    const SubsetSortCriteriaData &criteria,
                                                    SelectionOnOpening selection);
 
+    /// The same of entries that were read already; there are none, too, when the file has no catalog.
+    static SubsetSortedData catalogWithEntries(CatalogForms forms,
+                                               std::vector<CatalogEntry> entries,
+                                               const DatafileRecordsData &records,
+                                               const SubsetSortCriteriaData &criteria,
+                                               SelectionOnOpening selection);
+
     // The catalog.
 
-    qint64 count() const { return static_cast<qint64>(g_entries.size()); }
+    qint64 count() const { return g_order.count(); }
     bool isValidIndex(qint64 index) const { return index >= 0 && index < count(); }
     /// Null when the index is out of range; otherwise valid until the catalog changes.
     const CatalogEntry *objectAtIndex(qint64 index) const;
@@ -45,8 +57,10 @@ public:
     QString identifierAtIndex(qint64 index) const;
     qint64 indexOfIdentifier(const QString &identifier) const;
     QStringList identifiers() const;
-    /// What is stored, whole; value() of the entries gives it piece by piece.
+    /// What is stored, whole.
     plist::Array sortedArray() const;
+    /// What is stored, for a look at it on another thread: identifiers are then taken from that table.
+    CatalogSnapshot snapshot(std::shared_ptr<IdentifierTable> identifiers) const;
 
     const SubsetSortCriteriaData &criteria() const { return g_criteria; }
     void setCriteria(const SubsetSortCriteriaData &criteria) { g_criteria = criteria; }
@@ -54,13 +68,12 @@ public:
 
     // The selected records.
 
-    qint64 countSelected() const { return static_cast<qint64>(g_selected.size()); }
+    qint64 countSelected() const { return g_order.countSelected(); }
     bool isValidSelectedIndex(qint64 index) const { return index >= 0 && index < countSelected(); }
     bool isSelectedIdentifier(const QString &identifier) const;
     QString selectedIdentifierAtIndex(qint64 index) const;
     qint64 indexOfSelectedIdentifier(const QString &identifier) const;
     QStringList selectedIdentifiers() const;
-    void rebuildSelectedIdentifiers();
 
     // Changing the selection.
 
@@ -72,9 +85,8 @@ public:
     bool revertToPrevious();
     /// Shows the omitted records instead. False, and no change, when there are none.
     bool switchToOmitted();
-    /// With `rebuild` false the selected list is the caller's to rebuild, once for many.
-    void includeIdentifier(const QString &identifier, bool rebuild);
-    void omitIdentifier(const QString &identifier, bool rebuild);
+    void includeIdentifier(const QString &identifier) { setSelected(identifier, true); }
+    void omitIdentifier(const QString &identifier) { setSelected(identifier, false); }
     /// Receives the notification of that name.
     void observeSelectionWouldBeEmptyErrorNotification(std::function<void()> receiver);
 
@@ -83,7 +95,6 @@ public:
     /// At the end when the other identifier is unknown.
     void insertIdentifier(const QString &identifier, const QString &afterIdentifier);
     void insertIdentifierAtBeginning(const QString &identifier);
-    /// Leaves the selected list to the caller.
     void insertIdentifierAtEnd(const QString &identifier);
     /// The index counts without the moved entry; past the end means the end.
     void moveIdentifier(const QString &identifier, qint64 toIndex);
@@ -94,27 +105,20 @@ public:
     void rebuildCatalog();
 
 private:
-    explicit SubsetSortedData(const DatafileRecordsData &records) : g_records(&records) {}
+    SubsetSortedData(const DatafileRecordsData &records, CatalogForms forms)
+        : g_records(&records)
+        , g_forms(std::move(forms))
+    {}
 
     void insertAt(qint64 index, const QString &identifier);
-    void setSelected(const QString &identifier, bool selected, bool rebuild);
-    void removeAt(qint64 index);
-    void indexPositions() const;
-    void shifted();
-    void forgetPositions() { g_drift = -1; }
-
-    static constexpr qint64 greatestDrift = 256;
+    void setSelected(const QString &identifier, bool selected);
+    bool hasOnlyInertEntries() const;
 
     const DatafileRecordsData *g_records;
     SubsetSortCriteriaData g_criteria;
-    std::vector<CatalogEntry> g_entries;
-    std::vector<qint64> g_selected; ///< Positions in g_entries, ascending.
+    CatalogForms g_forms;
+    CatalogOrder g_order;
     std::function<void()> g_selectionWouldBeEmpty;
-    /// Where each identifier stands, give or take g_drift places.
-    mutable QHash<QString, qint64> g_positions;
-    mutable qint64 g_drift = -1;   ///< How many places; -1 when the positions are to be taken anew.
-    mutable qint64 g_searched = 0; ///< Places that look-ups searched since then.
-    mutable bool g_hasDuplicates = false;
 };
 
 } // namespace tavrin

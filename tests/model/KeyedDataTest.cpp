@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
+#include "base/InternalInconsistency.h"
 #include "model/DatafileRecordsData.h"
 #include "model/DatafileSettingsData.h"
 #include "support/TestEnvironment.h"

@@ -86,9 +86,9 @@ void SubsetSortedDataTest::onlyAFlagThatChangesIsStoredAnew()
 {
     SubsetSortedData catalog = this->catalog(unusualEntries());
     const SubsetSortedData untouched = catalog;
-    catalog.includeIdentifier(u"A"_s, true); // was selected: "YES" stays
-    catalog.omitIdentifier(u"B"_s, true);
-    catalog.includeIdentifier(u"D"_s, true);
+    catalog.includeIdentifier(u"A"_s); // was selected: "YES" stays
+    catalog.omitIdentifier(u"B"_s);
+    catalog.includeIdentifier(u"D"_s);
 
     plist::Array expected = unusualEntries();
     expected[1] = entry(u"B"_s, false, false);
@@ -97,7 +97,7 @@ void SubsetSortedDataTest::onlyAFlagThatChangesIsStoredAnew()
     QVERIFY(catalog.sortedArray() == expected);
     QVERIFY(untouched.sortedArray() == unusualEntries());
 
-    catalog.omitIdentifier(u"A"_s, true);
+    catalog.omitIdentifier(u"A"_s);
     expected[0] = entry(u"A"_s, false, u"YES"_s);
     QVERIFY(catalog.sortedArray() == expected);
 }
@@ -170,7 +170,6 @@ void edit(SubsetSortedData &catalog,
         break;
     case 1:
         catalog.insertIdentifierAtEnd(identifier);
-        catalog.rebuildSelectedIdentifiers();
         plain.entries.append({identifier});
         break;
     case 2:
@@ -182,11 +181,11 @@ void edit(SubsetSortedData &catalog,
         plain.entries.move(index, other);
         break;
     case 4:
-        catalog.omitIdentifier(identifier, true);
+        catalog.omitIdentifier(identifier);
         plain.entries[index].selected = false;
         break;
     case 5:
-        catalog.includeIdentifier(identifier, true);
+        catalog.includeIdentifier(identifier);
         plain.entries[index].selected = true;
         break;
     default:
@@ -285,8 +284,7 @@ void SubsetSortedDataTest::switchingNeedsOmittedRecords()
     QVERIFY(!catalog.switchToOmitted());
     QCOMPARE(catalog.countSelected(), 2);
 
-    catalog.omitIdentifier(u"A"_s, false);
-    QVERIFY(catalog.isSelectedIdentifier(u"A"_s)); // the caller has not rebuilt
+    catalog.omitIdentifier(u"A"_s);
     QVERIFY(catalog.switchToOmitted());
     QCOMPARE(catalog.selectedIdentifiers(), QStringList{u"A"_s});
     QVERIFY(catalog.objectAtIndex(0)->previouslySelected());

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "base/SharedBytes.h"
+
+#include "base/DurableFile.h"
+#include "base/Parallel.h"
+#include "base/SystemFile.h"
+
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <memory>
+#include <new>
+
+namespace tavrin {
+
+namespace {
+
+constexpr qsizetype hugePage = qsizetype(2) << 20;
+constexpr qsizetype parallelFrom = qsizetype(32) << 20;
+
+/// Reads one part of a file, in pieces.
+class PartReader
+{
+public:
+    PartReader(const Descriptor &descriptor, char *destination, qsizetype size, int parts)
+        : g_descriptor(descriptor)
+        , g_destination(destination)
+        , g_size(size)
+        , g_parts(parts)
+    {}
+
+    /// The first part tells the progress, for all.
+    void read(int part, Progress &progress)
+    {
+        constexpr qsizetype piece = qsizetype(4) << 20;
+        const qsizetype start = g_size / g_parts * part;
+        const qsizetype end = part + 1 == g_parts ? g_size : g_size / g_parts * (part + 1);
+        for (qsizetype at = start; at < end && !g_isOver;) {
+            const ssize_t got = readSomeAt(g_descriptor, g_destination + at, std::min(piece, end - at), at);
+            if (got <= 0) {
+                g_failure = got < 0 ? errno : EIO; // It was cut short while we read.
+                g_isOver = true;
+                return;
+            }
+            at += got;
+            if (part == 0) {
+                progress.setDone((at - start) * g_parts, g_size);
+                g_isOver = g_isOver || progress.isCancelled();
+            }
+        }
+    }
+
+    int failure() const { return g_failure; }
+
+private:
+    const Descriptor &g_descriptor;
+    char *g_destination;
+    qsizetype g_size;
+    int g_parts;
+    std::atomic<bool> g_isOver = false;
+    std::atomic<int> g_failure = 0;
+};
+
+} // namespace
+
+// In huge pages, because touching memory for the first time costs more than reading the file into it.
+std::shared_ptr<char> SharedBytes::allocated(qsizetype size)
+{
+    const auto wanted = static_cast<size_t>(size + padding + hugePage);
+    void *memory = ::mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED)
+        throw std::bad_alloc();
+    void *aligned = memory;
+    size_t room = wanted;
+    std::align(static_cast<size_t>(hugePage), static_cast<size_t>(size + padding), aligned, room);
+#ifdef MADV_HUGEPAGE
+    ::madvise(aligned, static_cast<size_t>(size + padding), MADV_HUGEPAGE);
+#endif
+    return {static_cast<char *>(aligned), [memory, wanted](char *) { ::munmap(memory, wanted); }};
+}
+
+SharedBytes SharedBytes::copyOf(QByteArrayView bytes)
+{
+    const std::shared_ptr<char> copy = allocated(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), copy.get());
+    return {copy, bytes.size()};
+}
+
+SharedBytes SharedBytes::unowned(QByteArrayView bytes)
+{
+    return {std::shared_ptr<const char>(std::shared_ptr<void>(), bytes.data()), bytes.size()};
+}
+
+Result<SharedBytes> SharedBytes::readFile(const QString &path, Progress &progress)
+{
+    const Descriptor descriptor = openToRead(path);
+    struct stat status = {};
+    if (!descriptor.isOpen() || ::fstat(descriptor.value(), &status) != 0)
+        return systemError(path);
+    if (!S_ISREG(status.st_mode)) {
+        // A pipe does not say how much it holds.
+        const Result<QByteArray> whole = readWhole(path);
+        if (!whole)
+            return whole.error();
+        return copyOf(*whole);
+    }
+    const auto size = static_cast<qsizetype>(status.st_size);
+    const std::shared_ptr<char> start = allocated(size);
+    const int parts = size < parallelFrom ? 1 : parallelParts();
+    PartReader reader(descriptor, start.get(), size, parts);
+    inParallel(parts, [&](int part) { reader.read(part, progress); });
+    if (progress.isCancelled())
+        return Error{Error::Kind::Cancelled, {}, path};
+    if (reader.failure() != 0) {
+        errno = reader.failure();
+        return systemError(path);
+    }
+    return SharedBytes(start, size);
+}
+
+} // namespace tavrin

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/Progress.h"
+#include "base/Result.h"
+
+#include <QByteArrayView>
+
+#include <memory>
+
+namespace tavrin {
+
+/// Bytes that never change. Copies share them; they go with the last copy.
+///
+/// They are in memory of our own, not mapped from a file: another program that cuts a mapped file short
+/// crashes whoever looks at it, and one that writes into it changes what was checked already. Behind them
+/// stand `padding` zero bytes, so that they can be looked at in blocks.
+class SharedBytes
+{
+public:
+    static constexpr qsizetype padding = 64;
+
+    SharedBytes() = default;
+    static SharedBytes copyOf(QByteArrayView bytes);
+    /// Bytes that somebody else keeps for as long as they are used; they have the padding.
+    static SharedBytes unowned(QByteArrayView bytes);
+
+    /// Reads a whole file. NotFound, Io, or Cancelled.
+    static Result<SharedBytes> readFile(const QString &path, Progress &progress);
+
+    QByteArrayView view() const { return {g_start.get(), g_size}; }
+    qsizetype size() const { return g_size; }
+
+private:
+    static std::shared_ptr<char> allocated(qsizetype size);
+    SharedBytes(std::shared_ptr<const char> start, qsizetype size) : g_start(std::move(start)), g_size(size)
+    {}
+
+    std::shared_ptr<const char> g_start;
+    qsizetype g_size = 0;
+};
+
+} // namespace tavrin

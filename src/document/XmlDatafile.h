@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/SharedBytes.h"
+#include "document/DatafileContents.h"
+
+#include <optional>
+
+namespace tavrin {
+
+struct DatafileSnapshot;
+
+/// Reads an XML datafile in one pass that checks every byte and leaves the records where they are.
+///
+/// None when the bytes are something else, or so unusual a datafile that it has to be read value by value;
+/// that then decides what is wrong with it, if anything is.
+std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes, const QString &fileName);
+
+/// Whether the bytes, which are followed by SharedBytes::padding zero bytes, hold what the snapshot does:
+/// Corrupt when they do not. Records that were copied are compared byte by byte, of those that were written
+/// anew it is checked that they are there.
+Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot);
+
+} // namespace tavrin

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/TextView.h"
+#include "plist/Value.h"
+
+namespace tavrin {
+
+/// The records of a datafile as it was read, each at a place from 0 on.
+///
+/// Immutable, and so usable on any thread. Nothing is kept of what is read from it.
+class RecordSource
+{
+public:
+    RecordSource() = default;
+    RecordSource(const RecordSource &) = delete;
+    RecordSource &operator=(const RecordSource &) = delete;
+    virtual ~RecordSource() = default;
+
+    virtual quint32 count() const = 0;
+
+    /// Whether the record cannot stay as it is stored: it lacks a key, or its form is too unusual for the
+    /// operations below.
+    virtual bool needsOpening(quint32 place) const = 0;
+
+    /// The record whole.
+    virtual plist::Dictionary dictionary(quint32 place) const = 0;
+    /// What stands under one of the record's keys; null when nothing does.
+    virtual plist::Value value(quint32 place, const QString &key) const = 0;
+    /// As RecordData::fieldValue() and textString() give them.
+    virtual TextView fieldValue(quint32 place, const QString &fieldIdentifier) const = 0;
+    virtual TextView textString(quint32 place) const = 0;
+
+    /// The record's element as it stands in an XML datafile; empty for a record that came from elsewhere.
+    virtual QByteArrayView xml(quint32 /*place*/) const { return {}; }
+};
+
+} // namespace tavrin

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "model/RecordView.h"
+
+#include "model/RecordData.h"
+#include "model/RecordKey.h"
+#include "model/RecordSource.h"
+
+namespace tavrin {
+
+namespace {
+
+Date dateIn(const plist::Value &value)
+{
+    return value.isDate() ? *value.date() : Date();
+}
+
+} // namespace
+
+TextView RecordView::fieldValue(const QString &fieldIdentifier) const
+{
+    return g_record ? TextView(g_record->fieldValue(fieldIdentifier))
+                    : g_source->fieldValue(g_place, fieldIdentifier);
+}
+
+TextView RecordView::textString() const
+{
+    return g_record ? TextView(g_record->textString()) : g_source->textString(g_place);
+}
+
+Date RecordView::createdDate() const
+{
+    return dateIn(value(RecordKey::createdDate));
+}
+
+Date RecordView::modifiedDate() const
+{
+    return dateIn(value(RecordKey::modifiedDate));
+}
+
+Date RecordView::viewedDate() const
+{
+    return dateIn(value(RecordKey::viewedDate));
+}
+
+bool RecordView::isSum() const
+{
+    return value(RecordKey::isSum).toBool();
+}
+
+bool RecordView::needsSync() const
+{
+    return value(RecordKey::needsSync).toBool();
+}
+
+bool RecordView::recordLocked() const
+{
+    return value(RecordKey::locked).toBool();
+}
+
+plist::Value RecordView::value(const QString &key) const
+{
+    return g_record ? g_record->dictionary().value(key) : g_source->value(g_place, key);
+}
+
+plist::Dictionary RecordView::dictionary() const
+{
+    return g_record ? g_record->dictionary() : g_source->dictionary(g_place);
+}
+
+} // namespace tavrin

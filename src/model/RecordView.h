@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/Date.h"
+#include "model/TextView.h"
+#include "plist/Value.h"
+
+namespace tavrin {
+
+class RecordData;
+class RecordSource;
+
+/// One record's parts, read without making the record an object: from its object where there is one, else
+/// from where the datafile was read to.
+///
+/// Each answer costs about a microsecond; none is kept.
+class RecordView
+{
+public:
+    RecordView(const RecordData *record, const RecordSource *source, quint32 place)
+        : g_record(record)
+        , g_source(source)
+        , g_place(place)
+    {}
+
+    TextView fieldValue(const QString &fieldIdentifier) const;
+    TextView textString() const;
+    Date createdDate() const;
+    Date modifiedDate() const;
+    Date viewedDate() const;
+    bool isSum() const;
+    bool needsSync() const;
+    bool recordLocked() const;
+    /// What is stored under any key of the record; null when nothing is.
+    plist::Value value(const QString &key) const;
+    /// What is stored, whole.
+    plist::Dictionary dictionary() const;
+
+private:
+    const RecordData *g_record;
+    const RecordSource *g_source;
+    quint32 g_place;
+};
+
+} // namespace tavrin

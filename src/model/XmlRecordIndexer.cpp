@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "model/XmlRecordIndexer.h"
+
+#include <limits>
+
+namespace tavrin {
+
+namespace {
+
+// A dictionary with nothing but this key is a reference, no dictionary.
+constexpr QByteArrayView referenceKey("CF$UID");
+
+constexpr quint32 bitOf(size_t knownKey)
+{
+    return quint32(1) << knownKey;
+}
+
+} // namespace
+
+void XmlRecordIndexer::run(const char *stop)
+{
+    const auto goesOn = [this, stop] { return g_cursor.at() < stop || stop == g_cursor.end(); };
+    while (g_outcome == Outcome::Indexed && g_cursor.skipToEntry() && goesOn()) {
+        if (!indexEntry())
+            break;
+    }
+    if (g_cursor.hasFailed())
+        g_outcome = Outcome::Refused;
+}
+
+bool XmlRecordIndexer::isUnusual()
+{
+    g_outcome = Outcome::Unusual;
+    return false;
+}
+
+// A decoded key is the cursor's own, and does not stay.
+QByteArrayView XmlRecordIndexer::identifier()
+{
+    if (!g_cursor.isEncoded())
+        return g_cursor.key();
+    g_decodedIdentifiers.push_back(g_cursor.key().toByteArray());
+    return g_decodedIdentifiers.back();
+}
+
+bool XmlRecordIndexer::indexEntry()
+{
+    if (!g_cursor.nextKey()) {
+        g_isAtEnd = !g_cursor.hasFailed();
+        return false;
+    }
+    if (g_cursor.key().isEmpty())
+        return isUnusual();
+    g_identifiers.push_back(identifier());
+    if (!g_cursor.nextValue())
+        return false;
+    if (g_cursor.tag().element != plist::Element::Dict)
+        return isUnusual();
+    return indexRecord();
+}
+
+bool XmlRecordIndexer::indexRecord()
+{
+    const char *start = g_cursor.valueStart();
+    g_record = {};
+    g_record.start = static_cast<quint64>(start - g_cursor.text().begin());
+    g_recordKeys.begin();
+    quint32 met = 0;
+    bool isReference = false;
+    if (g_cursor.enter()) {
+        isReference = true;
+        while (g_cursor.nextKey()) {
+            const size_t number = g_recordKeys.number(g_cursor.key());
+            if (number == g_knownKeys.size())
+                g_knownKeys.push_back(RecordKey::indexOf(QString::fromUtf8(g_cursor.key())));
+            const size_t known = g_knownKeys[number];
+            isReference = isReference && g_cursor.key() == referenceKey;
+            if (!g_cursor.nextValue())
+                return false;
+            const auto distance = static_cast<quint32>(g_cursor.valueStart() - start);
+            met |= bitOf(known);
+            if (known == RecordKey::textStringPlace)
+                g_record.textString = distance;
+            if (known == RecordKey::fieldsPlace)
+                g_record.fields = distance;
+            if (!(known == RecordKey::fieldsPlace ? indexFields() : g_cursor.skipValue()))
+                return false;
+        }
+    }
+    if (g_cursor.hasFailed())
+        return false;
+    const auto size = g_cursor.at() - start;
+    if (isReference || size > std::numeric_limits<quint32>::max())
+        return isUnusual();
+    g_record.size = static_cast<quint32>(size);
+    constexpr quint32 allKeys = bitOf(RecordKey::count) - 1;
+    if ((met & allKeys) != allKeys || g_recordKeys.hasRepeated())
+        g_record.needsOpening = true;
+    g_records.push_back(g_record);
+    return true;
+}
+
+bool XmlRecordIndexer::indexFields()
+{
+    if (g_cursor.tag().element != plist::Element::Dict)
+        return g_cursor.skipValue();
+    if (!g_cursor.enter())
+        return !g_cursor.hasFailed();
+    g_fieldKeys.begin();
+    bool isReference = true;
+    while (g_cursor.nextKey()) {
+        g_fieldKeys.number(g_cursor.key());
+        isReference = isReference && g_cursor.key() == referenceKey;
+        if (!g_cursor.nextValue() || !g_cursor.skipValue())
+            return false;
+    }
+    g_record.needsOpening = g_record.needsOpening || isReference || g_fieldKeys.hasRepeated();
+    return !g_cursor.hasFailed();
+}
+
+} // namespace tavrin

@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "model/XmlRecords.h"
+
+#include "base/Parallel.h"
+#include "model/IdentifierTable.h"
+#include "model/RecordKey.h"
+#include "model/XmlRecordIndexer.h"
+#include "plist/XmlReader.h"
+
+#include <algorithm>
+
+namespace tavrin {
+
+namespace {
+
+constexpr qsizetype parallelFrom = qsizetype(32) << 20;
+
+/// Where a record seems to begin, at `from` or behind it: at the key, in the layout in which datafiles are
+/// written. The end of the text when nothing looks like it.
+///
+/// It may be wrong. Then the indexer before does not stop there, and all that was found from there on is
+/// thrown away.
+const char *likelyRecord(QByteArrayView text, qsizetype from)
+{
+    constexpr QByteArrayView between("\n\t\t</dict>\n\t\t");
+    constexpr QByteArrayView key("<key>");
+    for (;;) {
+        const qsizetype found = text.indexOf(between, from);
+        if (found < 0)
+            return text.end();
+        const QByteArrayView rest = text.sliced(found + between.size());
+        if (rest.startsWith(key))
+            return rest.begin();
+        from = found + 1;
+    }
+}
+
+/// What the text has in the element that the cursor is at, as Value::toText() gives it.
+TextView textOf(plist::XmlCursor &cursor)
+{
+    const bool isString =
+        cursor.tag().element == plist::Element::String || cursor.tag().element == plist::Element::Key;
+    if (isString) {
+        QByteArrayView content;
+        cursor.readString(content);
+        return {content, cursor.isEncoded()};
+    }
+    const char *start = cursor.valueStart();
+    cursor.skipValue();
+    const Result<plist::Value> value = plist::readXml({start, cursor.at()});
+    return TextView(value ? value->toText() : QString());
+}
+
+} // namespace
+
+XmlRecords::Outcome XmlRecords::index(plist::XmlCursor &cursor, IdentifierTable &identifiers)
+{
+    using plist::Element;
+    if (cursor.tag().element != Element::Dict)
+        return Outcome::Unusual;
+    if (!cursor.enter())
+        return cursor.hasFailed() ? Outcome::Refused : Outcome::Indexed;
+
+    const qsizetype left = g_text.end() - cursor.at();
+    const int parts = left < parallelFrom ? 1 : parallelParts();
+    std::vector<XmlRecordIndexer> indexers;
+    indexers.emplace_back(cursor);
+    for (int part = 1; part < parts; ++part) {
+        const char *start = likelyRecord(g_text, cursor.position() + left / parts * part);
+        indexers.emplace_back(plist::XmlCursor(g_text, start, {Element::Dict, Element::Dict}));
+    }
+    std::vector<const char *> starts;
+    for (const XmlRecordIndexer &indexer : indexers)
+        starts.push_back(indexer.cursor().at());
+    starts.push_back(g_text.end());
+    inParallel(parts, [&](int part) {
+        const auto index = static_cast<size_t>(part);
+        indexers[index].run(starts[index + 1]);
+    });
+
+    // A part counts when the one before it stopped exactly where it began.
+    size_t last = 0;
+    while (indexers[last].outcome() == Outcome::Indexed && !indexers[last].isAtEnd()) {
+        if (last + 1 < indexers.size() && indexers[last].cursor().at() == starts[last + 1])
+            ++last;
+        else
+            indexers[last].run(g_text.end());
+    }
+    cursor.continueFrom(indexers[last].cursor());
+    if (indexers[last].outcome() != Outcome::Indexed)
+        return indexers[last].outcome();
+    return take({indexers.data(), last + 1}, identifiers);
+}
+
+XmlRecords::Outcome XmlRecords::take(std::span<const XmlRecordIndexer> indexers, IdentifierTable &identifiers)
+{
+    size_t total = 0;
+    for (const XmlRecordIndexer &indexer : indexers)
+        total += indexer.records().size();
+    g_records.reserve(total);
+    identifiers.keep(g_bytes);
+    identifiers.reserve(static_cast<quint32>(total));
+    for (const XmlRecordIndexer &indexer : indexers) {
+        for (size_t i = 0; i < indexer.records().size(); ++i) {
+            if (identifiers.add(indexer.identifiers()[i]) != count())
+                return Outcome::Unusual;
+            g_records.push_back(indexer.records()[i]);
+        }
+    }
+    return Outcome::Indexed;
+}
+
+QByteArrayView XmlRecords::xml(quint32 place) const
+{
+    const Record &record = g_records[place];
+    return g_text.sliced(static_cast<qsizetype>(record.start), record.size);
+}
+
+plist::Dictionary XmlRecords::dictionary(quint32 place) const
+{
+    const Result<plist::Value> record = plist::readXml(xml(place));
+    return record && record->isDictionary() ? *record->dictionary() : plist::Dictionary();
+}
+
+// At the value so far behind the start of the record.
+plist::XmlCursor XmlRecords::cursorAt(quint32 place, quint32 distance) const
+{
+    plist::XmlCursor cursor(g_text, xml(place).data() + distance, {});
+    cursor.nextValue();
+    return cursor;
+}
+
+plist::Value XmlRecords::value(quint32 place, const QString &key) const
+{
+    const QByteArray wanted = key.toUtf8();
+    plist::XmlCursor cursor = cursorAt(place, 0);
+    if (!cursor.enter())
+        return {};
+    while (cursor.nextKey()) {
+        const bool isWanted = cursor.key() == wanted;
+        cursor.nextValue();
+        const char *start = cursor.valueStart();
+        cursor.skipValue();
+        if (!isWanted)
+            continue;
+        const Result<plist::Value> value = plist::readXml({start, cursor.at()});
+        return value ? *value : plist::Value();
+    }
+    return {};
+}
+
+TextView XmlRecords::fieldValue(quint32 place, const QString &fieldIdentifier) const
+{
+    const QByteArray wanted = fieldIdentifier.toUtf8();
+    plist::XmlCursor cursor = cursorAt(place, g_records[place].fields);
+    if (cursor.tag().element != plist::Element::Dict || !cursor.enter())
+        return {};
+    while (cursor.nextKey()) {
+        const bool isWanted = cursor.key() == wanted;
+        cursor.nextValue();
+        if (isWanted) {
+            const TextView text = textOf(cursor);
+            return text.isAbsent() ? TextView(QStringLiteral("")) : text;
+        }
+        cursor.skipValue();
+    }
+    return {};
+}
+
+TextView XmlRecords::textString(quint32 place) const
+{
+    plist::XmlCursor cursor = cursorAt(place, g_records[place].textString);
+    return textOf(cursor);
+}
+
+} // namespace tavrin

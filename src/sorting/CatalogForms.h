@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "plist/Value.h"
+#include "plist/XmlCursor.h"
+#include "sorting/CatalogEntry.h"
+
+#include <memory>
+#include <vector>
+
+namespace tavrin {
+
+/// How the entries of a catalog are stored: makes entries of what is stored, and gives it back.
+///
+/// An entry whose stored form is other than the usual one (more keys, flags that are strings, no dictionary
+/// at all) keeps that form and is written back in it; only a flag that changes is stored anew.
+class CatalogForms
+{
+public:
+    /// The identifiers' numbers are those of the table, to which new ones are added.
+    explicit CatalogForms(std::shared_ptr<IdentifierTable> identifiers)
+        : g_identifiers(std::move(identifiers))
+    {}
+
+    IdentifierTable &identifiers() const { return *g_identifiers; }
+    /// Takes a copy of the table in its place, which nobody changes.
+    void setIdentifiers(std::shared_ptr<IdentifierTable> identifiers)
+    {
+        g_identifiers = std::move(identifiers);
+    }
+
+    CatalogEntry entryWithValue(const plist::Value &stored);
+    plist::Value valueOf(const CatalogEntry &entry) const;
+
+    /// The entries of the array at which the cursor is, all of them checked. False when the cursor failed.
+    bool readEntries(plist::XmlCursor &cursor, std::vector<CatalogEntry> &entries);
+
+    /// Nothing for an inert entry.
+    void setCurrentlySelected(CatalogEntry &entry, bool selected);
+    void setPreviouslySelected(CatalogEntry &entry, bool selected);
+
+private:
+    bool readUsualEntry(plist::XmlCursor &cursor, CatalogEntry &entry, bool &isUsual);
+    void store(const CatalogEntry &entry, bool flag, const QString &key);
+
+    std::shared_ptr<IdentifierTable> g_identifiers;
+    std::vector<plist::Value> g_forms; ///< That of number 1 first.
+    quint32 g_guess = 0; ///< The next entry's identifier, most likely: catalogs often follow the records.
+};
+
+} // namespace tavrin
