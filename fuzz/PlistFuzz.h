@@ -8,6 +8,7 @@
 #include "plist/Reader.h"
 #include "plist/TextEncoding.h"
 #include "plist/Writer.h"
+#include "plist/XmlCursor.h"
 #include "plist/XmlReader.h"
 
 #include <QByteArray>
@@ -86,9 +87,25 @@ inline void checkText(QByteArrayView bytes, Result<Value> (*readText)(QByteArray
         checkWriting(*root, isExactInXml);
 }
 
+/// The cursor accepts and refuses what the reader does, for the same reason at the same line.
+inline void checkCursor(QByteArrayView bytes)
+{
+    const Result<QByteArray> text = toUtf8(bytes);
+    if (!text)
+        return;
+    const QByteArray padded = *text + QByteArray(MarkupScanner::blockSize, '\0');
+    const Result<Value> expected = readXml(*text);
+    XmlCursor cursor(QByteArrayView(padded).first(text->size()));
+    const bool isAccepted = cursor.enterRoot() && cursor.skipValue() && cursor.leaveRoot();
+    require(isAccepted == expected.has_value(), "the cursor accepts what the reader does");
+    if (!isAccepted)
+        require(cursor.error() == expected.error(), "the cursor gives the reader's reason");
+}
+
 inline void checkXml(QByteArrayView bytes)
 {
     checkText(bytes, readXml, true);
+    checkCursor(bytes);
 }
 
 inline void checkAscii(QByteArrayView bytes)

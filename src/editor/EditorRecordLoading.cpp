@@ -33,6 +33,11 @@ RecordData *EditorWindowController::recordAtIndex(qint64 index)
         g_document.datafileCatalog().selectedIdentifierAtIndex(index));
 }
 
+std::optional<RecordView> EditorWindowController::recordViewAtIndex(qint64 index) const
+{
+    return g_document.datafileRecords().view(g_document.datafileCatalog().selectedIdentifierAtIndex(index));
+}
+
 bool EditorWindowController::isValidRecord(const RecordData *record) const
 {
     const QString identifier = identifierOf(record);

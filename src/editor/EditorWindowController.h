@@ -67,6 +67,8 @@ public:
     qint64 countSelected() const { return g_document.datafileCatalog().countSelected(); }
     qint64 indexOfCurrentRecord() const;
     RecordData *recordAtIndex(qint64 index);
+    /// The same without opening the record, as for a look at many.
+    std::optional<RecordView> recordViewAtIndex(qint64 index) const;
     bool isValidRecord(const RecordData *record) const;
     bool haveCurrentSelection() const;
     const RecordHistory &viewedRecordList() const { return g_viewedRecordList; }

@@ -41,14 +41,14 @@ QVariant ListTableModel::data(const QModelIndex &index, int role) const
         return g_window.tableController().fieldsFont();
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
-    const RecordData *record = g_window.recordAtIndex(index.row());
+    const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
     if (!record)
         return {};
     if (isTextColumn(index.column()))
-        return firstLine(record->textString());
+        return firstLine(record->textString().toString());
     const FieldDefinition &field =
         g_window.document().datafileSettings().fields().at(g_shownFields.at(index.column()));
-    return record->fieldValue(field.identifier());
+    return record->fieldValue(field.identifier()).toString();
 }
 
 QVariant ListTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -67,8 +67,10 @@ QVariant ListTableModel::headerData(int section, Qt::Orientation orientation, in
 Qt::ItemFlags ListTableModel::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    if (index.isValid() && !isTextColumn(index.column())
-        && g_window.tableController().mayEditRecord(g_window.recordAtIndex(index.row())))
+    if (!index.isValid() || isTextColumn(index.column()))
+        return flags;
+    const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
+    if (record && !record->recordLocked() && !g_window.nowSyncing())
         flags |= Qt::ItemIsEditable;
     return flags;
 }
