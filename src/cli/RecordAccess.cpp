@@ -38,7 +38,7 @@ Result<PlacedRecord> recordWithNumber(const QString &name, const DatafileDocumen
     if (identifier.isNull())
         return notFound(Cli::tr("There is no record number %1; %2 records are selected.")
                             .arg(name, QString::number(catalog.countSelected())));
-    const RecordData *record = document.datafileRecords().recordForIdentifier(identifier);
+    const std::optional<RecordView> record = document.datafileRecords().view(identifier);
     if (!record)
         return notFound(Cli::tr("Record number %1 is listed, but not there.").arg(name));
     return PlacedRecord{record, identifier, number};
@@ -56,9 +56,9 @@ QString dateAndPerson(Date date, const QString &person)
 
 } // namespace
 
-QString NamedField::contentIn(const RecordData &record) const
+QString NamedField::contentIn(const RecordView &record) const
 {
-    return isText() ? record.textString() : record.fieldValue(identifier);
+    return (isText() ? record.textString() : record.fieldValue(identifier)).toString();
 }
 
 Result<NamedField> fieldNamed(const QString &name, const DatafileSettingsData &settings)
@@ -140,7 +140,7 @@ Result<PlacedRecord> recordNamed(const QString &name, const DatafileDocument &do
         return recordWithNumber(name, document);
     const QString identifier =
         name.startsWith(identifierPrefix) ? name.sliced(identifierPrefix.size()) : name;
-    const RecordData *record = document.datafileRecords().recordForIdentifier(identifier);
+    const std::optional<RecordView> record = document.datafileRecords().view(identifier);
     if (!record)
         return notFound(Cli::tr("There is no record \"%1\".").arg(identifier));
     const qint64 index = document.datafileCatalog().indexOfSelectedIdentifier(identifier);
@@ -161,7 +161,7 @@ std::vector<PlacedRecord> recordsOfCatalog(const DatafileDocument &document, boo
         if (!isSelected && !omittedToo)
             continue;
         const QString identifier = catalog.identifierAtIndex(i);
-        if (const RecordData *record = document.datafileRecords().recordForIdentifier(identifier))
+        if (const std::optional<RecordView> record = document.datafileRecords().view(identifier))
             records.push_back({record, identifier, isSelected ? std::optional(selected) : std::nullopt});
     }
     return records;
@@ -169,7 +169,7 @@ std::vector<PlacedRecord> recordsOfCatalog(const DatafileDocument &document, boo
 
 QJsonObject recordObject(const PlacedRecord &placed, const QList<NamedField> &fields)
 {
-    const RecordData &record = *placed.record;
+    const RecordView &record = *placed.record;
     QJsonArray values;
     for (const NamedField &field : fields)
         values.append(QJsonValue(field.contentIn(record)));
@@ -183,7 +183,7 @@ QJsonObject recordObject(const PlacedRecord &placed, const QList<NamedField> &fi
             {u"modified"_s, isoText(record.modifiedDate())},
             {u"viewed"_s, isoText(record.viewedDate())},
             {u"values"_s, values},
-            {u"text"_s, record.textString()}};
+            {u"text"_s, record.textString().toString()}};
 }
 
 void writeRecord(const Call &call, const PlacedRecord &placed, const DatafileSettingsData &settings)
@@ -196,7 +196,7 @@ void writeRecord(const Call &call, const PlacedRecord &placed, const DatafileSet
 
 void writeRecordForPeople(Output &output, const PlacedRecord &placed, const DatafileSettingsData &settings)
 {
-    const RecordData &record = *placed.record;
+    const RecordView &record = *placed.record;
     QList<std::pair<QString, QString>> pairs{
         {Cli::tr("Record"), placed.number ? QString::number(*placed.number) : Cli::tr("omitted")},
         {Cli::tr("Identifier"), singleLine(placed.identifier)},
@@ -210,7 +210,7 @@ void writeRecordForPeople(Output &output, const PlacedRecord &placed, const Data
         pairs.append({singleLine(field.name), singleLine(field.contentIn(record))});
     output.writeLine({});
     writePairs(output, pairs);
-    if (const QString text = record.textString(); !text.isEmpty()) {
+    if (const QString text = record.textString().toString(); !text.isEmpty()) {
         output.writeLine({});
         output.writeLine(printable(text));
     }

@@ -18,7 +18,7 @@ struct NamedField
     QString identifier; ///< Null for the text.
 
     bool isText() const { return identifier.isNull(); }
-    QString contentIn(const RecordData &record) const;
+    QString contentIn(const RecordView &record) const;
 };
 
 /// By "Text", by "id:IDENTIFIER" or by name. NotFound; Refused when several fields have the name.
@@ -30,10 +30,10 @@ QList<NamedField> allFields(const DatafileSettingsData &settings);
 /// Names between commas; a comma or a backslash in a name has a backslash before it.
 QStringList splitNames(const QString &names);
 
-/// A record of a document and where it stands. Valid as long as the document has the record.
+/// A record of a document and where it stands. Valid until the record is changed.
 struct PlacedRecord
 {
-    const RecordData *record = nullptr;
+    std::optional<RecordView> record; ///< Never none.
     QString identifier;
     std::optional<qint64> number; ///< Counts the selected records from 1; none for an omitted one.
 };

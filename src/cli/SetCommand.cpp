@@ -92,7 +92,7 @@ ExitStatus runSet(Call &call)
     if (!edit)
         return call.failed(edit.error());
     DatafileDocument &document = edit->document();
-    const Result<PlacedRecord> placed = recordNamed(call.arguments.operand(1), document);
+    Result<PlacedRecord> placed = recordNamed(call.arguments.operand(1), document);
     if (!placed)
         return call.failed(placed.error());
     const Result<Changes> changes = changesIn(call.arguments, document.datafileSettings());
@@ -103,6 +103,7 @@ ExitStatus runSet(Call &call)
         return call.failed(applied.error());
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());
+    placed->record = document.datafileRecords().view(placed->identifier);
     writeRecord(call, *placed, document.datafileSettings());
     return ExitStatus::Done;
 }

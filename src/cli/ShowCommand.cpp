@@ -14,7 +14,7 @@ namespace {
 
 QJsonObject wholeRecordObject(const PlacedRecord &placed, const DatafileSettingsData &settings)
 {
-    const RecordData &record = *placed.record;
+    const RecordView &record = *placed.record;
     // RTF is 7-bit text; a byte beyond is kept as it is by the one encoding that has all 256.
     const std::optional<QByteArray> rtf = rtfOfRichText(record.textRTFD());
     QJsonObject object = recordObject(placed, allFields(settings));

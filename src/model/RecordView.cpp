@@ -29,6 +29,32 @@ TextView RecordView::textString() const
     return g_record ? TextView(g_record->textString()) : g_source->textString(g_place);
 }
 
+QByteArray RecordView::textRTFD() const
+{
+    const plist::Value data = value(RecordKey::textRTFD);
+    return data.isData() ? *data.data() : QByteArray();
+}
+
+QString RecordView::name() const
+{
+    return value(RecordKey::name).toText();
+}
+
+QString RecordView::createdBy() const
+{
+    return value(RecordKey::createdBy).toText();
+}
+
+QString RecordView::modifiedBy() const
+{
+    return value(RecordKey::modifiedBy).toText();
+}
+
+QString RecordView::viewedBy() const
+{
+    return value(RecordKey::viewedBy).toText();
+}
+
 Date RecordView::createdDate() const
 {
     return dateIn(value(RecordKey::createdDate));

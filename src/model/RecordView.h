@@ -27,6 +27,11 @@ public:
 
     TextView fieldValue(const QString &fieldIdentifier) const;
     TextView textString() const;
+    QByteArray textRTFD() const;
+    QString name() const;
+    QString createdBy() const;
+    QString modifiedBy() const;
+    QString viewedBy() const;
     Date createdDate() const;
     Date modifiedDate() const;
     Date viewedDate() const;
