@@ -49,7 +49,7 @@ private:
     };
 
     // Records repeat the same few keys: one shared string for each saves memory and time.
-    std::array<KnownKey, 256> g_knownKeys;
+    std::array<KnownKey, 64> g_knownKeys;
 };
 
 Result<Value> XmlParser::parse()

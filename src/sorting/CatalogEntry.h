@@ -10,8 +10,7 @@ namespace tavrin {
 /// One place of the catalog: a record's identifier, as a number of the records' table, and whether the record
 /// is, and was, selected.
 ///
-/// Small, because there may be a million. An entry that was stored in an unusual form has a number for that,
-/// too; without an identifier it is inert: never selected, only kept.
+/// Small, because there may be a million. Without an identifier it is inert: never selected, only kept.
 class CatalogEntry
 {
 public:
@@ -28,7 +27,7 @@ public:
     bool isInert() const { return g_identifier == IdentifierTable::none; }
     bool currentlySelected() const { return g_current; }
     bool previouslySelected() const { return g_previous; }
-    /// 0 for the usual form.
+    /// How it is stored: a number that CatalogForms gives; that of new entries is 0.
     quint32 form() const { return g_form; }
 
     void setCurrentlySelected(bool selected) { g_current = selected; }

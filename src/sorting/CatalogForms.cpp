@@ -5,6 +5,7 @@
 
 #include "plist/XmlReader.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tavrin {
@@ -13,25 +14,53 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString currentKey = u"CurrentlySelected"_s;
-const QString identifierKey = u"Identifier"_s;
-const QString previousKey = u"PreviouslySelected"_s;
+enum Part : size_t { Current, Identifier, Previous };
+constexpr size_t partCount = 3;
 
-/// Whether the entry is exactly what valueOf() makes of its three parts.
-bool isUsual(const plist::Dictionary &entry)
+const std::array<QString, partCount> keys{u"CurrentlySelected"_s, u"Identifier"_s, u"PreviouslySelected"_s};
+constexpr std::array<QByteArrayView, partCount> keyBytes{
+    "CurrentlySelected", "Identifier", "PreviouslySelected"};
+
+using Order = std::array<Part, partCount>;
+
+/// The orders in which the three keys may stand; the number of an order is the form of its entries. New
+/// entries have the first.
+constexpr std::array<Order, 6> orders{{{Current, Identifier, Previous},
+                                       {Identifier, Current, Previous},
+                                       {Identifier, Previous, Current},
+                                       {Current, Previous, Identifier},
+                                       {Previous, Current, Identifier},
+                                       {Previous, Identifier, Current}}};
+constexpr auto orderCount = static_cast<quint32>(orders.size());
+
+/// The part that the key names, partCount when none.
+template <typename Keys, typename Key>
+size_t partNamed(const Key &key, const Keys &names)
+{
+    return static_cast<size_t>(std::ranges::find(names, key) - names.begin());
+}
+
+/// The number of the order, orderCount when a part is there twice.
+quint32 numberOf(const Order &order)
+{
+    return static_cast<quint32>(std::ranges::find(orders, order) - orders.begin());
+}
+
+/// The order of an entry that has the three parts, each of its usual type, and nothing else; else orderCount.
+quint32 orderOf(const plist::Dictionary &entry)
 {
     using Type = plist::ValueType;
-    const std::array<QStringView, 3> keys{currentKey, identifierKey, previousKey};
-    constexpr std::array types{Type::Boolean, Type::String, Type::Boolean};
-    if (entry.size() != 3)
-        return false;
-    bool usual = true;
+    Order order{};
     size_t place = 0;
+    bool usual = entry.size() == partCount;
     entry.forEach([&](const QString &key, const plist::Value &value) {
-        usual = usual && key == keys[place] && value.type() == types[place];
-        ++place;
+        const size_t part = partNamed(key, keys);
+        usual =
+            usual && part < partCount && value.type() == (part == Identifier ? Type::String : Type::Boolean);
+        if (usual)
+            order[place++] = static_cast<Part>(part);
     });
-    return usual;
+    return usual ? numberOf(order) : orderCount;
 }
 
 bool isBoolean(plist::Element element)
@@ -44,27 +73,30 @@ bool isBoolean(plist::Element element)
 CatalogEntry CatalogForms::entryWithValue(const plist::Value &stored)
 {
     const plist::Dictionary *dictionary = stored.dictionary();
-    const QString identifier = dictionary ? dictionary->value(identifierKey).toText() : QString();
-    quint32 form = 0;
-    if (identifier.isEmpty() || !isUsual(*dictionary)) {
+    const QString identifier = dictionary ? dictionary->value(keys[Identifier]).toText() : QString();
+    quint32 form = identifier.isEmpty() ? orderCount : orderOf(*dictionary);
+    if (form == orderCount) {
         g_forms.push_back(stored);
-        form = static_cast<quint32>(g_forms.size());
+        form = orderCount + static_cast<quint32>(g_forms.size()) - 1;
     }
     if (identifier.isEmpty())
         return {IdentifierTable::none, false, false, form};
     return {g_identifiers->add(identifier),
-            dictionary->value(currentKey).toBool(),
-            dictionary->value(previousKey).toBool(),
+            dictionary->value(keys[Current]).toBool(),
+            dictionary->value(keys[Previous]).toBool(),
             form};
 }
 
 plist::Value CatalogForms::valueOf(const CatalogEntry &entry) const
 {
-    if (entry.form() != 0)
-        return g_forms[entry.form() - 1];
-    return plist::Dictionary{{currentKey, entry.currentlySelected()},
-                             {identifierKey, g_identifiers->text(entry.identifier())},
-                             {previousKey, entry.previouslySelected()}};
+    if (entry.form() >= orderCount)
+        return g_forms[entry.form() - orderCount];
+    const std::array<plist::Value, partCount> parts{
+        entry.currentlySelected(), g_identifiers->text(entry.identifier()), entry.previouslySelected()};
+    plist::Dictionary value;
+    for (const Part part : orders[entry.form()])
+        value.insert(keys[part], parts[part]);
+    return value;
 }
 
 bool CatalogForms::readEntries(plist::XmlCursor &cursor, std::vector<CatalogEntry> &entries)
@@ -94,34 +126,37 @@ bool CatalogForms::readUsualEntry(plist::XmlCursor &cursor, CatalogEntry &entry,
         return cursor.skipValue();
     if (!cursor.enter())
         return !cursor.hasFailed();
-    constexpr std::array<QByteArrayView, 3> keys{"CurrentlySelected", "Identifier", "PreviouslySelected"};
-    std::array<bool, 3> flags{};
+    std::array<bool, partCount> flags{};
+    Order order{};
     QByteArrayView identifier;
     size_t place = 0;
     isUsual = true;
     while (cursor.nextKey()) {
-        isUsual = isUsual && place < keys.size() && cursor.key() == keys[place];
+        const size_t part = partNamed(cursor.key(), keyBytes);
         if (!cursor.nextValue())
             return false;
         const Element element = cursor.tag().element;
-        if (isUsual && place == 1 && element == Element::String) {
-            if (!cursor.readString(identifier))
-                return false;
-            isUsual = !cursor.isEncoded() && !identifier.isEmpty();
-        } else {
-            isUsual = isUsual && place != 1 && isBoolean(element);
-            if (isUsual)
-                flags[place] = element == Element::True;
+        isUsual = isUsual && part < partCount && place < partCount
+                  && (part == Identifier ? element == Element::String : isBoolean(element));
+        if (isUsual) {
+            order[place++] = static_cast<Part>(part);
+            flags[part] = element == Element::True;
+        }
+        if (!isUsual || part != Identifier) {
             if (!cursor.skipValue())
                 return false;
+            continue;
         }
-        ++place;
+        if (!cursor.readString(identifier))
+            return false;
+        isUsual = !cursor.isEncoded() && !identifier.isEmpty();
     }
-    isUsual = isUsual && place == keys.size();
+    const quint32 form = numberOf(order);
+    isUsual = isUsual && place == partCount && form < orderCount;
     if (isUsual) {
         const quint32 number = g_identifiers->add(identifier, g_guess);
         g_guess = number + 1;
-        entry = {number, flags[0], flags[2], 0};
+        entry = {number, flags[Current], flags[Previous], form};
     }
     return !cursor.hasFailed();
 }
@@ -131,7 +166,7 @@ void CatalogForms::setCurrentlySelected(CatalogEntry &entry, bool selected)
     if (selected == entry.currentlySelected() || entry.isInert())
         return;
     entry.setCurrentlySelected(selected);
-    store(entry, selected, currentKey);
+    store(entry, selected, keys[Current]);
 }
 
 void CatalogForms::setPreviouslySelected(CatalogEntry &entry, bool selected)
@@ -139,14 +174,14 @@ void CatalogForms::setPreviouslySelected(CatalogEntry &entry, bool selected)
     if (selected == entry.previouslySelected() || entry.isInert())
         return;
     entry.setPreviouslySelected(selected);
-    store(entry, selected, previousKey);
+    store(entry, selected, keys[Previous]);
 }
 
 void CatalogForms::store(const CatalogEntry &entry, bool flag, const QString &key)
 {
-    if (entry.form() == 0)
+    if (entry.form() < orderCount)
         return;
-    plist::Value &form = g_forms[entry.form() - 1];
+    plist::Value &form = g_forms[entry.form() - orderCount];
     plist::Dictionary changed = *form.dictionary();
     changed.insert(key, flag);
     form = std::move(changed);

@@ -14,8 +14,9 @@ namespace tavrin {
 
 /// How the entries of a catalog are stored: makes entries of what is stored, and gives it back.
 ///
-/// An entry whose stored form is other than the usual one (more keys, flags that are strings, no dictionary
-/// at all) keeps that form and is written back in it; only a flag that changes is stored anew.
+/// A usual entry has its three keys, in any order. Any other (more keys, flags that are strings, no
+/// dictionary at all) keeps the form that it was stored in and is written back in it; only a flag that
+/// changes is stored anew.
 class CatalogForms
 {
 public:
@@ -46,7 +47,7 @@ private:
     void store(const CatalogEntry &entry, bool flag, const QString &key);
 
     std::shared_ptr<IdentifierTable> g_identifiers;
-    std::vector<plist::Value> g_forms; ///< That of number 1 first.
+    std::vector<plist::Value> g_forms; ///< Of the entries that are not usual.
     quint32 g_guess = 0; ///< The next entry's identifier, most likely: catalogs often follow the records.
 };
 
