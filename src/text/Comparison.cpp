@@ -4,6 +4,7 @@
 #include "text/Comparison.h"
 
 #include "text/Folding.h"
+#include "text/Utf16Text.h"
 
 #include <array>
 #include <vector>
@@ -87,33 +88,23 @@ private:
     std::vector<Place> g_places;
 };
 
-char asciiKey(char16_t unit, bool caseInsensitive)
-{
-    const bool isCapital = caseInsensitive && unit >= u'A' && unit <= u'Z';
-    return byte((isCapital ? unit | 0x20U : unit) + 1U);
-}
-
-/// The ASCII text before `end` needs no look-up.
-void appendAscii(Key &key, QStringView text, bool caseInsensitive)
+template <typename View>
+void appendAscii(Key &key, View text, bool caseInsensitive)
 {
     const auto size = static_cast<size_t>(text.size());
     const size_t start = key.size();
     key.resize(start + size);
     char *const bytes = key.data() + start;
-    const char16_t *const units = text.utf16();
-    for (size_t i = 0; i < size; ++i)
-        bytes[i] = asciiKey(units[i], caseInsensitive);
+    const auto *const units = text.data();
+    const unsigned firstCapital = caseInsensitive ? 'A' : 0x80;
+    for (size_t i = 0; i < size; ++i) {
+        const unsigned unit = codeUnit(units[i]);
+        bytes[i] = byte((unit - firstCapital < 26 ? unit | 0x20U : unit) + 1);
+    }
 }
 
-} // namespace
-
-void appendComparisonKey(Key &key, QStringView text, Qt::CaseSensitivity sensitivity)
+void appendOther(Key &key, QStringView text, bool caseInsensitive)
 {
-    const bool caseInsensitive = sensitivity == Qt::CaseInsensitive;
-    if (isAscii(text)) {
-        appendAscii(key, text, caseInsensitive);
-        return;
-    }
     static const std::array<LetterKeys, 2> letterKeys{LetterKeys({.caseInsensitive = false}),
                                                       LetterKeys({.caseInsensitive = true})};
     const LetterKeys &letters = letterKeys[caseInsensitive ? 1 : 0];
@@ -128,14 +119,27 @@ void appendComparisonKey(Key &key, QStringView text, Qt::CaseSensitivity sensiti
     }
 }
 
-Key comparisonKey(QStringView text, Qt::CaseSensitivity sensitivity)
+} // namespace
+
+void appendComparisonKey(Key &key, QAnyStringView text, Qt::CaseSensitivity sensitivity)
+{
+    const bool caseInsensitive = sensitivity == Qt::CaseInsensitive;
+    text.visit([&](auto view) {
+        if (isAscii(view))
+            appendAscii(key, view, caseInsensitive);
+        else
+            appendOther(key, Utf16Text(view).view(), caseInsensitive);
+    });
+}
+
+Key comparisonKey(QAnyStringView text, Qt::CaseSensitivity sensitivity)
 {
     Key key;
     appendComparisonKey(key, text, sensitivity);
     return key;
 }
 
-std::strong_ordering compare(QStringView left, QStringView right, Qt::CaseSensitivity sensitivity)
+std::strong_ordering compare(QAnyStringView left, QAnyStringView right, Qt::CaseSensitivity sensitivity)
 {
     return comparisonKey(left, sensitivity) <=> comparisonKey(right, sensitivity);
 }

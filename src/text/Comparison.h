@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QStringView>
+#include <QAnyStringView>
 
 #include <compare>
 #include <string>
@@ -15,10 +15,10 @@ namespace tavrin::text {
 
 /// Appends the key of the text, whose bytes compare as the texts do. A key has no zero bytes, so that a key
 /// padded with zeros keeps its place.
-void appendComparisonKey(std::string &key, QStringView text, Qt::CaseSensitivity sensitivity);
-std::string comparisonKey(QStringView text, Qt::CaseSensitivity sensitivity);
+void appendComparisonKey(std::string &key, QAnyStringView text, Qt::CaseSensitivity sensitivity);
+std::string comparisonKey(QAnyStringView text, Qt::CaseSensitivity sensitivity);
 
 /// For once; who compares a text often makes its key.
-std::strong_ordering compare(QStringView left, QStringView right, Qt::CaseSensitivity sensitivity);
+std::strong_ordering compare(QAnyStringView left, QAnyStringView right, Qt::CaseSensitivity sensitivity);
 
 } // namespace tavrin::text

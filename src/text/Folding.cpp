@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <type_traits>
 #include <vector>
 
 namespace tavrin::text {
@@ -93,20 +94,36 @@ std::vector<char16_t> makeFirstFoldedUnits()
     return units;
 }
 
-} // namespace
-
-bool isAscii(QStringView text)
+template <typename Unit>
+bool areAscii(const Unit *unit, qsizetype size)
 {
-    const char16_t *unit = text.utf16();
-    const char16_t *const end = unit + text.size();
-    constexpr quint64 beyond = 0xFF80FF80FF80FF80;
-    for (; end - unit >= 8; unit += 8) {
-        std::array<quint64, 2> words;
+    const Unit *const end = unit + size;
+    constexpr quint64 beyond = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
+    constexpr qsizetype step = 2 * sizeof(quint64) / sizeof(Unit);
+    for (; end - unit >= step; unit += step) {
+        std::array<quint64, 2> words{};
         std::memcpy(words.data(), unit, sizeof words);
         if ((words[0] | words[1]) & beyond)
             return false;
     }
-    return std::all_of(unit, end, [](char16_t c) { return c < 0x80; });
+    return std::all_of(unit, end, [](Unit c) { return static_cast<std::make_unsigned_t<Unit>>(c) < 0x80; });
+}
+
+} // namespace
+
+bool isAscii(QStringView text)
+{
+    return areAscii(text.utf16(), text.size());
+}
+
+bool isAscii(QUtf8StringView text)
+{
+    return areAscii(text.data(), text.size());
+}
+
+bool isAscii(QLatin1StringView text)
+{
+    return areAscii(text.data(), text.size());
 }
 
 bool joinsPrevious(char32_t codePoint)

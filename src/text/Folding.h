@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAnyStringView>
 #include <QString>
 
 namespace tavrin::text {
@@ -19,7 +20,18 @@ struct Sameness
     friend bool operator==(const Sameness &, const Sameness &) = default;
 };
 
+inline char16_t codeUnit(QChar c)
+{
+    return c.unicode();
+}
+inline char16_t codeUnit(char c)
+{
+    return static_cast<uchar>(c);
+}
+
 bool isAscii(QStringView text);
+bool isAscii(QUtf8StringView text);
+bool isAscii(QLatin1StringView text);
 
 /// A combining mark, or what otherwise changes the character before it: never a character of its own.
 bool joinsPrevious(char32_t codePoint);

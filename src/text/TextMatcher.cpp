@@ -3,6 +3,8 @@
 
 #include "text/TextMatcher.h"
 
+#include "text/Utf16Text.h"
+
 #include <algorithm>
 
 namespace tavrin::text {
@@ -24,6 +26,20 @@ bool foldsToAscii(QChar unit)
     default:
         return unit.unicode() >= 0xFB00 && unit.unicode() <= 0xFB06;
     }
+}
+
+/// The same of UTF-8, where they are two bytes or begin with these two, or of Latin-1: never wrongly false.
+template <typename View>
+bool mayFoldToAscii(View text)
+{
+    char16_t last = 0;
+    return std::any_of(text.data(), text.data() + text.size(), [&last](char c) {
+        const char16_t byte = codeUnit(c);
+        const int pair = last << 8 | byte;
+        last = byte;
+        return byte == 0xDF || pair == 0xC39F || pair == 0xC5BF || pair == 0xCDBE || pair == 0xE1BA
+               || pair == 0xE1BF || pair == 0xE284 || pair == 0xEFAC;
+    });
 }
 
 bool startsInsidePair(QStringView text, qsizetype index)
@@ -62,6 +78,37 @@ Match TextMatcher::firstIn(QStringView text, qsizetype from) const
             return match;
     }
     return {};
+}
+
+bool TextMatcher::isIn(QAnyStringView text) const
+{
+    return text.visit([this](auto view) {
+        if constexpr (std::is_same_v<decltype(view), QStringView>)
+            return static_cast<bool>(firstIn(view));
+        else
+            return isInBytes(view);
+    });
+}
+
+/// Tells what it can without decoding the text.
+template <typename View>
+bool TextMatcher::isInBytes(View text) const
+{
+    if (isEmpty())
+        return false;
+    if (g_ascii) {
+        const qsizetype start = g_ascii->find(text, 0);
+        const qsizetype end = start + g_folded.size();
+        // What follows may be a mark, unless it is ASCII.
+        if (start >= 0
+            && (g_sameness.literal || end == text.size() || static_cast<uchar>(text.data()[end]) < 0x80))
+            return true;
+        if (start < 0 && !(g_hasForeignForms && mayFoldToAscii(text)))
+            return false;
+    } else if (isAscii(text)) {
+        return false;
+    }
+    return static_cast<bool>(firstIn(Utf16Text(text).view()));
 }
 
 Match TextMatcher::lastIn(QStringView text) const

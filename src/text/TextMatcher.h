@@ -34,7 +34,7 @@ public:
     /// The first match that starts at or behind `from`.
     Match firstIn(QStringView text, qsizetype from = 0) const;
     Match lastIn(QStringView text) const;
-    bool isIn(QStringView text) const { return static_cast<bool>(firstIn(text)); }
+    bool isIn(QAnyStringView text) const;
 
     Match atStartOf(QStringView text) const { return matchAt(text, 0); }
     Match atEndOf(QStringView text) const;
@@ -45,6 +45,8 @@ private:
     Match asciiMatchAt(QStringView text, qsizetype start) const;
     bool foldsInto(QStringView character, qsizetype &matched) const;
     Match search(QStringView text, qsizetype from) const;
+    template <typename View>
+    bool isInBytes(View text) const;
     bool mayFoldToNeedle(QStringView text) const;
 
     Sameness g_sameness;

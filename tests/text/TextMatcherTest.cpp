@@ -149,6 +149,9 @@ void TextMatcherTest::shortCutsFindWhatTheExactRuleFinds()
                 "in " + text.toUtf8().toPercentEncoding() + " of " + needle.toUtf8().toPercentEncoding();
             QVERIFY2(matcher.firstIn(text) == slowSearch(text, needle, sameness, false), what.constData());
             QVERIFY2(matcher.lastIn(text) == slowSearch(text, needle, sameness, true), what.constData());
+            const QByteArray bytes = text.toUtf8();
+            if (QString::fromUtf8(bytes) == text)
+                QVERIFY2(matcher.isIn(QUtf8StringView(bytes)) == matcher.isIn(text), what.constData());
             if (const Match match = matcher.atEndOf(text))
                 QVERIFY2(match.start + match.length == text.size(), what.constData());
         }
