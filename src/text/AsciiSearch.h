@@ -27,6 +27,8 @@ public:
         using Unit = std::decay_t<decltype(*text.data())>;
         constexpr qsizetype lanes = sizeof(quint64) / sizeof(Unit);
         const qsizetype starts = text.size() - g_needle.size() + 1;
+        if (from >= starts)
+            return -1;
         const auto *const first = text.data();
         const auto *const last = first + g_needle.size() - 1;
         const Pattern front = pattern<Unit>(g_needle.front());

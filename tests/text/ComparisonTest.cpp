@@ -3,7 +3,7 @@
 
 #include "text/Comparison.h"
 
-#include "RandomText.h"
+#include "text/RandomText.h"
 #include "text/Folding.h"
 
 #include <QTest>

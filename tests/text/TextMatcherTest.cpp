@@ -3,7 +3,7 @@
 
 #include "text/TextMatcher.h"
 
-#include "RandomText.h"
+#include "text/RandomText.h"
 
 #include <QTest>
 
