@@ -66,10 +66,19 @@ namespace {
 /// Whether "12 kg" is no number, rather than 12.
 constexpr bool mustUseWholeText = true;
 
+/// -1 for what is no decimal digit of any script.
+int digitOf(QChar c)
+{
+    const int ascii = c.unicode() - u'0';
+    if (c.unicode() < 0x80)
+        return ascii >= 0 && ascii <= 9 ? ascii : -1;
+    return c.isDigit() ? c.digitValue() : -1;
+}
+
 bool takeDigit(QStringView &text, Digits &digits)
 {
-    const int digit = text.isEmpty() ? -1 : text.front().digitValue();
-    if (digit < 0 || !text.front().isDigit())
+    const int digit = text.isEmpty() ? -1 : digitOf(text.front());
+    if (digit < 0)
         return false;
     digits.add(digit);
     text = text.sliced(1);
@@ -146,7 +155,7 @@ bool NumberReader::takeInteger(QStringView &text, Digits &digits) const
         while (takeDigit(text, digits))
             ++groupSize;
         const bool goesOn =
-            text.size() > 1 && text[1].isDigit() && groupSize > 0
+            text.size() > 1 && groupSize > 0 && digitOf(text[1]) >= 0
             && (separator.isNull() ? isGroupSeparator(text.front()) : text.front() == separator);
         if (!goesOn)
             break;

@@ -96,18 +96,15 @@ bool TextMatcher::isInBytes(View text) const
 {
     if (isEmpty())
         return false;
-    if (g_ascii) {
-        const qsizetype start = g_ascii->find(text, 0);
-        const qsizetype end = start + g_folded.size();
-        // What follows may be a mark, unless it is ASCII.
-        if (start >= 0
-            && (g_sameness.literal || end == text.size() || static_cast<uchar>(text.data()[end]) < 0x80))
-            return true;
-        if (start < 0 && !(g_hasForeignForms && mayFoldToAscii(text)))
-            return false;
-    } else if (isAscii(text)) {
+    if (!g_ascii)
+        return !isAscii(text) && firstIn(Utf16Text(text).view());
+    const qsizetype start = g_ascii->find(QByteArrayView(text.data(), text.size()), 0);
+    if (start < 0 && (!g_hasForeignForms || isAscii(text) || !mayFoldToAscii(text)))
         return false;
-    }
+    const qsizetype end = start + g_folded.size();
+    // What follows may be a mark, unless it is ASCII.
+    if (start >= 0 && (g_sameness.literal || end == text.size() || codeUnit(text.data()[end]) < 0x80))
+        return true;
     return static_cast<bool>(firstIn(Utf16Text(text).view()));
 }
 
