@@ -82,12 +82,12 @@ RecordTextReader MadeTable::reader(const Column &column)
 
 RecordTextReader MadeTable::fieldReader(const QString &fieldIdentifier) const
 {
-    return reader(fieldIdentifier == QLatin1StringView("Name") ? g_names : g_amounts);
+    return reader(fieldIdentifier == QLatin1StringView("Person") ? g_names : g_amounts);
 }
 
 QStringList MadeTable::fieldIdentifiers() const
 {
-    return {QStringLiteral("Name"), QStringLiteral("Amount")};
+    return {QStringLiteral("Person"), QStringLiteral("Amount")};
 }
 
 } // namespace tavrin::bench

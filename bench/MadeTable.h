@@ -11,7 +11,7 @@
 namespace tavrin::bench {
 
 /// Rows of made texts, which lie one behind the other in UTF-8, as those of an open datafile do. The fields:
-/// "Name", some of which have letters outside ASCII, and "Amount", as in "$1,234.50".
+/// "Person", some of which have letters outside ASCII, and "Amount", as in "$1,234.50".
 class MadeTable : public RecordTexts
 {
 public:

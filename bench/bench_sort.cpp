@@ -66,7 +66,7 @@ void sortStrings(State &state, const MadeTable &table)
     stableSort(
         state,
         table,
-        "Name",
+        "Person",
         false,
         [](const QString &text) { return text; },
         [](const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) < 0; });
@@ -77,7 +77,7 @@ void sortReadyKeys(State &state, const MadeTable &table)
     stableSort(
         state,
         table,
-        "Name",
+        "Person",
         false,
         [](const QString &text) { return text::comparisonKey(text, Qt::CaseInsensitive); },
         std::less<std::string>());
@@ -90,7 +90,7 @@ void sortCollationKeys(State &state, const MadeTable &table)
     stableSort(
         state,
         table,
-        "Name",
+        "Person",
         true,
         [&](const QString &text) { return collator.sortKey(text); },
         [](const QCollatorSortKey &a, const QCollatorSortKey &b) { return a < b; });
@@ -144,14 +144,14 @@ const std::vector<SortJob> jobs{
     {"ready-numbers", sortReadyNumbers, {}},
     {"look", lookAtTexts, {}},
     {"text",
-     [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::Text, "Name"); },
+     [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::Text, "Person"); },
      {"strings", "ready-keys", "collator"}},
     {"numbers",
      [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::Numbers, "Amount"); },
      {"ready-numbers"}},
-    {"created", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::CreatedDate, "Name"); }, {}},
-    {"freeform", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::FreeformText, "Name"); }, {}},
-    {"names", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::FreeformName, "Name"); }, {}},
+    {"created", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::CreatedDate, "Person"); }, {}},
+    {"freeform", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::FreeformText, "Person"); }, {}},
+    {"names", [](State &s, const MadeTable &t) { sortBy(s, t, SortKind::FreeformName, "Person"); }, {}},
     {"select", [](State &s, const MadeTable &t) { selectContaining(s, t, "straka quinine"); }, {"look"}},
     {"select-é", [](State &s, const MadeTable &t) { selectContaining(s, t, "é"); }, {"look"}},
 };

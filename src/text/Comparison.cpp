@@ -7,6 +7,7 @@
 #include "text/Utf16Text.h"
 
 #include <array>
+#include <cstring>
 #include <vector>
 
 namespace tavrin::text {
@@ -88,6 +89,24 @@ private:
     std::vector<Place> g_places;
 };
 
+char asciiKey(char16_t unit, bool caseInsensitive)
+{
+    const bool isCapital = caseInsensitive && unit >= u'A' && unit <= u'Z';
+    return byte((isCapital ? unit | 0x20U : unit) + 1U);
+}
+
+/// The keys of eight ASCII characters at once. No byte carries into the next.
+quint64 asciiKeys(quint64 characters, bool caseInsensitive)
+{
+    constexpr quint64 each = 0x0101010101010101;
+    if (caseInsensitive) {
+        const quint64 fromA = characters + each * (0x80 - 'A');
+        const quint64 behindZ = characters + each * (0x80 - 'Z' - 1);
+        characters |= (fromA & ~behindZ & each * 0x80) >> 2;
+    }
+    return characters + each;
+}
+
 template <typename View>
 void appendAscii(Key &key, View text, bool caseInsensitive)
 {
@@ -96,11 +115,16 @@ void appendAscii(Key &key, View text, bool caseInsensitive)
     key.resize(start + size);
     char *const bytes = key.data() + start;
     const auto *const units = text.data();
-    const unsigned firstCapital = caseInsensitive ? 'A' : 0x80;
-    for (size_t i = 0; i < size; ++i) {
-        const unsigned unit = codeUnit(units[i]);
-        bytes[i] = byte((unit - firstCapital < 26 ? unit | 0x20U : unit) + 1);
+    size_t i = 0;
+    if constexpr (sizeof *units == 1) {
+        for (quint64 word = 0; i + sizeof word <= size; i += sizeof word) {
+            std::memcpy(&word, units + i, sizeof word);
+            word = asciiKeys(word, caseInsensitive);
+            std::memcpy(bytes + i, &word, sizeof word);
+        }
     }
+    for (; i < size; ++i)
+        bytes[i] = asciiKey(codeUnit(units[i]), caseInsensitive);
 }
 
 void appendOther(Key &key, QStringView text, bool caseInsensitive)
