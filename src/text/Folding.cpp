@@ -99,11 +99,11 @@ bool areAscii(const Unit *unit, qsizetype size)
 {
     const Unit *const end = unit + size;
     constexpr quint64 beyond = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
-    constexpr qsizetype step = 2 * sizeof(quint64) / sizeof(Unit);
+    constexpr qsizetype step = 4 * sizeof(quint64) / sizeof(Unit);
     for (; end - unit >= step; unit += step) {
-        std::array<quint64, 2> words{};
+        std::array<quint64, 4> words{};
         std::memcpy(words.data(), unit, sizeof words);
-        if ((words[0] | words[1]) & beyond)
+        if ((words[0] | words[1] | words[2] | words[3]) & beyond)
             return false;
     }
     return std::all_of(unit, end, [](Unit c) { return static_cast<std::make_unsigned_t<Unit>>(c) < 0x80; });

@@ -15,6 +15,10 @@ namespace tavrin::text {
 
 using namespace Qt::StringLiterals;
 
+/// Those that a double holds exactly.
+constexpr std::array powersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
 /// Digits read so far. Few of them, as nearly always, make a number without a detour through text.
 struct Digits
 {
@@ -41,13 +45,11 @@ struct Digits
 
     double toDouble(int exponent) const
     {
-        constexpr std::array powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-        constexpr int greatestPower = static_cast<int>(powers.size()) - 1;
+        constexpr int greatestPower = static_cast<int>(powersOfTen.size()) - 1;
         const int scale = exponent - afterPoint;
         // Both operands are exact, so the result is the nearest number.
         if (asText.empty() && std::abs(scale) <= greatestPower) {
-            const double power = powers[static_cast<size_t>(std::abs(scale))];
+            const double power = powersOfTen[static_cast<size_t>(std::abs(scale))];
             const auto whole = static_cast<double>(value);
             return scale < 0 ? whole / power : whole * power;
         }
@@ -138,6 +140,8 @@ NumberReader::NumberReader(const QLocale &locale)
         g_lastGroup = groups.back();
         g_otherGroups = groups[groups.size() - 2];
     }
+    if (g_lastGroup == 3 && g_otherGroups == 3)
+        g_groupSeparator = onlyUnit(locale.groupSeparator());
 }
 
 bool NumberReader::isGroupSeparator(QChar c) const
@@ -167,13 +171,46 @@ bool NumberReader::takeInteger(QStringView &text, Digits &digits) const
     return separator.isNull() || groupSize == g_lastGroup;
 }
 
+/// What nearly all numbers are: a few digits with the locale's own separators. None for all that is not
+/// surely right.
+std::optional<double> NumberReader::readPlain(QStringView text) const
+{
+    quint64 value = 0;
+    int digits = 0;
+    int afterPoint = 0;
+    int group = 0;
+    bool isGrouped = false;
+    bool hasPoint = false;
+    for (const QChar c : text) {
+        const unsigned digit = c.unicode() - u'0';
+        if (digit < 10) {
+            value = value * 10 + digit;
+            ++digits;
+            ++(hasPoint ? afterPoint : group);
+        } else if (c == g_decimalPoint && !hasPoint) {
+            hasPoint = true;
+        } else if (c == g_groupSeparator && !hasPoint
+                   && (isGrouped ? group == 3 : group >= 1 && group <= 3)) {
+            isGrouped = true;
+            group = 0;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (digits == 0 || digits > Digits::exact || (isGrouped && group != 3))
+        return std::nullopt;
+    return static_cast<double>(value) / powersOfTen[static_cast<size_t>(afterPoint)];
+}
+
 std::optional<double> NumberReader::read(QStringView text) const
 {
-    while (!text.isEmpty() && text.front().isSpace())
+    while (!text.isEmpty() && (text.front() <= u' ' || text.front() >= QChar(0x80)) && text.front().isSpace())
         text = text.sliced(1);
     const bool isNegative = !text.isEmpty() && g_minusSigns.contains(text.front());
     if (isNegative)
         text = text.sliced(1);
+    if (const std::optional<double> plain = readPlain(text))
+        return isNegative ? -*plain : *plain;
     Digits digits;
     if (!takeInteger(text, digits))
         return std::nullopt;

@@ -23,10 +23,12 @@ public:
     double readLeniently(QStringView text) const;
 
 private:
+    std::optional<double> readPlain(QStringView text) const;
     bool isGroupSeparator(QChar c) const;
     bool takeInteger(QStringView &text, struct Digits &digits) const;
 
     QChar g_decimalPoint;
+    QChar g_groupSeparator; ///< The locale's own; null when groups are not of three digits.
     QString g_minusSigns;
     QString g_groupSeparators;
     qsizetype g_lastGroup = 3;   ///< Digits in the last group before the decimal point,
