@@ -326,6 +326,11 @@ MadeRecord RecordMaker::record(quint64 number) const
     const QByteArray mailbox = QByteArray::number(number) + "@mail.example.org";
 
     MadeRecord made;
+    if (g_size == RecordSize::Small) {
+        made.fields[0] = last + ", " + first;
+        made.text = sentence(random);
+        return made;
+    }
     made.fields = {last + ", " + first,
                    company,
                    "(555) 555-" + bench::number(random, 4),
@@ -334,7 +339,7 @@ MadeRecord RecordMaker::record(quint64 number) const
                    amount(random),
                    random.oneIn(2) ? QByteArray() : "https://" + bench::number(random, 5) + ".example.com/"};
     made.text = freeformText(random, first + ' ' + last, city);
-    if (g_rich)
+    if (g_size == RecordSize::Rich)
         made.textRTFD = flatRtfd(rtf(random, made.text));
     made.createdBy = random.pick(users);
     made.modifiedBy = random.pick(users);

@@ -28,12 +28,20 @@ struct MadeRecord
     bool locked = false;
 };
 
+enum class RecordSize {
+    Small, ///< An identifier, a name and a sentence, and no more.
+    Plain,
+    Rich, ///< With rich text.
+};
+
 /// Makes records out of a seed and a number alone: the same two give the same record, on every machine and
 /// in whatever order they are asked for, so that nothing has to be remembered.
 class RecordMaker
 {
 public:
-    explicit RecordMaker(quint64 seed, bool rich) : g_seed(seed), g_rich(rich) {}
+    explicit RecordMaker(quint64 seed, RecordSize size) : g_seed(seed), g_size(size) {}
+
+    RecordSize size() const { return g_size; }
 
     QByteArray identifier(quint64 number) const;
     QByteArray fieldIdentifier(std::size_t field) const;
@@ -42,7 +50,7 @@ public:
 
 private:
     quint64 g_seed;
-    bool g_rich;
+    RecordSize g_size;
 };
 
 } // namespace tavrin::bench

@@ -16,17 +16,6 @@ MappedFile::MappedFile(const QString &path) : g_file(path)
         g_bytes = QByteArrayView(mapped, g_file.size());
 }
 
-quint64 sumOfWords(QByteArrayView bytes)
-{
-    quint64 sum = 0;
-    for (qsizetype place = 0; place + 8 <= bytes.size(); place += 8) {
-        quint64 word = 0;
-        std::memcpy(&word, bytes.data() + place, sizeof word);
-        sum += word;
-    }
-    return sum;
-}
-
 qsizetype countOfMarkup(QByteArrayView bytes)
 {
     qsizetype count = 0;

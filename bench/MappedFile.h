@@ -21,9 +21,6 @@ private:
     QByteArrayView g_bytes;
 };
 
-/// The least that reading can cost: every byte looked at once. The sum keeps the compiler honest.
-quint64 sumOfWords(QByteArrayView bytes);
-
 /// The least that finding the markup can cost.
 qsizetype countOfMarkup(QByteArrayView bytes);
 

@@ -36,7 +36,9 @@ int main(int argc, char **argv)
     const QCommandLineOption seedOption(
         u"seed"_s, u"Number from which everything follows (1)."_s, u"N"_s, u"1"_s);
     const QCommandLineOption richOption(u"rich"_s, u"About 1.5 KB of rich text data in each record."_s);
-    parser.addOptions({seedOption, richOption});
+    const QCommandLineOption smallOption(u"small"_s,
+                                         u"Only a field and a sentence in each record, some 300 bytes."_s);
+    parser.addOptions({seedOption, richOption, smallOption});
     parser.addPositionalArgument(u"count"_s, u"How many records, 1,000,000 at most."_s, u"COUNT"_s);
     parser.addPositionalArgument(u"file"_s, u"The file to write, - for standard output."_s, u"FILE"_s);
     parser.process(application);
@@ -54,7 +56,10 @@ int main(int argc, char **argv)
     QFile file(arguments[1]);
     const bool opened = arguments[1] == u"-"_s ? file.open(stdout, QIODevice::WriteOnly)
                                                : file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    const tavrin::bench::RecordMaker maker(seed, parser.isSet(richOption));
+    const auto size = parser.isSet(smallOption)  ? tavrin::bench::RecordSize::Small
+                      : parser.isSet(richOption) ? tavrin::bench::RecordSize::Rich
+                                                 : tavrin::bench::RecordSize::Plain;
+    const tavrin::bench::RecordMaker maker(seed, size);
     if (!opened || !tavrin::bench::DatafileStream(file, maker).write(count) || !file.flush())
         return fail(1, u"cannot write %1: %2"_s.arg(arguments[1], file.errorString()));
     return 0;

@@ -9,9 +9,10 @@ function(project_library name)
     project_link(tavrin_${name} PUBLIC ${arg_DEPENDS})
 endfunction()
 
-# project_test(NAME DEPENDS ... [SOURCES ...]): one Qt Test program from NAME.cpp, registered under NAME.
+# project_test(NAME DEPENDS ... [SOURCES ...] [TIMEOUT seconds] [THREADS]): one Qt Test program from NAME.cpp,
+# registered under NAME. THREADS marks a test of work on several threads: the thread sanitizer runs those.
 function(project_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;DEPENDS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "THREADS" "TIMEOUT" "SOURCES;DEPENDS")
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
@@ -25,13 +26,17 @@ function(project_test name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name})
     project_test_environment(${name} ${arg_TIMEOUT})
+    if(arg_THREADS)
+        set_property(TEST ${name} APPEND PROPERTY LABELS threads)
+        add_dependencies(threaded-tests ${name})
+    endif()
 endfunction()
 
 # Every test runs without a screen, in one zone and one locale, and never in the person's own folders.
 function(project_test_environment name timeout)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${timeout}
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp:halt_on_error=1")
 endfunction()
 
 function(project_link target visibility)
