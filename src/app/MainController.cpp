@@ -5,6 +5,7 @@
 
 #include "app/NewDatafileSheetController.h"
 #include "editor/AlertSheetController.h"
+#include "editor/DatafileReading.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
 #include "model/StringOperations.h"
@@ -36,11 +37,13 @@ QString canonicalPath(const QString &path)
 MainController::MainController(Preferences &preferences,
                                Environment environment,
                                DatafileWindowFactory &windows,
-                               SheetHost &sheets)
+                               SheetHost &sheets,
+                               WorkHost &work)
     : g_preferences(preferences)
     , g_environment(std::move(environment))
     , g_windows(windows)
     , g_sheets(sheets)
+    , g_work(work)
     , g_recentDatafiles(preferences)
     , g_datafilesFolder(std::make_unique<DatafilesFolder>(preferences))
 {
@@ -85,7 +88,7 @@ void MainController::restorePreviousSession()
 
 void MainController::autoOpenDatafiles()
 {
-    const bool alreadyOpen = !g_open.empty() || !g_waiting.empty();
+    const bool alreadyOpen = !g_open.empty() || !g_waiting.empty() || isOpening();
     if (alreadyOpen && !g_preferences.boolForKey(u"RestorePreviousSession"_s))
         return;
     QList<SessionEntry> datafiles;
@@ -125,6 +128,8 @@ void MainController::saveCurrentSession()
         const RecordData *record = open.window->controller().currentRecord();
         session.append({open.document->filePath(), record ? record->identifier() : QString()});
     }
+    // Whoever quits while a session is still coming back does not want to lose the rest of it.
+    session += g_opening;
     if (!session.isEmpty())
         g_preferences.setObject(listFromSession(session), u"PreviousSessionList"_s);
 }
@@ -147,19 +152,44 @@ void MainController::openDatafile(const QString &path, const QString &firstRecor
             return;
         }
     }
-    const bool isAskedAbout = std::any_of(g_waiting.begin(), g_waiting.end(), [&](const auto &waiting) {
-        return canonicalPath(waiting.document->filePath()) == canonical;
-    });
-    if (isAskedAbout)
+    if (isBeingOpened(canonical))
         return;
+    g_opening.append({canonical, firstRecord});
+    auto reading = std::make_unique<DatafileReading>(canonical, tr("Opening “%1”…"));
+    connect(reading.get(), &LongWork::ended, this, [this, canonical, reading = reading.get()] {
+        didReadDatafile(canonical, reading->takeContents());
+    });
+    g_work.begin(std::move(reading));
+}
 
-    auto document = DatafileDocument::open(services(), canonical, SelectionOnOpening::AllSelected);
-    if (!document)
-        tellNotOpened(canonical, document.error());
-    else if ((*document)->catalogMismatch())
-        askToCorrectCatalog(std::move(*document), firstRecord);
-    else
-        showDocument(std::move(*document), firstRecord);
+/// It is being read, or the person has not yet answered whether to correct it.
+bool MainController::isBeingOpened(const QString &canonical) const
+{
+    return std::ranges::any_of(g_opening, [&](const auto &opening) { return opening.path == canonical; })
+           || std::ranges::any_of(g_waiting, [&](const auto &waiting) {
+                  return canonicalPath(waiting.document->filePath()) == canonical;
+              });
+}
+
+void MainController::didReadDatafile(const QString &canonical, Result<DatafileContents> contents)
+{
+    const auto found = std::ranges::find(g_opening, canonical, &SessionEntry::path);
+    const QString firstRecord = found->recordIdentifier;
+    g_opening.erase(found);
+    std::unique_ptr<DatafileDocument> document;
+    if (contents)
+        document =
+            DatafileDocument::openContents(services(), *std::move(contents), SelectionOnOpening::AllSelected);
+    if (document && !document->catalogMismatch()) {
+        showDocument(std::move(document), firstRecord);
+        return;
+    }
+    // Before there is anything to ask or to tell, so that it has a window to stand on.
+    Q_EMIT openDatafilesChanged();
+    if (document)
+        askToCorrectCatalog(std::move(document), firstRecord);
+    else if (contents.error().kind != Error::Kind::Cancelled)
+        tellNotOpened(canonical, contents.error());
 }
 
 void MainController::askToCorrectCatalog(std::unique_ptr<DatafileDocument> document,
@@ -252,8 +282,15 @@ void MainController::saveCorrectedCatalog(const DatafileDocument &document)
         || !open->window->controller().canSaveChanges())
         return;
     open->hasUnsavedCorrection = false;
-    if (const Result<> saved = open->document->forceSave(); !saved)
-        tell(tr("The document “%1” could not be saved.").arg(document.displayName()), saved.error().message);
+    const auto ended = [this, name = document.displayName()](const Result<> &saved) {
+        if (!saved)
+            tell(tr("The document “%1” could not be saved.").arg(name), saved.error().message);
+    };
+    if (const Result<> begun = open->document->beginForceSave(); !begun)
+        ended(begun);
+    else
+        connect(
+            open->document.get(), &DatafileDocument::savingFinished, this, ended, Qt::SingleShotConnection);
 }
 
 void MainController::openDocument()

@@ -7,6 +7,7 @@
 #include "app/OpenDatafile.h"
 #include "app/RecentDatafiles.h"
 #include "app/SessionList.h"
+#include "editor/LongWork.h"
 #include "editor/SheetHost.h"
 #include "model/Preferences.h"
 
@@ -20,11 +21,13 @@
 
 namespace tavrin {
 
+struct DatafileContents;
+
 /// The application's controller: which datafiles are open, the session, the Datafiles menu, new datafiles and
 /// quitting.
 ///
 /// It owns the open documents and their windows. `sheets` is where questions go that belong to no datafile
-/// window; it, the factory and the preferences outlive the controller.
+/// window, and `work` reads the datafiles; they, the factory and the preferences outlive the controller.
 class MainController : public QObject
 {
     Q_OBJECT
@@ -33,15 +36,17 @@ public:
     MainController(Preferences &preferences,
                    Environment environment,
                    DatafileWindowFactory &windows,
-                   SheetHost &sheets);
+                   SheetHost &sheets,
+                   WorkHost &work);
     ~MainController() override;
 
     /// Start-up: registered defaults, the previous session, automatic datafiles, in that order.
     void finishLaunchingStuff();
     bool isFullyStarted() const { return g_fullyStarted; }
 
-    /// Opens a datafile, or brings the window to the front in which it is open already. What goes wrong is
-    /// told in an alert.
+    /// Opens a datafile, or brings the window to the front in which it is open already. It is read while the
+    /// program goes on; several are opened one after the other, in order. What goes wrong is told in an
+    /// alert.
     void openDatafile(const QString &path, const QString &firstRecord = {});
     void openDatafiles(const QStringList &paths);
 
@@ -70,6 +75,8 @@ public:
     void clearRecentDatafiles();
 
     qsizetype openDatafileCount() const { return static_cast<qsizetype>(g_open.size()); }
+    /// Datafiles are being read, or wait for their turn.
+    bool isOpening() const { return !g_opening.empty(); }
     QList<DatafileDocument *> documents() const;
     DatafileWindow *windowOf(const DatafileDocument &document) const;
 
@@ -85,6 +92,7 @@ public:
     Preferences &preferences() { return g_preferences; }
 
 Q_SIGNALS:
+    /// Also when there is one less to be opened.
     void openDatafilesChanged();
     void datafilesMenuChanged();
     void recentDatafilesChanged();
@@ -104,6 +112,8 @@ private:
 
     // Opening.
     void openThoseThatExist(const QList<SessionEntry> &datafiles);
+    bool isBeingOpened(const QString &canonical) const;
+    void didReadDatafile(const QString &canonical, Result<DatafileContents> contents);
     void askToCorrectCatalog(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
     void showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
     void followDocument(DatafileDocument &document);
@@ -126,10 +136,12 @@ private:
     Environment g_environment;
     DatafileWindowFactory &g_windows;
     SheetHost &g_sheets;
+    WorkHost &g_work;
     RecentDatafiles g_recentDatafiles;
     std::unique_ptr<DatafilesFolder> g_datafilesFolder;
     QList<DatafilesMenuItem> g_datafilesMenu;
     std::vector<OpenDatafile> g_open;
+    QList<SessionEntry> g_opening; ///< By canonical path.
     std::vector<WaitingDatafile> g_waiting;
     QTimer g_menuTimer;
     DatafileTest g_closing;                  ///< Which datafiles are being closed, one after the other.

@@ -188,7 +188,7 @@ void MainController::closeWasRefused(const DatafileDocument &document)
 
 bool MainController::applicationShouldTerminateAfterLastWindowClosed() const
 {
-    return g_lastDatafileClosing && g_openQuestions == 0
+    return g_lastDatafileClosing && g_openQuestions == 0 && !isOpening()
            && g_preferences.boolForKey(u"GeneralQuitAfterLastFile"_s);
 }
 

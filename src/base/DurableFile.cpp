@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <mutex>
 #include <thread>
 
 namespace tavrin {
@@ -37,6 +38,17 @@ QByteArray temporaryPattern(const QByteArray &target)
     while (isInsideCharacter())
         --size;
     return target.first(size) + ending;
+}
+
+/// The process's mask for new files. It can be read only by setting it, which several threads must not do at
+/// once: one of them would put back what the other had set.
+mode_t creationMask()
+{
+    static std::mutex reading;
+    const std::lock_guard<std::mutex> alone(reading);
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
 }
 
 /// The temporary file beside a file that is being replaced; removed unless it took its place.
@@ -87,9 +99,7 @@ public:
             ::fchmod(g_descriptor.value(), old.st_mode & 07777);
             return;
         }
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        ::fchmod(g_descriptor.value(), 0666 & ~mask);
+        ::fchmod(g_descriptor.value(), 0666 & ~creationMask());
     }
 
     int descriptor() const { return g_descriptor.value(); }

@@ -4,6 +4,7 @@
 #include "document/DatafileDocument.h"
 
 #include "base/InternalInconsistency.h"
+#include "document/BackgroundSave.h"
 #include "document/DatafileContents.h"
 
 #include <QFileInfo>
@@ -16,6 +17,7 @@ DatafileDocument::DatafileDocument(const DocumentServices &services, DatafileKin
     , g_settings(std::make_unique<DatafileSettingsData>(services.preferences))
     , g_records(std::make_unique<DatafileRecordsData>())
     , g_defaultDraftName(tr("New Datafile"))
+    , g_save(std::make_unique<BackgroundSave>())
 {
     setCatalog(CatalogForms(g_records->sharedIdentifiers()), {});
 }
@@ -57,6 +59,8 @@ QString DatafileDocument::displayName() const
 
 bool DatafileDocument::changedOnDisk() const
 {
+    if (isSaving())
+        return false;
     // A file that is gone has nothing that we could overwrite.
     const FileStamp now = FileStamp::of(g_filePath);
     return now.size >= 0 && now != g_stamp;
@@ -64,18 +68,24 @@ bool DatafileDocument::changedOnDisk() const
 
 void DatafileDocument::updateChangeCount(ChangeCount change)
 {
-    const bool wasModified = isModified();
     switch (change) {
     case ChangeCount::Done:
-        ++g_changeCount;
+        setChangeCount(g_changeCount + 1);
         break;
     case ChangeCount::Undone:
-        --g_changeCount;
+        setChangeCount(g_changeCount - 1);
         break;
     case ChangeCount::Cleared:
-        g_changeCount = 0;
+        g_save->changeCount = 0;
+        setChangeCount(0);
         break;
     }
+}
+
+void DatafileDocument::setChangeCount(qint64 count)
+{
+    const bool wasModified = isModified();
+    g_changeCount = count;
     if (isModified() != wasModified)
         Q_EMIT modifiedChanged(isModified());
 }

@@ -3,12 +3,14 @@
 
 #pragma once
 
-#include "base/Environment.h"
 #include "base/Result.h"
+#include "document/CatalogMismatch.h"
 #include "document/DatafileChange.h"
 #include "document/DatafileEditing.h"
 #include "document/DatafileKind.h"
+#include "document/DocumentServices.h"
 #include "document/FileStamp.h"
+#include "document/SaveOutcome.h"
 #include "model/DatafileRecordsData.h"
 #include "model/DatafileSettingsData.h"
 #include "plist/Reader.h"
@@ -16,27 +18,14 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace tavrin {
 
-class Preferences;
+class BackgroundSave;
 struct DatafileContents;
 struct DatafileSnapshot;
-
-/// What a document needs from its surroundings. The preferences outlive it.
-struct DocumentServices
-{
-    Environment environment;
-    const Preferences *preferences = nullptr;
-};
-
-/// A catalog that does not list as many records as there are.
-struct CatalogMismatch
-{
-    qsizetype catalogCount = 0;
-    qsizetype recordCount = 0;
-};
 
 /// One open datafile: its settings, records and catalog, the file they came from, and whether the file
 /// may be written and needs to be.
@@ -49,21 +38,8 @@ class DatafileDocument : public QObject
 
 public:
     enum class ChangeCount { Done, Undone, Cleared };
-    enum class SaveOutcome {
-        Saved,
-        NothingToSave,    ///< No unsaved changes, or the window does not permit saving now.
-        NotByThisCommand, ///< A mobile-kind document is not saved by Save.
-        NeedsSaveAs,      ///< Opened read-only: ask for another file.
-    };
-
-    /// How Save As ended, as its alert tells it.
-    struct SaveAsOutcome
-    {
-        /// What the writing reported: 0 when nothing was reported, and then the alert is shown.
-        int errorCode = 0;
-        QString failureReason; ///< For the alert: one sentence.
-        bool written = false;
-    };
+    using SaveOutcome = tavrin::SaveOutcome;
+    using SaveAsOutcome = tavrin::SaveAsOutcome;
 
     ~DatafileDocument() override;
 
@@ -100,7 +76,7 @@ public:
     Result<> readFromURL(const QString &path, const QString &typeName);
 
     /// Writes the whole document in XML form. Refused for a document that is read-only by opening or by
-    /// setting (unless only settings are being updated) and for a type name of another kind.
+    /// setting; Unsupported for a type name of another kind.
     Result<> writeToURL(const QString &path, const QString &typeName);
 
     /// As writeToURL, in the given form: for the command line.
@@ -109,8 +85,19 @@ public:
     /// Saves to the document's own file.
     Result<SaveOutcome> saveDocument();
 
+    /// As saveDocument(), but the file is written on another thread while the document goes on changing:
+    /// the outcome is Begun, and savingFinished() follows. What changes meanwhile is left to the next save.
+    Result<SaveOutcome> beginSaving();
+
+    /// A save that was begun is not finished yet. Whatever else reads or writes the file waits for it, the
+    /// end of the document too.
+    bool isSaving() const;
+    void waitForSaving();
+
     /// Saves whenever the window permits saving; Refused when it does not, or there is no file yet.
     Result<> forceSave();
+    /// As forceSave(), on another thread; savingFinished() follows unless this fails.
+    Result<> beginForceSave();
 
     /// The first save of a document that has no file yet, of either kind: `path` becomes its file. When that
     /// fails it has none, as before.
@@ -126,10 +113,14 @@ public:
 
     /// Rereads the document's file and announces it.
     Result<> revertToContents();
+    /// As revertToContents(), to contents that readDatafile() has read from the document's file.
+    void revertToContents(DatafileContents contents);
 
     /// Writes changed settings and leaves the records in the file as they are there, also in a read-only
     /// document. Nothing when no setting changed, the window does not permit saving, or there is no file.
     Result<> updateSettingsOnly(plist::Format format = plist::Format::Xml);
+    /// As updateSettingsOnly(), on another thread: Begun, and savingFinished() follows, or NothingToSave.
+    SaveOutcome beginUpdatingSettingsOnly();
 
     /// What the repair question asks about; empty when catalog and records agree, or after an answer.
     std::optional<CatalogMismatch> catalogMismatch() const;
@@ -164,7 +155,7 @@ public:
     void makeUntitled(const QString &name);
     /// The file's name, or the draft name: what a window's title shows.
     QString displayName() const;
-    /// Another program has written the file since we last read or wrote it.
+    /// Another program has written the file since we last read or wrote it. False while we are writing it.
     bool changedOnDisk() const;
 
     /// The window that edits the document; null when there is none. It must unregister before it goes.
@@ -208,6 +199,8 @@ Q_SIGNALS:
     void fileChanged();
     /// The file was written: the Datafiles menu may be out of date.
     void fileWritten();
+    /// A save that was begun has ended; on failure the file is as it was.
+    void savingFinished(const tavrin::Result<> &saved);
 
     // The same changes under the names by which the rest of the system knows them.
     void didAddRecord(const QString &newIdentifier, const QString &afterIdentifier);
@@ -228,9 +221,16 @@ private:
     RecordData &recordToChange(const QString &identifier) const;
     bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;
+    void setChangeCount(qint64 count);
     Result<> writeContents(const QString &path, plist::Format format);
-    Result<> writeSettingsIntoFile(plist::Format format);
+    bool hasSettingsToUpdate() const;
+    std::function<Result<FileStamp>()> settingsWrite(plist::Format format);
+    Result<SaveOutcome> saveBy(Result<> (DatafileDocument::*save)(), SaveOutcome done);
+    Result<> mayForceSave() const;
     Result<> saveNormally();
+    Result<> beginSavingNormally();
+    void beginWriting(std::function<Result<FileStamp>()> write);
+    void finishSaving(const Result<FileStamp> &written);
 
     DocumentServices g_services;
     DatafileKind g_kind;
@@ -245,9 +245,9 @@ private:
     FileStamp g_stamp;
     QString g_filePath;
     QString g_defaultDraftName;
+    std::unique_ptr<BackgroundSave> g_save;
     qint64 g_changeCount = 0;
     bool g_openedReadOnly = false;
-    bool g_updatingSettingsOnly = false;
     bool g_correctedCatalog = false;
 };
 

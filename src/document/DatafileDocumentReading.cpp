@@ -52,6 +52,7 @@ QString DatafileDocument::tooNewInformativeText()
 
 Result<> DatafileDocument::readFromURL(const QString &path, const QString &typeName)
 {
+    waitForSaving();
     const std::optional<DatafileKind> kind = datafileKindOfTypeName(typeName);
     if (!kind) {
         g_filePath = path;
@@ -93,13 +94,23 @@ void DatafileDocument::takeContents(DatafileContents contents)
 
 Result<> DatafileDocument::revertToContents()
 {
-    if (const Result<> read = readFromURL(g_filePath, typeNameOf(g_kind)); !read)
-        return read.error();
+    waitForSaving();
+    Progress unwatched;
+    Result<DatafileContents> contents = readDatafile(g_filePath, unwatched);
+    if (!contents)
+        return contents.error();
+    revertToContents(*std::move(contents));
+    return {};
+}
+
+void DatafileDocument::revertToContents(DatafileContents contents)
+{
+    waitForSaving();
+    takeContents(std::move(contents));
     // First of all: the old records are gone, and nobody may look at them for any other news.
     announce(DatafileReverted{});
     Q_EMIT revertedDatafileWindow();
     updateChangeCount(ChangeCount::Cleared);
-    return {};
 }
 
 void DatafileDocument::makeUntitled(const QString &name)

@@ -4,6 +4,7 @@
 // Saving in all its forms. The file's safety is that of writeDurably(); here is decided what may be written.
 
 #include "base/InternalInconsistency.h"
+#include "document/BackgroundSave.h"
 #include "document/DatafileContents.h"
 #include "document/DatafileDocument.h"
 #include "document/DatafileSnapshot.h"
@@ -20,6 +21,28 @@ namespace {
 Error refused(const QString &message, const QString &path)
 {
     return {Error::Kind::Refused, message, path};
+}
+
+Result<FileStamp> stampedAs(const Result<> &written, const QString &path)
+{
+    if (!written)
+        return written.error();
+    return FileStamp::of(path);
+}
+
+/// Writes the file anew with other settings, and everything else as it is there.
+Result<> writeSettingsInto(const QString &path, const plist::Dictionary &settings, plist::Format format)
+{
+    Progress unwatched;
+    const Result<DatafileContents> onDisk = readDatafile(path, unwatched);
+    if (!onDisk)
+        return onDisk.error();
+    DatafileSnapshot snapshot{onDisk->rootEntries,
+                              settings,
+                              RecordsSnapshot::ofSource(onDisk->records, onDisk->identifiers),
+                              {onDisk->catalogForms, {}}};
+    snapshot.catalog.order.assign(onDisk->catalog);
+    return writeDatafile(snapshot, path, format);
 }
 
 } // namespace
@@ -43,8 +66,6 @@ Result<> DatafileDocument::mayWrite(const QString &typeName) const
 {
     if (!datafileKindOfTypeName(typeName))
         return Error{Error::Kind::Unsupported, tr("This is not a kind of datafile."), typeName};
-    if (g_updatingSettingsOnly)
-        return {};
     if (g_openedReadOnly)
         return refused(tr("This datafile was opened read-only."), g_filePath);
     if (g_settings->readOnly())
@@ -64,8 +85,17 @@ bool DatafileDocument::isOwnFile(const QString &path) const
     return own.size >= 0 && own.device == other.device && own.inode == other.inode;
 }
 
+/// With what is being edited on screen; meanwhile the window leaves the records alone.
 DatafileSnapshot DatafileDocument::snapshot()
 {
+    if (g_editing && isModified())
+        g_editing->storeRecordBeingEdited();
+    if (g_editing)
+        g_editing->setNowSaving(true);
+    const auto made = qScopeGuard([this] {
+        if (g_editing)
+            g_editing->setNowSaving(false);
+    });
     plist::Dictionary rootEntries = g_rootEntries;
     for (const QString &part : {RootKey::settings, RootKey::records, RootKey::catalog})
         rootEntries.insert(part, true);
@@ -76,16 +106,8 @@ DatafileSnapshot DatafileDocument::snapshot()
 
 Result<> DatafileDocument::writeContents(const QString &path, plist::Format format)
 {
+    waitForSaving();
     const bool own = isOwnFile(path);
-    if (g_editing && isModified())
-        g_editing->storeRecordBeingEdited();
-    if (g_editing)
-        g_editing->setNowSaving(true);
-    const auto saved = qScopeGuard([this] {
-        if (g_editing)
-            g_editing->setNowSaving(false);
-    });
-
     if (const Result<> written = writeDatafile(snapshot(), path, format); !written)
         return written;
     if (own)
@@ -96,6 +118,18 @@ Result<> DatafileDocument::writeContents(const QString &path, plist::Format form
 
 Result<DatafileDocument::SaveOutcome> DatafileDocument::saveDocument()
 {
+    return saveBy(&DatafileDocument::saveNormally, SaveOutcome::Saved);
+}
+
+Result<DatafileDocument::SaveOutcome> DatafileDocument::beginSaving()
+{
+    return saveBy(&DatafileDocument::beginSavingNormally, SaveOutcome::Begun);
+}
+
+Result<DatafileDocument::SaveOutcome> DatafileDocument::saveBy(Result<> (DatafileDocument::*save)(),
+                                                               SaveOutcome done)
+{
+    waitForSaving();
     if (isMobile())
         return SaveOutcome::NotByThisCommand;
     if (g_openedReadOnly)
@@ -106,22 +140,36 @@ Result<DatafileDocument::SaveOutcome> DatafileDocument::saveDocument()
         return SaveOutcome::NeedsSaveAs;
     if (g_editing)
         g_editing->endListEditing();
-    if (const Result<> saved = saveNormally(); !saved)
+    if (const Result<> saved = (this->*save)(); !saved)
         return saved.error();
-    return SaveOutcome::Saved;
+    return done;
+}
+
+Result<> DatafileDocument::mayForceSave() const
+{
+    if (!canSaveChanges())
+        return refused(tr("Changes to this datafile cannot be saved."), g_filePath);
+    if (g_filePath.isEmpty())
+        return refused(tr("The datafile has no file yet."), g_defaultDraftName);
+    return {};
 }
 
 Result<> DatafileDocument::forceSave()
 {
-    if (!canSaveChanges())
-        return refused(tr("Changes to this datafile cannot be saved."), g_filePath);
+    if (const Result<> allowed = mayForceSave(); !allowed)
+        return allowed;
     return saveNormally();
+}
+
+Result<> DatafileDocument::beginForceSave()
+{
+    if (const Result<> allowed = mayForceSave(); !allowed)
+        return allowed;
+    return beginSavingNormally();
 }
 
 Result<> DatafileDocument::saveNormally()
 {
-    if (g_filePath.isEmpty())
-        return refused(tr("The datafile has no file yet."), g_defaultDraftName);
     if (const Result<> written = writeToURL(g_filePath, typeNameOf(g_kind)); !written)
         return written;
     updateChangeCount(ChangeCount::Cleared);
@@ -129,6 +177,59 @@ Result<> DatafileDocument::saveNormally()
         g_editing->markCurrentRecordClean();
     return {};
 }
+
+// On another thread.
+
+bool DatafileDocument::isSaving() const
+{
+    return g_save->isRunning();
+}
+
+void DatafileDocument::waitForSaving()
+{
+    // Who hears of the end of one save may begin the next.
+    while (isSaving())
+        g_save->wait();
+}
+
+Result<> DatafileDocument::beginSavingNormally()
+{
+    waitForSaving();
+    if (const Result<> allowed = mayWrite(typeNameOf(g_kind)); !allowed)
+        return allowed;
+    DatafileSnapshot saved = snapshot();
+    g_save->changeCount = g_changeCount;
+    beginWriting([saved = std::move(saved), path = g_filePath] {
+        return stampedAs(writeDatafile(saved, path, plist::Format::Xml), path);
+    });
+    return {};
+}
+
+void DatafileDocument::beginWriting(BackgroundSave::Write write)
+{
+    g_save->settingsChanged = g_settings->datafileSettingsDidChange();
+    g_settings->setDatafileSettingsDidChange(false);
+    g_save->begin(std::move(write), [this](const auto &written) { finishSaving(written); });
+}
+
+void DatafileDocument::finishSaving(const Result<FileStamp> &written)
+{
+    if (!written) {
+        if (g_save->settingsChanged)
+            g_settings->setDatafileSettingsDidChange(true);
+        Q_EMIT savingFinished(written.error());
+        return;
+    }
+    g_stamp = *written;
+    // What was changed since the snapshot was made is in no file yet.
+    setChangeCount(g_changeCount - g_save->changeCount);
+    if (g_editing && !isModified())
+        g_editing->markCurrentRecordClean();
+    Q_EMIT fileWritten();
+    Q_EMIT savingFinished({});
+}
+
+// Other files, and settings alone.
 
 Result<> DatafileDocument::saveToFirstFile(const QString &path)
 {
@@ -147,6 +248,7 @@ Result<> DatafileDocument::saveToFirstFile(const QString &path)
 
 DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &path)
 {
+    waitForSaving();
     SaveAsOutcome outcome;
     if (!canSaveChanges()) {
         outcome.failureReason = tr("Changes to this datafile cannot be saved.");
@@ -176,49 +278,60 @@ DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &
 
 Result<> DatafileDocument::saveCopyAs(const QString &path, plist::Format format)
 {
+    waitForSaving();
     if (isOwnFile(path))
         return refused(tr("A copy cannot replace the datafile itself."), path);
     return writeContents(path, format);
 }
 
+bool DatafileDocument::hasSettingsToUpdate() const
+{
+    return canSaveChanges() && g_settings->datafileSettingsDidChange() && !g_filePath.isEmpty();
+}
+
+BackgroundSave::Write DatafileDocument::settingsWrite(plist::Format format)
+{
+    const QString path = g_filePath;
+    // Records that somebody else has written meanwhile are as little ours to replace as unsaved ones are to
+    // be saved here.
+    const bool isSomebodyElses = changedOnDisk();
+    if (!isModified() && !isSomebodyElses) {
+        return [saved = snapshot(), path, format] {
+            return stampedAs(writeDatafile(saved, path, format), path);
+        };
+    }
+    // The next save has to know, still, that the file holds what we never read.
+    const std::optional<FileStamp> known = isSomebodyElses ? std::optional(g_stamp) : std::nullopt;
+    return [settings = g_settings->dictionary(), path, format, known] {
+        const Result<FileStamp> written = stampedAs(writeSettingsInto(path, settings, format), path);
+        return written && known ? Result<FileStamp>(*known) : written;
+    };
+}
+
 Result<> DatafileDocument::updateSettingsOnly(plist::Format format)
 {
-    if (!canSaveChanges() || !g_settings->datafileSettingsDidChange() || g_filePath.isEmpty())
+    waitForSaving();
+    if (!hasSettingsToUpdate())
         return {};
-    g_updatingSettingsOnly = true;
-    const auto updated = qScopeGuard([this] { g_updatingSettingsOnly = false; });
     if (FileStamp::of(g_filePath).size >= 0) {
-        // Records that somebody else has written meanwhile are as little ours to replace as unsaved ones are
-        // to be saved here.
-        const Result<> written = isModified() || changedOnDisk()
-                                     ? writeSettingsIntoFile(format)
-                                     : writeToURL(g_filePath, typeNameOf(g_kind), format);
+        const Result<FileStamp> written = settingsWrite(format)();
         if (!written)
-            return written;
+            return written.error();
+        g_stamp = *written;
+        Q_EMIT fileWritten();
     }
     g_settings->setDatafileSettingsDidChange(false);
     return {};
 }
 
-Result<> DatafileDocument::writeSettingsIntoFile(plist::Format format)
+SaveOutcome DatafileDocument::beginUpdatingSettingsOnly()
 {
-    const bool wasChangedOnDisk = changedOnDisk();
-    Progress unwatched;
-    const Result<DatafileContents> onDisk = readDatafile(g_filePath, unwatched);
-    if (!onDisk)
-        return onDisk.error();
-    DatafileSnapshot snapshot{onDisk->rootEntries,
-                              g_settings->dictionary(),
-                              RecordsSnapshot::ofSource(onDisk->records, onDisk->identifiers),
-                              {onDisk->catalogForms, {}}};
-    snapshot.catalog.order.assign(onDisk->catalog);
-    if (const Result<> written = writeDatafile(snapshot, g_filePath, format); !written)
-        return written;
-    // Otherwise the next save has to know, still, that the file holds what we never read.
-    if (!wasChangedOnDisk)
-        g_stamp = FileStamp::of(g_filePath);
-    Q_EMIT fileWritten();
-    return {};
+    waitForSaving();
+    if (!hasSettingsToUpdate() || FileStamp::of(g_filePath).size < 0)
+        return SaveOutcome::NothingToSave;
+    g_save->changeCount = 0;
+    beginWriting(settingsWrite(plist::Format::Xml));
+    return SaveOutcome::Begun;
 }
 
 } // namespace tavrin

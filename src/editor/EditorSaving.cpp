@@ -5,6 +5,7 @@
 
 #include "base/FilledIn.h"
 #include "editor/AlertSheetController.h"
+#include "editor/DatafileReading.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
 
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QTime>
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -19,11 +21,43 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 
-EditorSaving::EditorSaving(EditorWindowController &window, SheetHost &sheets)
+namespace {
+
+// A save that is over sooner needs no word before "Saved".
+constexpr std::chrono::milliseconds longSave{300};
+
+} // namespace
+
+EditorSaving::EditorSaving(EditorWindowController &window, SheetHost &sheets, WorkHost &work)
     : g_window(window)
     , g_document(window.document())
     , g_sheets(sheets)
-{}
+    , g_work(work)
+{
+    g_longSave.setSingleShot(true);
+    g_longSave.setInterval(longSave);
+    connect(&g_longSave, &QTimer::timeout, this, [this] { Q_EMIT g_window.statusMessage(tr("Saving…")); });
+    connect(&g_document, &DatafileDocument::savingFinished, this, [this](const Result<> &saved) {
+        g_longSave.stop();
+        tellWaiting(saved);
+    });
+}
+
+void EditorSaving::whenFree(const std::function<void()> &next)
+{
+    if (isBusy())
+        g_waiting.emplace_back([this, next](const Result<> &) { whenFree(next); });
+    else
+        next();
+}
+
+void EditorSaving::tellWaiting(const Result<> &ended)
+{
+    // Those who hear of it may have to wait again.
+    const std::vector<Ended> waiting = std::exchange(g_waiting, {});
+    for (const Ended &tell : waiting)
+        tell(ended);
+}
 
 void EditorSaving::ask(std::unique_ptr<AlertSheetController> alert,
                        const std::function<void(int returnCode)> &answered)
@@ -63,19 +97,39 @@ void EditorSaving::reportFailure(const Error &error)
 
 void EditorSaving::saveDocument()
 {
-    if (!g_window.validateAction(u"saveDocument:"_s))
-        return;
-    save([](bool) {});
+    if (g_window.validateAction(u"saveDocument:"_s))
+        saveQuietly();
 }
 
 void EditorSaving::autoSave()
 {
     if (!g_document.isMobile() && !g_document.openedReadOnly() && !g_document.filePath().isEmpty())
+        saveQuietly();
+}
+
+/// However often that is asked for during a save, one more save is enough. After one that failed, none: the
+/// person has just been told.
+void EditorSaving::saveQuietly()
+{
+    if (!isBusy()) {
         save([](bool) {});
+        return;
+    }
+    if (std::exchange(g_saveAgain, true))
+        return;
+    g_waiting.emplace_back([this](const Result<> &ended) {
+        g_saveAgain = false;
+        if (ended)
+            saveQuietly();
+    });
 }
 
 void EditorSaving::save(const Written &done)
 {
+    if (isBusy()) {
+        whenFree([this, done] { save(done); });
+        return;
+    }
     if (g_document.openedReadOnly()) {
         saveAs(done);
         return;
@@ -102,22 +156,29 @@ void EditorSaving::save(const Written &done)
 
 void EditorSaving::writeToOwnFile(const Written &done)
 {
-    const Result<DatafileDocument::SaveOutcome> saved = g_document.saveDocument();
-    if (!saved) {
-        reportFailure(saved.error());
-        done(false);
+    const auto ended = [this, done](const Result<> &saved) {
+        if (saved)
+            tellSaved();
+        else
+            reportFailure(saved.error());
+        done(saved.has_value());
+    };
+    const Result<SaveOutcome> begun = g_document.beginSaving();
+    if (!begun) {
+        ended(begun.error());
         return;
     }
-    switch (*saved) {
-    case DatafileDocument::SaveOutcome::Saved:
-        tellSaved();
-        done(true);
+    switch (*begun) {
+    case SaveOutcome::Begun:
+        g_longSave.start();
+        g_waiting.emplace_back(ended);
         break;
-    case DatafileDocument::SaveOutcome::NeedsSaveAs:
+    case SaveOutcome::NeedsSaveAs:
         saveAs(done);
         break;
-    case DatafileDocument::SaveOutcome::NothingToSave:
-    case DatafileDocument::SaveOutcome::NotByThisCommand:
+    case SaveOutcome::Saved:
+    case SaveOutcome::NothingToSave:
+    case SaveOutcome::NotByThisCommand:
         done(!g_document.isModified());
         break;
     }
@@ -160,7 +221,7 @@ void EditorSaving::saveAs(const Written &done)
         if (path.isEmpty())
             done(false);
         else
-            didSaveAs(path, done);
+            whenFree([this, path, done] { didSaveAs(path, done); });
     });
 }
 
@@ -185,7 +246,7 @@ void EditorSaving::saveCopyAs()
         return;
     askForFile(tr("Save a Copy As"), [this](const QString &path) {
         if (!path.isEmpty())
-            saveCopy(path);
+            whenFree([this, path] { saveCopy(path); });
     });
 }
 
@@ -212,16 +273,31 @@ void EditorSaving::revertDocumentToSaved()
     alert->setDestructiveButton(0);
     ask(std::move(alert), [this](int returnCode) {
         if (returnCode == QVSheetController::FirstButton)
-            revert();
+            whenFree([this] { revert(); });
     });
 }
 
 void EditorSaving::revert()
 {
-    // What is on the screen belongs to the records that go: it must not be stored into those that come.
-    g_window.updateCurrentRecord();
-    if (const Result<> reverted = g_document.revertToContents(); !reverted)
-        showAlert(g_sheets, reverted.error().message, tr("The datafile was not reverted."));
+    g_reverting = true;
+    auto reading = std::make_unique<DatafileReading>(g_document.filePath(), tr("Reverting to “%1”…"));
+    connect(reading.get(), &LongWork::ended, this, [this, reading = reading.get()] {
+        didReadForRevert(reading->takeContents());
+    });
+    g_work.begin(std::move(reading));
+}
+
+void EditorSaving::didReadForRevert(Result<DatafileContents> contents)
+{
+    g_reverting = false;
+    if (contents) {
+        // What is on the screen belongs to the records that go: it must not be stored into those that come.
+        g_window.updateCurrentRecord();
+        g_document.revertToContents(*std::move(contents));
+    } else if (contents.error().kind != Error::Kind::Cancelled) {
+        showAlert(g_sheets, contents.error().message, tr("The datafile was not reverted."));
+    }
+    tellWaiting({});
 }
 
 // Close.
@@ -231,6 +307,11 @@ void EditorSaving::requestClose()
     // Whoever asks again, as quitting does, gets the answer to the question that is on the screen.
     if (g_askingAboutClosing)
         return;
+    if (isBusy()) {
+        g_askingAboutClosing = true;
+        g_waiting.emplace_back([this](const Result<> &ended) { closeAfter(ended.has_value()); });
+        return;
+    }
     if (!g_document.isModified()) {
         answerClose(true);
         return;
@@ -245,6 +326,16 @@ void EditorSaving::requestClose()
         askWhetherToLoseChanges();
 }
 
+/// What was changed while the file was being written is asked about like all that is not saved.
+void EditorSaving::closeAfter(bool saved)
+{
+    g_askingAboutClosing = false;
+    if (saved)
+        requestClose();
+    else
+        answerClose(false);
+}
+
 void EditorSaving::askAboutClosing(std::unique_ptr<AlertSheetController> alert,
                                    const std::function<void(int returnCode)> &answered)
 {
@@ -254,11 +345,31 @@ void EditorSaving::askAboutClosing(std::unique_ptr<AlertSheetController> alert,
 
 void EditorSaving::answerClose(bool allowed)
 {
-    g_askingAboutClosing = false;
-    if (allowed)
-        Q_EMIT g_window.closeAllowed();
-    else
+    if (!allowed) {
+        g_askingAboutClosing = false;
         Q_EMIT g_window.closeRefused();
+        return;
+    }
+    // What closing writes is written while the window still stands, so that the others need not wait for it.
+    g_askingAboutClosing = true;
+    const bool wasModified = g_document.isModified();
+    if (!g_window.beginWritingClosingSettings()) {
+        allowClose();
+        return;
+    }
+    g_longSave.start();
+    g_waiting.emplace_back([this, wasModified](const Result<> &) {
+        if (g_document.isModified() && !wasModified)
+            closeAfter(true);
+        else
+            allowClose();
+    });
+}
+
+void EditorSaving::allowClose()
+{
+    g_askingAboutClosing = false;
+    Q_EMIT g_window.closeAllowed();
 }
 
 void EditorSaving::askWhetherToSave()
@@ -277,15 +388,14 @@ void EditorSaving::askWhetherToSave()
     alert->setCancelButton(cancelButton);
     alert->setDestructiveButton(loseButton);
     askAboutClosing(std::move(alert), [this, needsSaveAs](int returnCode) {
-        const Written done = [this](bool written) { answerClose(written); };
         if (returnCode == QVSheetController::ThirdButton)
             answerClose(true);
         else if (returnCode != QVSheetController::FirstButton)
             answerClose(false);
         else if (needsSaveAs)
-            saveAs(done);
+            saveAs([this](bool written) { answerClose(written); });
         else
-            save(done);
+            save([this](bool written) { closeAfter(written); });
     });
 }
 

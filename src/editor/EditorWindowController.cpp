@@ -52,13 +52,14 @@ QString sizeForPeople(quint64 size)
 
 EditorWindowController::EditorWindowController(DatafileDocument &document,
                                                SheetHost &sheets,
+                                               WorkHost &work,
                                                const Preferences &preferences)
     : g_document(document)
     , g_sheets(sheets)
     , g_preferences(preferences)
     , g_tableController(std::make_unique<EditorTableController>(*this))
     , g_permission(std::make_unique<EditorPermission>(document, sheets))
-    , g_saving(std::make_unique<EditorSaving>(*this, sheets))
+    , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
 {
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
 }
@@ -252,7 +253,7 @@ void EditorWindowController::requestClose()
     g_saving->requestClose();
 }
 
-void EditorWindowController::windowWillClose()
+void EditorWindowController::rememberRecordToOpen()
 {
     const QString current = identifierOf(g_currentRecord);
     if (!settings().openToFirstRecord() && !settings().openToLastRecord() && !current.isEmpty()
@@ -260,6 +261,18 @@ void EditorWindowController::windowWillClose()
         settings().setMostRecentRecord(current);
         settings().setDatafileSettingsDidChange(true);
     }
+}
+
+bool EditorWindowController::beginWritingClosingSettings()
+{
+    rememberRecordToOpen();
+    return !g_permission->isLockedBySomebodyElse()
+           && g_document.beginUpdatingSettingsOnly() == SaveOutcome::Begun;
+}
+
+void EditorWindowController::windowWillClose()
+{
+    rememberRecordToOpen();
     // The lock goes last: nobody else may open the datafile for writing while its settings are written. And a
     // datafile that somebody else has locked is not ours to write, not even its settings.
     if (!g_permission->isLockedBySomebodyElse()) {

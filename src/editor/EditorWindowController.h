@@ -19,6 +19,7 @@ namespace tavrin {
 class EditorPermission;
 class EditorSaving;
 class EditorTableController;
+class WorkHost;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
 /// may run now.
@@ -31,7 +32,10 @@ class EditorWindowController : public QObject, public DatafileEditing
     Q_OBJECT
 
 public:
-    EditorWindowController(DatafileDocument &document, SheetHost &sheets, const Preferences &preferences);
+    EditorWindowController(DatafileDocument &document,
+                           SheetHost &sheets,
+                           WorkHost &work,
+                           const Preferences &preferences);
     ~EditorWindowController() override;
 
     void attachView(EditorView &view) { g_view = &view; }
@@ -119,6 +123,8 @@ public:
     /// Decides whether the window may close, asking where there are unsaved changes; then `closeAllowed` or
     /// `closeRefused`.
     void requestClose();
+    /// Begins to write, on another thread, what windowWillClose() would; false when there is nothing.
+    bool beginWritingClosingSettings();
     /// The window is going: removes the lock file, remembers the record, writes changed settings.
     void windowWillClose();
 
@@ -172,6 +178,7 @@ private:
     void removeRecord(const QString &identifier, qint64 index);
     void focusFirstField();
 
+    void rememberRecordToOpen();
     QString currentViewFrame() const;
     void setCurrentViewFrame(const QString &frame);
     double currentSplitHeight() const;

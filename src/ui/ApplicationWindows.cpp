@@ -17,7 +17,11 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
     , g_sheets([this]() -> QWidget * {
         if (g_startWindow && g_startWindow->isVisible())
             return g_startWindow.get();
-        return QApplication::activeWindow();
+        // A dialog goes before long, and what stands on it goes with it.
+        QWidget *window = QApplication::activeWindow();
+        while (window && window->isWindow() && window->windowType() == Qt::Dialog)
+            window = window->parentWidget();
+        return window;
     })
 {}
 
@@ -48,6 +52,8 @@ void ApplicationWindows::updateStartWindow()
             g_startWindow->hide();
         return;
     }
+    if (g_controller->isOpening())
+        return;
     if (!g_startWindow)
         g_startWindow = std::make_unique<StartWindow>(*g_controller, *g_menus);
     g_startWindow->show();

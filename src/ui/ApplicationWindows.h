@@ -5,6 +5,7 @@
 
 #include "app/DatafileWindow.h"
 #include "ui/WidgetSheetHost.h"
+#include "ui/WidgetWorkHost.h"
 
 #include <QObject>
 
@@ -31,11 +32,13 @@ public:
 
     /// Where questions go that belong to no datafile.
     SheetHost &sheets() { return g_sheets; }
+    /// Where work is done that belongs to no window.
+    WorkHost &work() { return g_work; }
 
     std::unique_ptr<DatafileWindow> makeWindow(DatafileDocument &document,
                                                const QString &firstRecord) override;
 
-    /// Shows the start window when no datafile is open, and hides it when one is.
+    /// Shows the start window when no datafile is open or on its way, and hides it when one is open.
     void updateStartWindow();
 
     /// Brings what is on screen to the front: another start asked for attention.
@@ -45,6 +48,7 @@ private:
     Preferences &g_preferences;
     MainController *g_controller = nullptr;
     WidgetSheetHost g_sheets;
+    WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
     std::unique_ptr<StartWindow> g_startWindow;
 };

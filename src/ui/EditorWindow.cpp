@@ -31,7 +31,8 @@ EditorWindow::EditorWindow(DatafileDocument &document,
                            ApplicationMenus &menus,
                            const QString &firstRecord)
     : g_sheets([this] { return this; })
-    , g_controller(document, g_sheets, preferences)
+    , g_work(this)
+    , g_controller(document, g_sheets, g_work, preferences)
 {
     setAcceptDrops(true);
     resize(860, 620);

@@ -7,6 +7,7 @@
 #include "editor/EditorView.h"
 #include "editor/EditorWindowController.h"
 #include "ui/WidgetSheetHost.h"
+#include "ui/WidgetWorkHost.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -95,6 +96,7 @@ private:
     void updateOperations();
 
     WidgetSheetHost g_sheets;
+    WidgetWorkHost g_work;
     EditorWindowController g_controller;
     QHash<QString, QAction *> g_actions;
     QStackedWidget *g_tables = nullptr;

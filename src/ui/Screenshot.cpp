@@ -54,7 +54,8 @@ int takeScreenshot(const CommandLine &line)
 
     NoWindows factory;
     WidgetSheetHost sheets([] { return nullptr; });
-    MainController controller(preferences, environment, factory, sheets);
+    WidgetWorkHost work(nullptr);
+    MainController controller(preferences, environment, factory, sheets, work);
     ApplicationMenus menus(controller);
     EditorWindow window(**document, preferences, menus, {});
     if (!line.view.isEmpty() && window.controller().mode() != line.view)

@@ -29,7 +29,7 @@ int run(const CommandLine &line)
     Preferences preferences(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
                             + u"/preferences.plist"_s);
     ApplicationWindows windows(preferences);
-    MainController controller(preferences, Environment::system(), windows, windows.sheets());
+    MainController controller(preferences, Environment::system(), windows, windows.sheets(), windows.work());
     windows.setController(controller);
     // exit(), not quit(), which would ask the windows once more whether they may close.
     QObject::connect(&controller, &MainController::terminate, qApp, [] { QCoreApplication::exit(0); });

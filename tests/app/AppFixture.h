@@ -9,6 +9,7 @@
 #include "support/FakeEditorView.h"
 #include "support/ScriptedSheetHost.h"
 #include "support/TestEnvironment.h"
+#include "support/WorkDouble.h"
 
 #include <QSignalSpy>
 
@@ -19,7 +20,7 @@ class FakeWindow : public DatafileWindow
 {
 public:
     FakeWindow(DatafileDocument &document, SheetHost &sheets, const Preferences &preferences)
-        : g_controller(document, sheets, preferences)
+        : g_controller(document, sheets, g_work, preferences)
     {
         g_controller.attachView(g_view);
     }
@@ -28,6 +29,7 @@ public:
     void bringToFront() override { ++g_broughtToFront; }
 
     FakeEditorView g_view;
+    WorkDouble g_work;
     EditorWindowController g_controller;
     int g_broughtToFront = 0;
 };
@@ -102,7 +104,8 @@ public:
     Preferences g_preferences;
     ScriptedSheetHost g_sheets;
     FakeWindows g_windows{g_sheets, g_preferences};
-    MainController g_controller{g_preferences, g_environment, g_windows, g_sheets};
+    WorkDouble g_work;
+    MainController g_controller{g_preferences, g_environment, g_windows, g_sheets, g_work};
 };
 
 } // namespace tavrin

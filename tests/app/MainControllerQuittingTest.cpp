@@ -54,7 +54,7 @@ private Q_SLOTS:
         QCOMPARE(app.open(), QStringList());
         app.g_preferences.setObject(true, u"RestorePreviousSession"_s);
 
-        MainController next(app.g_preferences, app.g_environment, app.g_windows, app.g_sheets);
+        MainController next(app.g_preferences, app.g_environment, app.g_windows, app.g_sheets, app.g_work);
         next.finishLaunchingStuff();
 
         QCOMPARE(next.openDatafileCount(), 2);
@@ -72,7 +72,7 @@ private Q_SLOTS:
         app.answer(u"Cancel"_s);
 
         app.g_controller.applicationShouldTerminate();
-        settle();
+        settle(app);
 
         QCOMPARE(app.open(), (QStringList{u"a.tv3"_s, u"b.tv3"_s}));
         QCOMPARE(terminated.size(), 0);
@@ -111,18 +111,21 @@ private Q_SLOTS:
         }
 
         app.window(0).g_controller.requestClose();
-        settle();
+        settle(app);
         QCOMPARE(terminated.size(), 0);
         app.window(0).g_controller.requestClose();
-        settle();
+        settle(app);
 
         QTEST(terminated.size(), "terminates");
     }
 
 private:
-    /// The controller removes windows from the event loop.
-    static void settle()
+    /// What closing writes is written on other threads, and the controller removes windows from the event
+    /// loop.
+    static void settle(AppFixture &app)
     {
+        for (DatafileDocument *document : app.g_controller.documents())
+            document->waitForSaving();
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();
     }

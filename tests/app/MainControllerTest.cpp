@@ -129,6 +129,7 @@ private Q_SLOTS:
         QTEST(qsizetype{app.window(0).g_controller.countSelected()}, "selected");
         QCOMPARE(DatafileFixture::contentOf(path), before);
         app.window(0).g_controller.setCanSaveChanges();
+        app.g_controller.documents().first()->waitForSaving();
         QTEST(DatafileFixture::contentOf(path) != before, "written");
         QVERIFY(!app.g_controller.documents().first()->isModified());
     }
@@ -144,6 +145,31 @@ private Q_SLOTS:
         app.g_controller.openDatafiles({path, path});
 
         QCOMPARE(app.open(), QStringList());
+    }
+
+    void datafilesAreOpenedOneAfterTheOther()
+    {
+        AppFixture app;
+        app.g_work.g_holds = true;
+        app.g_preferences.setObject(plist::Array{app.path(u"c.tv3"_s)}, u"AutoOpenDatafilePaths"_s);
+        app.g_controller.openDatafile(app.path(u"a.tv3"_s));
+        app.g_controller.openDatafile(app.path(u"b.tv3"_s), u"r1"_s);
+        app.g_controller.openDatafile(app.path(u"a.tv3"_s));
+        app.g_controller.finishLaunchingStuff(); // opens no automatic ones beside others
+        QCOMPARE(app.g_work.g_held.size(), 2U);
+        QVERIFY(app.g_controller.isOpening());
+        app.g_work.finishNext();
+        // Quitting now keeps both for the next time.
+        app.g_controller.saveCurrentSession();
+        QCOMPARE(app.g_preferences.arrayForKey(u"PreviousSessionList"_s).at(3), plist::Value(u"r1"_s));
+
+        QSignalSpy changed(&app.g_controller, &MainController::openDatafilesChanged);
+        app.g_work.finishNext(true);
+
+        QCOMPARE(app.open(), QStringList{u"a.tv3"_s});
+        QCOMPARE(app.g_controller.recentDatafiles(), QStringList{app.path(u"a.tv3"_s)});
+        QVERIFY(!app.g_controller.isOpening() && changed.size() == 1);
+        QCOMPARE(app.g_sheets.alerts(), QStringList());
     }
 
     void theSampleOpensAsANewDatafile()

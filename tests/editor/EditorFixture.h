@@ -12,6 +12,7 @@
 #include "support/FakeEditorView.h"
 #include "support/ScriptedSheetHost.h"
 #include "support/TestEnvironment.h"
+#include "support/WorkDouble.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -68,7 +69,7 @@ public:
     {
         window.reset();
         document = std::move(newDocument);
-        window = std::make_unique<EditorWindowController>(*document, sheets, preferences);
+        window = std::make_unique<EditorWindowController>(*document, sheets, work, preferences);
         window->attachView(view);
         window->prepare(firstRecord);
     }
@@ -97,9 +98,11 @@ public:
     QAbstractItemModel &basic() const { return window->tableController().basicTableModel(); }
     QAbstractItemModel &list() const { return window->tableController().listTableModel(); }
 
-    /// What the file holds now in a record's field "a".
+    /// What the file holds in a record's field "a", once the document has written it.
     QString onDisk(const QString &identifier) const
     {
+        if (document)
+            document->waitForSaving();
         const auto read = DatafileDocument::open({environment, &preferences}, path(), selection);
         const RecordData *found = read ? (*read)->datafileRecords().recordForIdentifier(identifier) : nullptr;
         return found ? found->fieldValue(u"a"_s) : u"no record"_s;
@@ -117,6 +120,7 @@ public:
     TestEnvironment environment;
     Preferences preferences;
     ScriptedSheetHost sheets;
+    WorkDouble work;
     FakeEditorView view;
     std::unique_ptr<DatafileDocument> document;
     std::unique_ptr<EditorWindowController> window;

@@ -20,6 +20,11 @@ private Q_SLOTS:
     void aFailedSaveKeepsTheChanges();
     void aReadOnlyDatafileIsSavedElsewhere();
     void aCopyLeavesTheDatafileUnsaved();
+    void savingAgainDuringASaveComesAfterIt();
+    void closingWaitsForTheSave_data();
+    void closingWaitsForTheSave();
+    void whatIsEditedWhileAClosingSaveRunsIsAskedAbout();
+    void aRevertThatIsCancelledOrFailsChangesNothing();
     void revertingNeverShowsARecordThatIsGone();
     void closingAsksAboutUnsavedChanges_data();
     void closingAsksAboutUnsavedChanges();
@@ -115,6 +120,7 @@ void EditorSavingTest::aFailedSaveKeepsTheChanges()
     editor.sheets.answerAlert(1000);
 
     editor.window->saveDocument();
+    editor.document->waitForSaving();
 
     QVERIFY(editor.document->isModified());
     QCOMPARE(editor.valueIn(u"r0"_s), u"mine"_s);
@@ -156,6 +162,109 @@ void EditorSavingTest::aCopyLeavesTheDatafileUnsaved()
     QCOMPARE(editor.onDisk(u"r0"_s), u"A"_s);
     editor.name = u"Copy.tv3"_s;
     QCOMPARE(editor.onDisk(u"r0"_s), u"mine"_s);
+}
+
+void EditorSavingTest::savingAgainDuringASaveComesAfterIt()
+{
+    EditorFixture editor;
+    editor.open();
+    QSignalSpy finished(editor.document.get(), &DatafileDocument::savingFinished);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"first"_s);
+    editor.window->saveDocument();
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"second"_s);
+    editor.window->saveDocument();
+    editor.window->saveDocument();
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"third"_s);
+
+    QCOMPARE(editor.onDisk(u"r0"_s), u"third"_s);
+    QCOMPARE(finished.size(), 2);
+    QVERIFY(!editor.document->isModified());
+}
+
+void EditorSavingTest::closingWaitsForTheSave_data()
+{
+    QTest::addColumn<bool>("writable");
+    QTest::addColumn<bool>("editedMeanwhile");
+    QTest::addColumn<int>("alerts");
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("saved") << true << false << 0 << true;
+    QTest::newRow("edited meanwhile") << true << true << 1 << true;
+    QTest::newRow("failed") << false << false << 1 << false;
+}
+
+void EditorSavingTest::closingWaitsForTheSave()
+{
+    QFETCH(const bool, writable);
+    QFETCH(const bool, editedMeanwhile);
+    EditorFixture editor;
+    editor.open();
+    QSignalSpy allowed(editor.window.get(), &EditorWindowController::closeAllowed);
+    QSignalSpy refused(editor.window.get(), &EditorWindowController::closeRefused);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
+    if (!writable)
+        QVERIFY(editor.folder.remove());
+    editor.window->saveDocument();
+    if (editedMeanwhile)
+        editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"later"_s);
+    editor.window->requestClose();
+    editor.window->requestClose();
+    QCOMPARE(allowed.size() + refused.size(), 0);
+    // "OK" to the failure, "Don’t Save" to the question.
+    QFETCH(const int, alerts);
+    if (alerts > 0)
+        editor.sheets.answerAlert(writable ? 1002 : 1000);
+
+    editor.document->waitForSaving();
+
+    QFETCH(const bool, closes);
+    QCOMPARE(allowed.size(), closes ? 1 : 0);
+    QCOMPARE(refused.size(), closes ? 0 : 1);
+    QCOMPARE(editor.sheets.alerts().size(), alerts);
+}
+
+void EditorSavingTest::whatIsEditedWhileAClosingSaveRunsIsAskedAbout()
+{
+    EditorFixture editor;
+    editor.open();
+    QSignalSpy refused(editor.window.get(), &EditorWindowController::closeRefused);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
+    editor.sheets.answerAlert(1000);
+    editor.window->requestClose();
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"later"_s);
+    editor.sheets.answerAlert(1001);
+
+    editor.document->waitForSaving();
+
+    QCOMPARE(refused.size(), 1);
+    QVERIFY(editor.sheets.allAnswered() && editor.document->isModified());
+}
+
+void EditorSavingTest::aRevertThatIsCancelledOrFailsChangesNothing()
+{
+    EditorFixture editor;
+    editor.open();
+    editor.work.g_holds = true;
+    QSignalSpy allowed(editor.window.get(), &EditorWindowController::closeAllowed);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
+    editor.sheets.answerAlert(1000);
+    editor.window->revertDocumentToSaved();
+    editor.window->saveDocument();
+    QCOMPARE(editor.onDisk(u"r0"_s), u"A"_s);
+    editor.work.finishNext(true);
+    QCOMPARE(editor.onDisk(u"r0"_s), u"mine"_s);
+
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"more"_s);
+    editor.sheets.answerAlert(1000);
+    editor.window->revertDocumentToSaved();
+    editor.window->requestClose();
+    QVERIFY(QFile::remove(editor.path()));
+    editor.sheets.answerAlert(1000); // that it was not reverted
+    editor.sheets.answerAlert(1002); // and, as it still is changed, what to do about it
+    editor.work.finishNext();
+    editor.window->updateCurrentRecord();
+    QCOMPARE(editor.valueIn(u"r0"_s), u"more"_s);
+    QCOMPARE(allowed.size(), 1);
+    QVERIFY(editor.sheets.allAnswered());
 }
 
 void EditorSavingTest::revertingNeverShowsARecordThatIsGone()
@@ -204,6 +313,7 @@ void EditorSavingTest::closingAsksAboutUnsavedChanges()
     editor.sheets.answerAlert(answer);
 
     editor.window->requestClose();
+    editor.document->waitForSaving();
 
     QCOMPARE(allowed.size(), closes ? 1 : 0);
     QCOMPARE(refused.size(), closes ? 0 : 1);
@@ -262,6 +372,7 @@ void EditorSavingTest::closingANewDatafileClosesOnlyWhenItWasWritten()
     }
 
     editor.window->requestClose();
+    editor.document->waitForSaving(); // the settings, the record on screen among them
 
     QCOMPARE(allowed.size(), closes ? 1 : 0);
     QCOMPARE(editor.document->isModified(), !closes);

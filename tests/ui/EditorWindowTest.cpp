@@ -63,11 +63,11 @@ void EditorWindowTest::init()
     g_preferences = std::make_unique<Preferences>();
     g_windows = std::make_unique<ApplicationWindows>(*g_preferences);
     g_controller = std::make_unique<MainController>(
-        *g_preferences, Environment::system(), *g_windows, g_windows->sheets());
+        *g_preferences, Environment::system(), *g_windows, g_windows->sheets(), g_windows->work());
     g_windows->setController(*g_controller);
     g_controller->finishLaunchingStuff();
     g_controller->openDatafile(g_path);
-    QCOMPARE(g_controller->openDatafileCount(), 1);
+    QTRY_COMPARE(g_controller->openDatafileCount(), 1);
     QVERIFY(QTest::qWaitForWindowExposed(&window()));
     window().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window()));
@@ -106,6 +106,7 @@ void EditorWindowTest::aFieldEditedByKeyboardIsFoundAgainInTheFile()
     QTest::keyClick(cellEditor(), Qt::Key_Return);
 
     trigger(u"saveDocument:"_s);
+    document().waitForSaving();
 
     QCOMPARE(fieldInFile(1), u"Ferry & Sons"_s);
     QVERIFY(!window().isWindowModified());
@@ -122,6 +123,7 @@ void EditorWindowTest::aTextTypedIsFoundAgainInTheFile()
     trigger(u"goToNextRecord:"_s);
     QVERIFY(window().controller().currentRecord()->identifier() != identifier);
     trigger(u"saveDocument:"_s);
+    document().waitForSaving();
 
     const auto written = DatafileDocument::open(document().services(), g_path, SelectionOnOpening::AsStored);
     QCOMPARE((*written)->datafileRecords().recordForIdentifier(identifier)->textString(), shown);

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/WorkPanel.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace tavrin {
+
+WorkPanel::WorkPanel(const QString &title, QWidget *window) : QDialog(window), g_bar(new QProgressBar(this))
+{
+    constexpr int widthInCharacters = 60;
+    const int width = fontMetrics().averageCharWidth() * widthInCharacters;
+    setWindowTitle(QApplication::applicationName());
+    setWindowModality(window ? Qt::WindowModal : Qt::NonModal);
+
+    auto *label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(fontMetrics().elidedText(title, Qt::ElideMiddle, width));
+    label->setToolTip(title);
+    label->setMinimumWidth(width);
+    g_bar->setTextVisible(false);
+    g_bar->setAccessibleName(title);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(label);
+    layout->addWidget(g_bar);
+    layout->addWidget(buttons);
+    setFraction(-1);
+}
+
+void WorkPanel::setFraction(double fraction)
+{
+    constexpr int steps = 1000;
+    // A bar without a range moves to and fro.
+    g_bar->setRange(0, fraction < 0 ? 0 : steps);
+    g_bar->setValue(qRound(fraction * steps));
+}
+
+} // namespace tavrin

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDialog>
+
+class QProgressBar;
+
+namespace tavrin {
+
+/// The small window that tells what long work is being done and how far it is, with a Cancel.
+class WorkPanel : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// With a `window` it is modal to it, without one it stands alone and leaves the other windows free.
+    WorkPanel(const QString &title, QWidget *window);
+
+    /// Between 0 and 1; negative: not known.
+    void setFraction(double fraction);
+
+private:
+    QProgressBar *g_bar;
+};
+
+} // namespace tavrin
