@@ -4,6 +4,7 @@
 #include "document/DatafileContents.h"
 
 #include "base/SharedBytes.h"
+#include "document/BinaryDatafile.h"
 #include "document/DatafileDocument.h"
 #include "document/XmlDatafile.h"
 #include "model/DatafileSettingsData.h"
@@ -115,6 +116,8 @@ Result<DatafileContents> contentsOf(const plist::PropertyList &list, const QStri
 
 Result<DatafileContents> contentsOf(const SharedBytes &bytes, const QString &fileName)
 {
+    if (std::optional<Result<DatafileContents>> contents = readBinaryDatafile(bytes, fileName))
+        return *std::move(contents);
     if (std::optional<Result<DatafileContents>> contents = readXmlDatafile(bytes, fileName))
         return *std::move(contents);
     const Result<plist::PropertyList> list = plist::read(bytes.view());

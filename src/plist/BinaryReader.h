@@ -3,19 +3,17 @@
 
 #pragma once
 
-#include "base/Result.h"
-#include "plist/Value.h"
-
-#include <QByteArrayView>
+#include "plist/BinaryTable.h"
 
 namespace tavrin::plist {
-
-inline constexpr QByteArrayView binaryMagic("bplist0");
 
 /// Reads the binary form.
 ///
 /// An object to which several containers refer is built once and shared. A list that would unfold to very
 /// many times its size is refused, so that whoever walks the result can trust its extent.
 Result<Value> readBinary(QByteArrayView bytes);
+
+/// The value of one object of a list that checkObjects() has accepted; null for the null object.
+Value readBinaryObject(const BinaryTable &table, quint64 index);
 
 } // namespace tavrin::plist
