@@ -4,6 +4,7 @@
 #pragma once
 
 #include "plist/AsciiReader.h"
+#include "plist/BinaryCheck.h"
 #include "plist/BinaryReader.h"
 #include "plist/Reader.h"
 #include "plist/TextEncoding.h"
@@ -113,8 +114,30 @@ inline void checkAscii(QByteArrayView bytes)
     checkText(bytes, readAscii, false);
 }
 
+/// Going over the objects refuses what the reader does, for the same reason at the same offset. One read
+/// alone is what the reader makes of it.
+inline void checkTable(QByteArrayView bytes)
+{
+    const Result<Value> expected = readBinary(bytes);
+    const Result<BinaryTable> table = BinaryTable::of(bytes);
+    const Result<> checked = table ? checkObjects(*table) : Result<>(table.error());
+    require(checked.has_value() == expected.has_value(), "the check accepts what the reader does");
+    if (!checked) {
+        require(checked.error() == expected.error(), "the check gives the reader's reason");
+        return;
+    }
+    require(readBinaryObject(*table, table->root()) == *expected, "the root alone is the same");
+    const Dictionary *dictionary = expected->dictionary();
+    const BinaryTable::Object root = *table->object(table->root());
+    for (const QString &key : dictionary ? dictionary->keys() : QStringList()) {
+        const std::optional<quint64> found = table->find(root, key);
+        require(found && readBinaryObject(*table, *found) == dictionary->value(key), "an entry is the same");
+    }
+}
+
 inline void checkBinary(QByteArrayView bytes)
 {
+    checkTable(bytes);
     const Result<Value> root = readBinary(bytes);
     if (root)
         checkWriting(*root, false);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-#include "plist/Reader.h"
-#include "plist/Writer.h"
+#include "fuzz/PlistFuzz.h"
+#include "plist/RandomTree.h"
 
 #include <QTest>
 #include <QtEndian>
@@ -28,6 +28,8 @@ private Q_SLOTS:
     void writesTheSmallestList();
     void widensReferencesAndOffsetsWithTheList();
     void sharedContainersAreBuiltOnce();
+    void depthIsBoundedHoweverItIsReached();
+    void damageIsJudgedAlike();
 };
 
 namespace {
@@ -66,6 +68,13 @@ QByteArray hex(const char *text)
     return QByteArray::fromHex(text);
 }
 
+/// As read(), and so judged by the check that makes no values.
+Result<PropertyList> judged(const QByteArray &bytes)
+{
+    fuzz::checkTable(bytes);
+    return read(bytes);
+}
+
 } // namespace
 
 void BinaryFormTest::readsEveryKindOfObject_data()
@@ -101,7 +110,7 @@ void BinaryFormTest::readsEveryKindOfObject()
 {
     QFETCH(const QByteArrayList, objects);
     QFETCH(const Value, expected);
-    const auto list = read(listOf(objects));
+    const auto list = judged(listOf(objects));
     QVERIFY2(list, list ? "" : qPrintable(list.error().detail));
     QVERIFY(list->root == expected);
     QCOMPARE(list->root.type(), expected.type());
@@ -135,7 +144,7 @@ void BinaryFormTest::refusesFaultyObjects_data()
 void BinaryFormTest::refusesFaultyObjects()
 {
     QFETCH(const QByteArrayList, objects);
-    const auto list = read(listOf(objects));
+    const auto list = judged(listOf(objects));
     QVERIFY(!list);
     QCOMPARE(list.error().kind, Error::Kind::Corrupt);
     QVERIFY(list.error().detail.startsWith(u"offset "));
@@ -144,9 +153,9 @@ void BinaryFormTest::refusesFaultyObjects()
 void BinaryFormTest::refusesFaultyTrailers()
 {
     const QByteArray sound = listOf({hex("d10102"), hex("516b"), hex("5176")});
-    QVERIFY(read(sound));
-    QVERIFY(!read(sound + '\0'));
-    QVERIFY(!read(sound.left(20) + sound.mid(21)));
+    QVERIFY(judged(sound));
+    QVERIFY(!judged(sound + '\0'));
+    QVERIFY(!judged(sound.left(20) + sound.mid(21)));
     const auto damaged = [&sound](qsizetype fromEnd, char byte) {
         QByteArray bytes = sound;
         bytes[bytes.size() - fromEnd] = byte;
@@ -163,7 +172,7 @@ void BinaryFormTest::refusesFaultyTrailers()
                                         {1, '\x7F'},
                                         {8, '\x7F'},
                                         {33, '\x7F'}}) // an offset
-        QVERIFY2(!read(damaged(fromEnd, byte)), qPrintable(u"%1 from the end"_s.arg(fromEnd)));
+        QVERIFY2(!judged(damaged(fromEnd, byte)), qPrintable(u"%1 from the end"_s.arg(fromEnd)));
 }
 
 void BinaryFormTest::writesTheSmallestList()
@@ -182,7 +191,7 @@ void BinaryFormTest::widensReferencesAndOffsetsWithTheList()
             numbers.append(i * 3);
         // Equal scalars are one object.
         const QByteArray bytes = toBinary(Array{numbers, numbers});
-        const auto list = read(bytes);
+        const auto list = judged(bytes);
         QVERIFY(list);
         QVERIFY(list->root == Value(Array{numbers, numbers}));
         const quint64 objects = qFromBigEndian<quint64>(bytes.last(24).constData());
@@ -200,8 +209,8 @@ void BinaryFormTest::sharedContainersAreBuiltOnce()
             objects.append(QByteArray("\xA2").append(2, static_cast<char>(i)));
         return listOf(objects << hex("09"));
     };
-    QVERIFY(read(doubling(10)));
-    QVERIFY(!read(doubling(100)));
+    QVERIFY(judged(doubling(10)));
+    QVERIFY(!judged(doubling(100)));
 
     // Many arrays in the same bytes: each would take memory of its own.
     QByteArray root = hex("af10c8");
@@ -210,8 +219,49 @@ void BinaryFormTest::sharedContainersAreBuiltOnce()
     QList<int> table(202, 1);
     table.first() = 0;
     table.last() = 2;
-    QVERIFY(!read(listOf({root, hex("af10c8") + QByteArray(200, '\xC9'), hex("09")}, table)));
-    QVERIFY(read(listOf({root, hex("a0"), hex("09")}, QList<int>(1, 0) + QList<int>(201, 2))));
+    QVERIFY(!judged(listOf({root, hex("af10c8") + QByteArray(200, '\xC9'), hex("09")}, table)));
+    QVERIFY(judged(listOf({root, hex("a0"), hex("09")}, QList<int>(1, 0) + QList<int>(201, 2))));
+}
+
+void BinaryFormTest::depthIsBoundedHoweverItIsReached()
+{
+    const auto chain = [](int levels, Value value) {
+        for (; levels > 0; --levels)
+            value = Array{value};
+        return value;
+    };
+    const auto with = [](const Value &root, const QByteArray &object, const QByteArray &other) {
+        QByteArray bytes = toBinary(root);
+        return bytes.replace(bytes.indexOf(object), object.size(), other);
+    };
+    const Value deepest = chain(maximumDepth, 5);
+    QVERIFY(judged(toBinary(deepest)));
+    QVERIFY(!judged(with(deepest, hex("1005"), hex("a005"))));
+    QVERIFY(!judged(with(deepest, hex("1005"), hex("8005")))); // a reference has a level of its own
+    // The second chain, objects 302 and on, leads into the first one: 300 levels, met before.
+    QVERIFY(judged(with(Array{chain(300, 5), chain(200, 6)}, hex("a101f6"), hex("a10001"))));
+    QVERIFY(!judged(with(Array{chain(300, 5), chain(300, 6)}, hex("a1025a"), hex("a10001"))));
+}
+
+void BinaryFormTest::damageIsJudgedAlike()
+{
+    QRandomGenerator random(20261121);
+    int accepted = 0;
+    for (quint32 seed = 0; seed < 12; ++seed) {
+        const QByteArray whole = toBinary(RandomTree(seed, {}).dictionary());
+        for (int i = 0; i < 100; ++i) {
+            QByteArray damaged = whole;
+            for (int left = random.bounded(3); left >= 0; --left) {
+                // Often a marker, or a reference or offset that is sound elsewhere.
+                const int at = random.bounded(static_cast<int>(damaged.size()));
+                damaged[at] = random.bounded(2) == 0
+                                  ? static_cast<char>(random.bounded(256))
+                                  : damaged[random.bounded(static_cast<int>(damaged.size()))];
+            }
+            accepted += judged(damaged) ? 1 : 0;
+        }
+    }
+    QVERIFY(accepted > 30);
 }
 
 QTEST_GUILESS_MAIN(BinaryFormTest)
