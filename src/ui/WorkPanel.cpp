@@ -40,7 +40,8 @@ void WorkPanel::setFraction(double fraction)
 {
     constexpr int steps = 1000;
     // A bar without a range moves to and fro.
-    g_bar->setRange(0, fraction < 0 ? 0 : steps);
+    const bool isKnown = fraction > 0 && fraction < 1;
+    g_bar->setRange(0, isKnown ? steps : 0);
     g_bar->setValue(qRound(fraction * steps));
 }
 

@@ -18,7 +18,7 @@ public:
     /// With a `window` it is modal to it, without one it stands alone and leaves the other windows free.
     WorkPanel(const QString &title, QWidget *window);
 
-    /// Between 0 and 1; negative: not known.
+    /// How much is done, where that is known: above 0 and below 1. What is done and still goes on is unknown.
     void setFraction(double fraction);
 
 private:
