@@ -6,7 +6,6 @@
 // 100,000 and 1,000,000.
 
 #include "MadeTable.h"
-#include "MappedFile.h"
 #include "sorting/RecordMatcher.h"
 #include "sorting/RecordSort.h"
 #include "text/Comparison.h"
@@ -17,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <map>
 
 namespace {
@@ -124,10 +124,22 @@ void selectContaining(State &state, const MadeTable &table, const char *needle)
     }
 }
 
+/// Touches every byte, as little as one can.
+quint64 sumOfWords(QByteArrayView bytes)
+{
+    quint64 sum = 0;
+    for (qsizetype at = 0; at + 8 <= bytes.size(); at += 8) {
+        quint64 word = 0;
+        std::memcpy(&word, bytes.data() + at, sizeof(word));
+        sum += word;
+    }
+    return sum;
+}
+
 void lookAtTexts(State &state, const MadeTable &table)
 {
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(bench::sumOfWords(table.bytesOfTexts()));
+        benchmark::DoNotOptimize(sumOfWords(table.bytesOfTexts()));
 }
 
 struct SortJob
