@@ -3,6 +3,7 @@
 
 #include "base/DurableFile.h"
 
+#include "base/Parallel.h"
 #include "base/SharedBytes.h"
 #include "base/SystemFile.h"
 
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,8 +18,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <mutex>
-#include <thread>
 
 namespace tavrin {
 
@@ -40,16 +38,13 @@ QByteArray temporaryPattern(const QByteArray &target)
     return target.first(size) + ending;
 }
 
-/// The process's mask for new files. It can be read only by setting it, which several threads must not do at
-/// once: one of them would put back what the other had set.
-mode_t creationMask()
-{
-    static std::mutex reading;
-    const std::lock_guard<std::mutex> alone(reading);
+/// The process's mask for new files. It can be read only by setting it, which must not happen while another
+/// thread makes a file: so it is read once, before there are any.
+const mode_t creationMask = [] {
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return mask;
-}
+}();
 
 /// The temporary file beside a file that is being replaced; removed unless it took its place.
 class TemporaryFile
@@ -99,10 +94,10 @@ public:
             ::fchmod(g_descriptor.value(), old.st_mode & 07777);
             return;
         }
-        ::fchmod(g_descriptor.value(), 0666 & ~creationMask());
+        ::fchmod(g_descriptor.value(), 0666 & ~creationMask);
     }
 
-    int descriptor() const { return g_descriptor.value(); }
+    const Descriptor &descriptor() const { return g_descriptor; }
     bool flushToDisk() { return ::fsync(g_descriptor.value()) == 0; }
 
     bool takePlaceOf(const QByteArray &target)
@@ -194,56 +189,23 @@ private:
     int g_failure = 0;
 };
 
-/// What was written, read from the system's own memory of the file. Nobody else knows the file's name, so
-/// nobody cuts it short. Behind it stand zero bytes, as SharedBytes has them.
-class WrittenBytes
-{
-public:
-    explicit WrittenBytes(int descriptor)
-    {
-        struct stat status = {};
-        if (::fstat(descriptor, &status) != 0)
-            return;
-        const auto size = static_cast<size_t>(status.st_size);
-        const auto room = size + SharedBytes::padding;
-        void *memory = ::mmap(nullptr, room, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (memory == MAP_FAILED)
-            return;
-        g_memory = memory;
-        g_room = room;
-        const int flags = MAP_PRIVATE | MAP_FIXED;
-        if (size == 0 || ::mmap(memory, size, PROT_READ, flags, descriptor, 0) != MAP_FAILED)
-            g_bytes = {static_cast<const char *>(memory), static_cast<qsizetype>(size)};
-    }
-    WrittenBytes(const WrittenBytes &) = delete;
-    WrittenBytes &operator=(const WrittenBytes &) = delete;
-    ~WrittenBytes()
-    {
-        if (g_memory)
-            ::munmap(g_memory, g_room);
-    }
-
-    /// Null, with errno, when the system refused.
-    QByteArrayView view() const { return g_bytes; }
-
-private:
-    void *g_memory = nullptr;
-    size_t g_room = 0;
-    QByteArrayView g_bytes;
-};
-
-/// The file is checked while the disk takes it.
+/// The file is checked while the disk takes it. It is read into memory of our own: a mapped file whose last
+/// bytes a full or lost share throws away would end the program.
 Result<> flushAndCheck(TemporaryFile &file, const QString &path, const FileCheck &check)
 {
     if (!check)
         return file.flushToDisk() ? Result<>() : systemError(path);
-    const WrittenBytes written(file.descriptor());
-    if (written.view().isNull())
-        return systemError(path);
     int failure = 0;
-    std::thread flushing([&] { failure = file.flushToDisk() ? 0 : errno; });
-    Result<> checked = check(written.view());
-    flushing.join();
+    Result<> checked;
+    inParallel(2, [&](int part) {
+        if (part == 1) {
+            failure = file.flushToDisk() ? 0 : errno;
+            return;
+        }
+        Progress unwatched;
+        const Result<SharedBytes> written = SharedBytes::readOpened(file.descriptor(), path, unwatched);
+        checked = written ? check(written->view()) : Result<>(written.error());
+    });
     errno = failure;
     return failure == 0 ? checked : systemError(path);
 }

@@ -4,6 +4,7 @@
 #include "base/Parallel.h"
 
 #include <algorithm>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -18,9 +19,16 @@ int parallelParts()
 void inParallel(int parts, const std::function<void(int)> &work)
 {
     std::vector<std::thread> threads;
-    for (int part = 1; part < parts; ++part)
-        threads.emplace_back([&work, part] { work(part); });
+    int begun = 1;
+    try {
+        for (; begun < parts; ++begun)
+            threads.emplace_back([&work, part = begun] { work(part); });
+    } catch (const std::system_error &) {
+        // The system has no more threads to give: the rest is done here.
+    }
     work(0);
+    for (int part = begun; part < parts; ++part)
+        work(part);
     for (std::thread &thread : threads)
         thread.join();
 }

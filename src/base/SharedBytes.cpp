@@ -14,7 +14,6 @@
 #include <atomic>
 #include <cerrno>
 #include <memory>
-#include <new>
 
 namespace tavrin {
 
@@ -66,6 +65,12 @@ private:
     std::atomic<int> g_failure = 0;
 };
 
+Error tooLittleMemory(const QString &path)
+{
+    errno = ENOMEM;
+    return systemError(path);
+}
+
 } // namespace
 
 // In huge pages, because touching memory for the first time costs more than reading the file into it.
@@ -74,7 +79,7 @@ std::shared_ptr<char> SharedBytes::allocated(qsizetype size)
     const auto wanted = static_cast<size_t>(size + padding + hugePage);
     void *memory = ::mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED)
-        throw std::bad_alloc();
+        return nullptr;
     void *aligned = memory;
     size_t room = wanted;
     std::align(static_cast<size_t>(hugePage), static_cast<size_t>(size + padding), aligned, room);
@@ -84,11 +89,13 @@ std::shared_ptr<char> SharedBytes::allocated(qsizetype size)
     return {static_cast<char *>(aligned), [memory, wanted](char *) { ::munmap(memory, wanted); }};
 }
 
-SharedBytes SharedBytes::copyOf(QByteArrayView bytes)
+Result<SharedBytes> SharedBytes::copyOf(QByteArrayView bytes)
 {
     const std::shared_ptr<char> copy = allocated(bytes.size());
+    if (!copy)
+        return tooLittleMemory({});
     std::copy(bytes.begin(), bytes.end(), copy.get());
-    return {copy, bytes.size()};
+    return SharedBytes(copy, bytes.size());
 }
 
 SharedBytes SharedBytes::unowned(QByteArrayView bytes)
@@ -98,9 +105,16 @@ SharedBytes SharedBytes::unowned(QByteArrayView bytes)
 
 Result<SharedBytes> SharedBytes::readFile(const QString &path, Progress &progress)
 {
-    const Descriptor descriptor = openToRead(path);
+    const Descriptor file = openToRead(path);
+    if (!file.isOpen())
+        return systemError(path);
+    return readOpened(file, path, progress);
+}
+
+Result<SharedBytes> SharedBytes::readOpened(const Descriptor &file, const QString &path, Progress &progress)
+{
     struct stat status = {};
-    if (!descriptor.isOpen() || ::fstat(descriptor.value(), &status) != 0)
+    if (::fstat(file.value(), &status) != 0)
         return systemError(path);
     if (!S_ISREG(status.st_mode)) {
         // A pipe does not say how much it holds.
@@ -111,8 +125,10 @@ Result<SharedBytes> SharedBytes::readFile(const QString &path, Progress &progres
     }
     const auto size = static_cast<qsizetype>(status.st_size);
     const std::shared_ptr<char> start = allocated(size);
+    if (!start)
+        return tooLittleMemory(path);
     const int parts = size < parallelFrom ? 1 : parallelParts();
-    PartReader reader(descriptor, start.get(), size, parts);
+    PartReader reader(file, start.get(), size, parts);
     inParallel(parts, [&](int part) { reader.read(part, progress); });
     if (progress.isCancelled())
         return Error{Error::Kind::Cancelled, {}, path};

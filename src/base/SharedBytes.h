@@ -12,6 +12,8 @@
 
 namespace tavrin {
 
+class Descriptor;
+
 /// Bytes that never change. Copies share them; they go with the last copy.
 ///
 /// They are in memory of our own, not mapped from a file: another program that cuts a mapped file short
@@ -23,18 +25,22 @@ public:
     static constexpr qsizetype padding = 64;
 
     SharedBytes() = default;
-    static SharedBytes copyOf(QByteArrayView bytes);
+    /// Io when there is not so much memory.
+    static Result<SharedBytes> copyOf(QByteArrayView bytes);
     /// Bytes that somebody else keeps for as long as they are used; they have the padding.
     static SharedBytes unowned(QByteArrayView bytes);
 
-    /// Reads a whole file. NotFound, Io, or Cancelled.
+    /// Reads a whole file. NotFound, Io (too little memory, too), or Cancelled.
     static Result<SharedBytes> readFile(const QString &path, Progress &progress);
+
+    /// The same of a file that is open already; the path is for the error.
+    static Result<SharedBytes> readOpened(const Descriptor &file, const QString &path, Progress &progress);
 
     QByteArrayView view() const { return {g_start.get(), g_size}; }
     qsizetype size() const { return g_size; }
 
 private:
-    static std::shared_ptr<char> allocated(qsizetype size);
+    static std::shared_ptr<char> allocated(qsizetype size); ///< Null when there is not so much memory.
     SharedBytes(std::shared_ptr<const char> start, qsizetype size) : g_start(std::move(start)), g_size(size)
     {}
 

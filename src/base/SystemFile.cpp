@@ -40,6 +40,9 @@ Error systemError(const QString &path)
     case EPERM:
         error.message = translated("You do not have the permission to do this.");
         break;
+    case ENOMEM:
+        error.message = translated("There is not enough memory for a file of this size.");
+        break;
     case EROFS:
         error.message = translated("The disk is read-only.");
         break;

@@ -3,6 +3,7 @@
 
 #include "document/BinaryDatafile.h"
 
+#include "document/DatafileSnapshot.h"
 #include "model/BinaryRecords.h"
 #include "plist/BinaryCheck.h"
 #include "plist/BinaryReader.h"
@@ -118,6 +119,18 @@ std::optional<Result<DatafileContents>> readBinaryDatafile(const SharedBytes &by
     if (const Result<> known = checkFormat(reader.contents().settings, fileName); !known)
         return known.error();
     return std::move(reader.contents());
+}
+
+Result<> checkBinaryDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot)
+{
+    const auto contents = readBinaryDatafile(SharedBytes::unowned(bytes), QString());
+    if (!contents) // An unusual datafile, all of whose objects are sound.
+        return {};
+    if (!*contents)
+        return notAsWritten((*contents).error().detail);
+    if ((*contents)->records->count() != snapshot.records.entries.size())
+        return notAsWritten(QStringLiteral("other records"));
+    return {};
 }
 
 } // namespace tavrin

@@ -31,12 +31,18 @@ Result<FileStamp> stampedAs(const Result<> &written, const QString &path)
 }
 
 /// Writes the file anew with other settings, and everything else as it is there.
-Result<> writeSettingsInto(const QString &path, const plist::Dictionary &settings, plist::Format format)
+Result<> writeSettingsInto(const QString &path,
+                           const plist::Dictionary &settings,
+                           plist::Format format,
+                           const FileStamp &known,
+                           bool &isSomebodyElses)
 {
     Progress unwatched;
     const Result<DatafileContents> onDisk = readDatafile(path, unwatched);
     if (!onDisk)
         return onDisk.error();
+    // Somebody may have written it since the work was begun.
+    isSomebodyElses = onDisk->stamp != known;
     DatafileSnapshot snapshot{onDisk->rootEntries,
                               settings,
                               RecordsSnapshot::ofSource(onDisk->records, onDisk->identifiers),
@@ -300,11 +306,12 @@ BackgroundSave::Write DatafileDocument::settingsWrite(plist::Format format)
             return stampedAs(writeDatafile(saved, path, format), path);
         };
     }
-    // The next save has to know, still, that the file holds what we never read.
-    const std::optional<FileStamp> known = isSomebodyElses ? std::optional(g_stamp) : std::nullopt;
-    return [settings = g_settings->dictionary(), path, format, known] {
-        const Result<FileStamp> written = stampedAs(writeSettingsInto(path, settings, format), path);
-        return written && known ? Result<FileStamp>(*known) : written;
+    return [settings = g_settings->dictionary(), path, format, known = g_stamp] {
+        bool holdsOthers = false;
+        const Result<> done = writeSettingsInto(path, settings, format, known, holdsOthers);
+        const Result<FileStamp> written = stampedAs(done, path);
+        // The next save has to know, still, that the file holds what we never read.
+        return written && holdsOthers ? Result<FileStamp>(known) : written;
     };
 }
 

@@ -4,6 +4,7 @@
 #include "document/DatafileSnapshot.h"
 
 #include "base/DurableFile.h"
+#include "document/BinaryDatafile.h"
 #include "document/DatafileContents.h"
 #include "document/XmlDatafile.h"
 #include "plist/XmlWriter.h"
@@ -82,13 +83,24 @@ plist::Dictionary wholeOf(const DatafileSnapshot &snapshot)
 
 Result<> writeBinary(const DatafileSnapshot &snapshot, const QString &path)
 {
-    return writeDurably(path, [&](const ByteSink &sink) -> Result<> {
-        sink(plist::toBinary(wholeOf(snapshot)));
+    const plist::Value whole = wholeOf(snapshot);
+    const auto produce = [&whole](const ByteSink &sink) -> Result<> {
+        sink(plist::toBinary(whole));
         return {};
-    });
+    };
+    const auto check = [&snapshot](QByteArrayView written) { return checkBinaryDatafile(written, snapshot); };
+    return writeDurably(path, produce, check);
 }
 
 } // namespace
+
+Error notAsWritten(const QString &detail)
+{
+    return {Error::Kind::Corrupt,
+            QCoreApplication::translate("DatafileDocument",
+                                        "The file could not be written correctly. The old one was kept."),
+            detail};
+}
 
 Result<> writeDatafile(const DatafileSnapshot &snapshot, const QString &path, plist::Format format)
 {

@@ -25,4 +25,7 @@ struct DatafileSnapshot
 /// ASCII form; Corrupt when the new file is not what it should be; else as writeDurably().
 Result<> writeDatafile(const DatafileSnapshot &snapshot, const QString &path, plist::Format format);
 
+/// The refusal of a file that is not what was to be written.
+Error notAsWritten(const QString &detail);
+
 } // namespace tavrin

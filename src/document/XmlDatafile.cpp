@@ -8,6 +8,8 @@
 #include "plist/AsciiReader.h"
 #include "plist/ReadError.h"
 #include "plist/TextEncoding.h"
+#include "plist/Utf8.h"
+#include "plist/Writer.h"
 #include "plist/XmlCursor.h"
 #include "plist/XmlReader.h"
 
@@ -58,7 +60,7 @@ bool XmlDatafileReader::read()
     if (!g_cursor.enterRoot() || g_cursor.tag().element != plist::Element::Dict || !g_cursor.enter())
         return false;
     while (g_cursor.nextKey()) {
-        const QString key = QString::fromUtf8(g_cursor.key());
+        const QString key = plist::fromUtf8(g_cursor.key());
         const bool isRepeated = g_contents.rootEntries.contains(key);
         if (isRepeated || !g_cursor.nextValue() || !readEntry(key))
             return false;
@@ -119,12 +121,32 @@ bool XmlDatafileReader::readCatalog()
     return g_cursor.skipValue();
 }
 
-Error notAsWritten(const QString &detail)
+/// The entries that stand in the file: a null one leaves nothing there.
+size_t countOfWritten(const CatalogSnapshot &catalog)
 {
-    return {Error::Kind::Corrupt,
-            QCoreApplication::translate("DatafileDocument",
-                                        "The file could not be written correctly. The old one was kept."),
-            detail};
+    size_t count = 0;
+    catalog.order.forEach([&](const CatalogEntry &entry) {
+        if (!entry.isInert() || !catalog.forms.valueOf(entry).isNull())
+            ++count;
+    });
+    return count;
+}
+
+/// In XML a lone surrogate becomes a replacement character.
+QByteArray asWritten(const QString &text)
+{
+    if (text.isValidUtf16())
+        return text.toUtf8();
+    QString valid = text;
+    for (qsizetype at = 0; at < valid.size(); ++at) {
+        const bool isPair =
+            valid[at].isHighSurrogate() && at + 1 < valid.size() && valid[at + 1].isLowSurrogate();
+        if (isPair)
+            ++at;
+        else if (valid[at].isSurrogate())
+            valid[at] = QChar(QChar::ReplacementCharacter);
+    }
+    return valid.toUtf8();
 }
 
 bool hasSameRecords(const XmlRecords &written,
@@ -136,7 +158,7 @@ bool hasSameRecords(const XmlRecords &written,
     for (quint32 place = 0; place < written.count(); ++place) {
         const RecordsSnapshot::Entry &entry = snapshot.entries[place];
         const QByteArrayView copied = snapshot.xml(entry);
-        if (identifiers.bytes(place) != snapshot.identifiers->bytes(entry.identifier)
+        if (identifiers.bytes(place) != asWritten(snapshot.identifiers->text(entry.identifier))
             || (!copied.isEmpty() && written.xml(place) != copied))
             return false;
     }
@@ -152,10 +174,12 @@ std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes
         return {};
     const QByteArrayView view = bytes.view();
     const bool isInPlace = text->constData() >= view.begin() && text->constData() <= view.end();
-    const SharedBytes kept = isInPlace ? bytes : SharedBytes::copyOf(*text);
-    const QByteArrayView utf8 = isInPlace ? QByteArrayView(*text) : kept.view();
+    const Result<SharedBytes> kept = isInPlace ? bytes : SharedBytes::copyOf(*text);
+    if (!kept)
+        return kept.error();
+    const QByteArrayView utf8 = isInPlace ? QByteArrayView(*text) : kept->view();
     text = QByteArray();
-    XmlDatafileReader reader(kept, utf8);
+    XmlDatafileReader reader(*kept, utf8);
     if (!reader.read()) {
         // What begins like XML may still be the old text form, with data between angle brackets.
         if (reader.isRefused() && !plist::readAscii(utf8))
@@ -177,9 +201,11 @@ Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot
     const DatafileContents &contents = reader.contents();
     if (!hasSameRecords(reader.records(), *contents.identifiers, snapshot.records))
         return notAsWritten(u"other records"_s);
-    if (static_cast<qint64>(contents.catalog.size()) != snapshot.catalog.order.count())
+    if (contents.catalog.size() != countOfWritten(snapshot.catalog))
         return notAsWritten(u"another catalog"_s);
-    if (!(contents.settings == snapshot.settings))
+    // XML keeps less of some values than the binary form: dates in whole seconds, say.
+    const Result<plist::Value> settings = plist::readXml(plist::toXml(snapshot.settings));
+    if (!settings || !(contents.settings == *settings))
         return notAsWritten(u"other settings"_s);
     return {};
 }

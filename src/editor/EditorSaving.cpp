@@ -111,6 +111,8 @@ void EditorSaving::autoSave()
 /// person has just been told.
 void EditorSaving::saveQuietly()
 {
+    if (g_isClosing)
+        return;
     if (!isBusy()) {
         save([](bool) {});
         return;
@@ -350,6 +352,8 @@ void EditorSaving::answerClose(bool allowed)
         Q_EMIT g_window.closeRefused();
         return;
     }
+    // From now on nothing that was not to be saved is saved any more.
+    g_isClosing = true;
     // What closing writes is written while the window still stands, so that the others need not wait for it.
     g_askingAboutClosing = true;
     const bool wasModified = g_document.isModified();
@@ -359,9 +363,10 @@ void EditorSaving::answerClose(bool allowed)
     }
     g_longSave.start();
     g_waiting.emplace_back([this, wasModified](const Result<> &) {
-        if (g_document.isModified() && !wasModified)
+        if (g_document.isModified() && !wasModified) {
+            g_isClosing = false;
             closeAfter(true);
-        else
+        } else
             allowClose();
     });
 }

@@ -86,6 +86,7 @@ private:
     bool g_reverting = false;
     bool g_saveAgain = false; ///< A save that nobody waits for is among those that have to wait.
     bool g_askingAboutClosing = false;
+    bool g_isClosing = false; ///< It was decided that the window closes, and what becomes of the changes.
 };
 
 } // namespace tavrin

@@ -3,6 +3,8 @@
 
 #include "model/IdentifierTable.h"
 
+#include "plist/Utf8.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -57,7 +59,7 @@ QString IdentifierTable::text(quint32 number) const
 {
     const QByteArrayView key = bytes(number);
     if (!key.startsWith(codeUnitsMark))
-        return key.isEmpty() ? QStringLiteral("") : QString::fromUtf8(key);
+        return key.isEmpty() ? QStringLiteral("") : plist::fromUtf8(key);
     QString text((key.size() - 1) / qsizetype(sizeof(char16_t)), Qt::Uninitialized);
     std::copy(key.begin() + 1, key.end(), reinterpret_cast<char *>(text.data()));
     return text;

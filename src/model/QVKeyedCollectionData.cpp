@@ -196,7 +196,7 @@ RecordsSnapshot QVKeyedCollectionData::snapshot() const
     for (const Slot &slot : g_slots) {
         if (slot.identifier == IdentifierTable::none)
             continue;
-        if (slot.record && slot.record->isChanged()) {
+        if (slot.record && (slot.place == noPlace || slot.record->isChanged())) {
             const auto place = snapshot.sourceCount + static_cast<quint32>(snapshot.changed.size());
             snapshot.entries.push_back({slot.identifier, place});
             snapshot.changed.push_back(slot.record->dictionary());

@@ -25,6 +25,16 @@ public:
     /// A stored record; a key that it lacks takes the value of a new record.
     QVKeyedRecordData(const plist::Dictionary &dictionary, const Environment &environment);
 
+    QVKeyedRecordData(const QVKeyedRecordData &) = default;
+    /// Another content is a change.
+    QVKeyedRecordData &operator=(const QVKeyedRecordData &other)
+    {
+        g_dictionary = other.g_dictionary;
+        g_savedData = other.g_savedData;
+        g_isChanged = true;
+        return *this;
+    }
+
     QString identifier() const;
     QString name() const;
     bool needsSync() const;

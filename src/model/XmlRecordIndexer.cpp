@@ -3,6 +3,8 @@
 
 #include "model/XmlRecordIndexer.h"
 
+#include "plist/Utf8.h"
+
 #include <limits>
 
 namespace tavrin {
@@ -70,13 +72,12 @@ bool XmlRecordIndexer::indexRecord()
     quint32 met = 0;
     bool isReference = false;
     if (g_cursor.enter()) {
-        isReference = true;
         while (g_cursor.nextKey()) {
+            isReference = (met == 0 || isReference) && g_cursor.key() == referenceKey;
             const size_t number = g_recordKeys.number(g_cursor.key());
             if (number == g_knownKeys.size())
-                g_knownKeys.push_back(RecordKey::indexOf(QString::fromUtf8(g_cursor.key())));
+                g_knownKeys.push_back(RecordKey::indexOf(plist::fromUtf8(g_cursor.key())));
             const size_t known = g_knownKeys[number];
-            isReference = isReference && g_cursor.key() == referenceKey;
             if (!g_cursor.nextValue())
                 return false;
             const auto distance = static_cast<quint32>(g_cursor.valueStart() - start);
@@ -109,10 +110,10 @@ bool XmlRecordIndexer::indexFields()
     if (!g_cursor.enter())
         return !g_cursor.hasFailed();
     g_fieldKeys.begin();
-    bool isReference = true;
-    while (g_cursor.nextKey()) {
+    bool isReference = false;
+    for (bool isFirst = true; g_cursor.nextKey(); isFirst = false) {
         g_fieldKeys.number(g_cursor.key());
-        isReference = isReference && g_cursor.key() == referenceKey;
+        isReference = (isFirst || isReference) && g_cursor.key() == referenceKey;
         if (!g_cursor.nextValue() || !g_cursor.skipValue())
             return false;
     }

@@ -93,7 +93,7 @@ void compareRecord(const RecordSource &source,
 int openedAlike(const QByteArray &bytes)
 {
     const Result<plist::PropertyList> list = plist::read(bytes);
-    const auto contents = readBinaryDatafile(SharedBytes::copyOf(bytes), u"x"_s);
+    const auto contents = readBinaryDatafile(*SharedBytes::copyOf(bytes), u"x"_s);
     if (!contents)
         return 0;
     if (!*contents) {
@@ -173,7 +173,7 @@ void BinaryDatafileTest::whatIsUnusualIsLeftToTheReader_data()
 void BinaryDatafileTest::whatIsUnusualIsLeftToTheReader()
 {
     QFETCH(const Value, root);
-    QVERIFY(!readBinaryDatafile(SharedBytes::copyOf(plist::toBinary(root)), u"x"_s));
+    QVERIFY(!readBinaryDatafile(*SharedBytes::copyOf(plist::toBinary(root)), u"x"_s));
 }
 
 void BinaryDatafileTest::theFormIsKnownAndCanBeWritten()

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void agreesWithPlainValuesUnderRandomEdits();
     void untouchedBytesAreCopied();
     void aWrongCopyIsNoticed();
+    void whatXmlCannotHoldIsSavedAsItCan();
+    void anAssignedRecordIsWritten();
     void largeDatafilesAreReadInParts();
 
 private:
@@ -168,7 +170,7 @@ void DatafileStoreTest::whatIsNotADatafileIsJudgedByTheReader()
         else
             damaged.insert(at, whole.mid(random.bounded(static_cast<int>(whole.size())), 30));
         const Result<plist::PropertyList> plain = plist::read(damaged);
-        const auto contents = readXmlDatafile(SharedBytes::copyOf(damaged), u"x"_s);
+        const auto contents = readXmlDatafile(*SharedBytes::copyOf(damaged), u"x"_s);
         if (!contents)
             continue; // left to the reader
         if (!*contents) {
@@ -280,7 +282,7 @@ void DatafileStoreTest::aWrongCopyIsNoticed()
                               {contents->catalogForms, {}}};
     snapshot.catalog.order.assign(contents->catalog);
     const auto isGood = [&snapshot](const QByteArray &written) {
-        return checkXmlDatafile(SharedBytes::copyOf(written).view(), snapshot).has_value();
+        return checkXmlDatafile(SharedBytes::copyOf(written)->view(), snapshot).has_value();
     };
     QVERIFY(isGood(own));
     for (const auto &[what, other] : std::initializer_list<std::pair<const char *, const char *>>{
@@ -289,6 +291,41 @@ void DatafileStoreTest::aWrongCopyIsNoticed()
         QVERIFY(!isGood(wrong.replace(what, other)));
     }
     QVERIFY(!isGood(own.chopped(200)));
+}
+
+void DatafileStoreTest::whatXmlCannotHoldIsSavedAsItCan()
+{
+    Dictionary root = datafile(someRecords(3));
+    Dictionary settings = *root.value(u"Settings"_s).dictionary();
+    settings.insert(u"Odd"_s, plist::Array{Date{0.5}, QString(QChar(0xD800)), Dictionary{{u"CF$UID"_s, 5}}});
+    root.insert(u"Settings"_s, settings);
+    Dictionary records = *root.value(u"Records"_s).dictionary();
+    for (const QString &identifier : {QString(u"\uFEFFmarked"_s), QString(u"lone"_s + QChar(0xDC00))})
+        records.insert(identifier, record(identifier, {}, u"text"_s));
+    root.insert(u"Records"_s, records);
+    const QString path = g_files.make(u"store.tv3"_s, plist::toBinary(root));
+    const Result<> written = opened(path)->writeToURL(path, typeNameOf(DatafileKind::Pro));
+    QVERIFY2(written, written ? "" : qPrintable(written.error().detail));
+    const auto again = opened(path);
+    QVERIFY(again && again->datafileRecords().recordForIdentifier(u"\uFEFFmarked"_s));
+    QVERIFY(again->writeToURL(path, typeNameOf(DatafileKind::Pro)));
+
+    // A key that only looks like a known one is another key.
+    QByteArray xml = plist::toXml(datafile(someRecords(1)));
+    xml.replace("<key>TextRTFD<", "<key>\xEF\xBB\xBFTextString</key><string>wrong</string><key>TextRTFD<");
+    const auto marked = opened(fileOf({}, xml));
+    QVERIFY(marked);
+    QVERIFY(marked->datafileRecords().view(u"R-0"_s)->textString().toString() != u"wrong");
+}
+
+void DatafileStoreTest::anAssignedRecordIsWritten()
+{
+    const QString path = fileOf(datafile(someRecords(2)));
+    const auto document = opened(path);
+    const Dictionary other = record(u"R-1"_s, {{u"f1"_s, u"assigned"_s}}, u"assigned"_s);
+    *document->datafileRecords().recordForIdentifier(u"R-1"_s) = RecordData(other, g_environment);
+    QVERIFY(document->writeToURL(path, typeNameOf(DatafileKind::Pro)));
+    QCOMPARE(opened(path)->datafileRecords().view(u"R-1"_s)->textString().toString(), u"assigned"_s);
 }
 
 void DatafileStoreTest::largeDatafilesAreReadInParts()
