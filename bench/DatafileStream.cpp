@@ -77,28 +77,6 @@ void DatafileStream::record(quint64 number)
     open("dict");
     key("RecordIdentifier");
     string(identifier);
-    if (g_maker.size() != RecordSize::Small)
-        bookkeeping(made);
-    key("Fields");
-    open("dict");
-    for (std::size_t field = 0; field < fieldNames.size(); ++field) {
-        if (made.fields[field].isEmpty())
-            continue;
-        key(g_maker.fieldIdentifier(field));
-        string(made.fields[field]);
-    }
-    close("dict");
-    key("TextString");
-    string(made.text);
-    if (g_maker.size() != RecordSize::Small) {
-        key("TextRTFD");
-        data(made.textRTFD);
-    }
-    close("dict");
-}
-
-void DatafileStream::bookkeeping(const MadeRecord &made)
-{
     key("RecordName");
     string("");
     key("NeedsSync");
@@ -121,6 +99,20 @@ void DatafileStream::bookkeeping(const MadeRecord &made)
     string(made.modifiedBy);
     key("RecordViewedBy");
     string(made.modifiedBy);
+    key("Fields");
+    open("dict");
+    for (std::size_t field = 0; field < fieldNames.size(); ++field) {
+        if (made.fields[field].isEmpty())
+            continue;
+        key(g_maker.fieldIdentifier(field));
+        string(made.fields[field]);
+    }
+    close("dict");
+    key("TextString");
+    string(made.text);
+    key("TextRTFD");
+    data(made.textRTFD);
+    close("dict");
 }
 
 void DatafileStream::catalogEntry(quint64 number)

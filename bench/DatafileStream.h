@@ -36,7 +36,6 @@ private:
 
     void settings();
     void record(quint64 number);
-    void bookkeeping(const MadeRecord &made);
     void catalogEntry(quint64 number);
 
     QIODevice &g_device;

@@ -29,7 +29,7 @@ struct MadeRecord
 };
 
 enum class RecordSize {
-    Small, ///< An identifier, a name and a sentence, and no more.
+    Small, ///< A name and a sentence.
     Plain,
     Rich, ///< With rich text.
 };
