@@ -38,13 +38,24 @@ QByteArray temporaryPattern(const QByteArray &target)
     return target.first(size) + ending;
 }
 
-/// The process's mask for new files. It can be read only by setting it, which must not happen while another
-/// thread makes a file: so it is read once, before there are any.
-const mode_t creationMask = [] {
+/// The process's mask for new files. Asking by setting it, as there is no other way elsewhere, would let what
+/// another thread makes at that moment be open to everybody.
+mode_t creationMask()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (status.open(QIODevice::ReadOnly)) {
+        const QByteArray lines = status.readAll();
+        constexpr QByteArrayView name("\nUmask:");
+        const qsizetype found = lines.indexOf(name);
+        const qsizetype start = found + name.size();
+        if (found >= 0)
+            return static_cast<mode_t>(
+                lines.mid(start, lines.indexOf('\n', start) - start).trimmed().toUInt(nullptr, 8));
+    }
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return mask;
-}();
+}
 
 /// The temporary file beside a file that is being replaced; removed unless it took its place.
 class TemporaryFile
@@ -94,7 +105,7 @@ public:
             ::fchmod(g_descriptor.value(), old.st_mode & 07777);
             return;
         }
-        ::fchmod(g_descriptor.value(), 0666 & ~creationMask);
+        ::fchmod(g_descriptor.value(), 0666 & ~creationMask());
     }
 
     const Descriptor &descriptor() const { return g_descriptor; }
