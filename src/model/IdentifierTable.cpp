@@ -44,6 +44,8 @@ bool contains(QByteArrayView whole, QByteArrayView part)
 
 void IdentifierTable::reserve(quint32 count)
 {
+    // Some more, so that the first new identifier does not move them all.
+    count += count / 4;
     g_entries.reserve(count);
     while (g_places.size() * 2 < size_t(count) * 3)
         enlarge();

@@ -46,7 +46,9 @@ QVKeyedCollectionData::QVKeyedCollectionData(std::shared_ptr<const RecordSource>
 void QVKeyedCollectionData::takeSource()
 {
     const quint32 count = g_source->count();
-    g_slots.reserve(count);
+    // Some more, so that the first new record does not move them all.
+    g_slots.reserve(count + count / 4);
+    g_slotOfIdentifier.reserve(count + count / 4);
     g_slotOfIdentifier.resize(count);
     for (quint32 place = 0; place < count; ++place) {
         g_slots.push_back({place, place, nullptr});
