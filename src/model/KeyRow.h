@@ -38,7 +38,6 @@ public:
 
     /// Whether a key of this dictionary came twice.
     bool hasRepeated() const { return g_hasRepeated; }
-    const QByteArray &key(size_t number) const { return g_keys[number].text; }
 
 private:
     struct Key
