@@ -31,8 +31,9 @@ interrupted=0
 for ((round = 1; round <= kills; ++round)); do
     "$saving_loop" "$datafile" >"$folder/begun" &
     saver=$!
-    read -r _ <"$folder/begun" # opening takes its time; the moments are to fall into the saving
-    milliseconds=$((5 + RANDOM % 56))
+    # The moments are to fall into the saving, on a slow machine too, and opening takes its time.
+    read -r two_saves <"$folder/begun"
+    milliseconds=$((RANDOM % (two_saves + 1)))
     sleep "$(printf '0.%03d' "$milliseconds")"
     if ! kill -KILL "$saver"; then
         echo "round $round: the saving ended by itself" >&2
