@@ -6,6 +6,7 @@
 #include "plist/AsciiReader.h"
 #include "plist/BinaryCheck.h"
 #include "plist/BinaryReader.h"
+#include "plist/KeyRow.h"
 #include "plist/Reader.h"
 #include "plist/TextEncoding.h"
 #include "plist/Writer.h"
@@ -88,6 +89,22 @@ inline void checkText(QByteArrayView bytes, Result<Value> (*readText)(QByteArray
         checkWriting(*root, isExactInXml);
 }
 
+/// Over the value, with one row for the keys of all its dictionaries, in whatever way they are nested.
+inline bool skipInRow(XmlCursor &cursor, KeyRow &row)
+{
+    const Element element = cursor.tag().element;
+    if (element != Element::Dict && element != Element::List)
+        return cursor.skipValue();
+    if (!cursor.enter())
+        return !cursor.hasFailed();
+    row.begin();
+    while (element == Element::Dict ? row.next(cursor) : cursor.nextElement()) {
+        if (!skipInRow(cursor, row))
+            return false;
+    }
+    return !cursor.hasFailed();
+}
+
 /// The cursor accepts and refuses what the reader does, for the same reason at the same line.
 inline void checkCursor(QByteArrayView bytes)
 {
@@ -96,11 +113,15 @@ inline void checkCursor(QByteArrayView bytes)
         return;
     const QByteArray padded = *text + QByteArray(MarkupScanner::blockSize, '\0');
     const Result<Value> expected = readXml(*text);
-    XmlCursor cursor(QByteArrayView(padded).first(text->size()));
-    const bool isAccepted = cursor.enterRoot() && cursor.skipValue() && cursor.leaveRoot();
-    require(isAccepted == expected.has_value(), "the cursor accepts what the reader does");
-    if (!isAccepted)
-        require(cursor.error() == expected.error(), "the cursor gives the reader's reason");
+    for (const bool isInRow : {false, true}) {
+        XmlCursor cursor(QByteArrayView(padded).first(text->size()));
+        KeyRow row;
+        const bool isAccepted = cursor.enterRoot() && (isInRow ? skipInRow(cursor, row) : cursor.skipValue())
+                                && cursor.leaveRoot();
+        require(isAccepted == expected.has_value(), "the cursor accepts what the reader does");
+        if (!isAccepted)
+            require(cursor.error() == expected.error(), "the cursor gives the reader's reason");
+    }
 }
 
 inline void checkXml(QByteArrayView bytes)

@@ -42,6 +42,8 @@ bool contains(QByteArrayView whole, QByteArrayView part)
 
 } // namespace
 
+IdentifierTable::Hashed::Hashed(QByteArrayView text) : utf8(text), hash(hashOf(text)) {}
+
 void IdentifierTable::reserve(quint32 count)
 {
     // Some more, so that the first new identifier does not move them all.
@@ -79,7 +81,12 @@ quint32 IdentifierTable::add(QByteArrayView utf8, quint32 guess)
 
 quint32 IdentifierTable::add(QByteArrayView utf8)
 {
-    const quint32 hash = hashOf(utf8);
+    return add(Hashed(utf8));
+}
+
+quint32 IdentifierTable::add(const Hashed &identifier)
+{
+    const auto [utf8, hash] = identifier;
     if (const quint32 known = find(utf8, hash); known != none)
         return known;
     if ((g_entries.size() + 1) * 3 > g_places.size() * 2)

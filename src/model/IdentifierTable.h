@@ -20,6 +20,15 @@ class IdentifierTable
 public:
     static constexpr quint32 none = 0xffffffff;
 
+    /// An identifier in UTF-8 with its hash.
+    struct Hashed
+    {
+        explicit Hashed(QByteArrayView text);
+
+        QByteArrayView utf8;
+        quint32 hash;
+    };
+
     quint32 count() const { return static_cast<quint32>(g_entries.size()); }
     void reserve(quint32 count);
 
@@ -33,6 +42,8 @@ public:
     quint32 add(const QString &identifier);
     /// The same, in UTF-8. It is not copied when it lies in bytes that keep() was told of.
     quint32 add(QByteArrayView utf8);
+    /// The same, for whoever has the hash already: computed while the bytes are near, in another thread.
+    quint32 add(const Hashed &identifier);
     /// As add(), trying the guessed number first.
     quint32 add(QByteArrayView utf8, quint32 guess);
     void keep(const SharedBytes &bytes);

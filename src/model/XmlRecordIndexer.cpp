@@ -55,7 +55,7 @@ bool XmlRecordIndexer::indexEntry()
     }
     if (g_cursor.key().isEmpty())
         return isUnusual();
-    g_identifiers.push_back(identifier());
+    g_identifiers.emplace_back(identifier());
     if (!g_cursor.nextValue())
         return false;
     if (g_cursor.tag().element != plist::Element::Dict)
@@ -72,14 +72,12 @@ bool XmlRecordIndexer::indexRecord()
     quint32 met = 0;
     bool isReference = false;
     if (g_cursor.enter()) {
-        while (g_cursor.nextKey()) {
+        while (g_recordKeys.next(g_cursor)) {
             isReference = (met == 0 || isReference) && g_cursor.key() == referenceKey;
-            const size_t number = g_recordKeys.number(g_cursor.key());
+            const size_t number = g_recordKeys.number();
             if (number == g_knownKeys.size())
                 g_knownKeys.push_back(RecordKey::indexOf(plist::fromUtf8(g_cursor.key())));
             const size_t known = g_knownKeys[number];
-            if (!g_cursor.nextValue())
-                return false;
             const auto distance = static_cast<quint32>(g_cursor.valueStart() - start);
             met |= bitOf(known);
             if (known == RecordKey::textStringPlace)
@@ -111,10 +109,9 @@ bool XmlRecordIndexer::indexFields()
         return !g_cursor.hasFailed();
     g_fieldKeys.begin();
     bool isReference = false;
-    for (bool isFirst = true; g_cursor.nextKey(); isFirst = false) {
-        g_fieldKeys.number(g_cursor.key());
+    for (bool isFirst = true; g_fieldKeys.next(g_cursor); isFirst = false) {
         isReference = (isFirst || isReference) && g_cursor.key() == referenceKey;
-        if (!g_cursor.nextValue() || !g_cursor.skipValue())
+        if (!g_cursor.skipValue())
             return false;
     }
     g_record.needsOpening = g_record.needsOpening || isReference || g_fieldKeys.hasRepeated();

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "model/KeyRow.h"
+#include "model/IdentifierTable.h"
 #include "model/RecordKey.h"
 #include "model/XmlRecords.h"
+#include "plist/KeyRow.h"
 
 namespace tavrin {
 
@@ -27,7 +28,7 @@ public:
     bool isAtEnd() const { return g_isAtEnd; }
 
     const std::vector<XmlRecords::Record> &records() const { return g_records; }
-    const std::vector<QByteArrayView> &identifiers() const { return g_identifiers; }
+    const std::vector<IdentifierTable::Hashed> &identifiers() const { return g_identifiers; }
 
 private:
     bool indexEntry();
@@ -37,12 +38,12 @@ private:
     bool isUnusual();
 
     plist::XmlCursor g_cursor;
-    KeyRow g_recordKeys;
-    KeyRow g_fieldKeys;
+    plist::KeyRow g_recordKeys;
+    plist::KeyRow g_fieldKeys;
     std::vector<size_t> g_knownKeys; ///< By number in g_recordKeys: which of the known keys it is.
     XmlRecords::Record g_record;
     std::vector<XmlRecords::Record> g_records;
-    std::vector<QByteArrayView> g_identifiers;
+    std::vector<IdentifierTable::Hashed> g_identifiers;
     std::vector<QByteArray> g_decodedIdentifiers;
     Outcome g_outcome = Outcome::Indexed;
     bool g_isAtEnd = false;

@@ -8,6 +8,8 @@
 #include "plist/ScalarText.h"
 #include "plist/XmlText.h"
 
+#include <array>
+#include <bit>
 #include <cstring>
 
 namespace tavrin::plist {
@@ -80,6 +82,34 @@ int plainClosingTag(const char *place, Element element)
     default:
         return 0;
     }
+}
+
+// A date in the form in which writers write it; a 0 stands for any digit.
+constexpr char plainDate[] = "0000-00-00T00:00:00Z";
+constexpr qsizetype plainDateSize = sizeof plainDate - 1;
+
+/// Whether eight bytes of such a date, from the offset on, stand at the place. The highest bit of a byte
+/// tells: it is set by a difference that is larger than the digits' or, elsewhere, by any.
+template <size_t offset>
+bool isPartOfDate(const char *place)
+{
+    constexpr auto wordOf = [](auto byteOf) {
+        std::array<quint8, 8> bytes{};
+        for (size_t i = 0; i < bytes.size(); ++i)
+            bytes[i] = static_cast<quint8>(byteOf(plainDate[offset + i]));
+        return std::bit_cast<quint64>(bytes);
+    };
+    constexpr quint64 wanted = wordOf([](char byte) { return byte; });
+    constexpr quint64 allowance = wordOf([](char byte) { return byte == '0' ? 0x7F - 9 : 0x7F; });
+    quint64 found = 0;
+    std::memcpy(&found, place + offset, sizeof found);
+    const quint64 difference = found ^ wanted;
+    return ((difference | (difference + allowance)) & 0x8080'8080'8080'8080) == 0;
+}
+
+bool isPlainDate(const char *place)
+{
+    return isPartOfDate<0>(place) && isPartOfDate<8>(place) && isPartOfDate<plainDateSize - 8>(place);
 }
 
 } // namespace
@@ -181,6 +211,7 @@ bool XmlCursor::beginNextKey()
 
 bool XmlCursor::nextKey()
 {
+    g_entryStart = at();
     if (!beginNextKey() || !readString(g_key))
         return false;
     if (isEncoded()) {
@@ -190,6 +221,31 @@ bool XmlCursor::nextKey()
     if (!skipBlanks())
         return false;
     return !isAtClosingTag() || fail("a key has no value");
+}
+
+EntryForm XmlCursor::entryForm() const
+{
+    if (g_isEncoded)
+        return {};
+    return {{g_entryStart, g_valueStart + 1}, g_key};
+}
+
+bool XmlCursor::nextValueLike(const EntryForm &form)
+{
+    const qsizetype size = form.bytes.size();
+    if (size == 0 || end() - at() < size
+        || std::memcmp(at(), form.bytes.data(), static_cast<size_t>(size)) != 0)
+        return false;
+    const char *value = at() + size - 1;
+    const PlainTag plain = plainTag(value);
+    if (plain.size == 0)
+        return false;
+    g_key = form.key;
+    g_isEncoded = false;
+    g_valueStart = value;
+    g_tag = {plain.name, plain.element, plain.isEmpty};
+    moveTo(value + plain.size);
+    return true;
 }
 
 bool XmlCursor::nextElement()
@@ -227,11 +283,23 @@ bool XmlCursor::readString(QByteArrayView &content)
     return readText(content) && closeElement(element);
 }
 
+// Without looking for its end: dates are many, and all of one length.
+bool XmlCursor::skipPlainDate()
+{
+    const char *behind = at() + plainDateSize;
+    if (!isPlainDate(at()) || !stands(behind, "</date>"))
+        return false;
+    moveTo(behind + 7);
+    return true;
+}
+
 bool XmlCursor::skipScalar()
 {
     const Element element = g_tag.element;
     if (g_tag.isEmpty)
         return fail("an element that needs a value is empty");
+    if (element == Element::Date && skipPlainDate())
+        return true;
     const char *start = at();
     moveTo(g_scanner.next(start));
     const QByteArrayView content(start, at());

@@ -14,6 +14,14 @@
 
 namespace tavrin::plist {
 
+/// How an entry of a dictionary was written, from the end of what stood before it into its value's tag. It lies
+/// in the text.
+struct EntryForm
+{
+    QByteArrayView bytes; ///< Empty when the entry cannot be known again by its bytes.
+    QByteArrayView key;
+};
+
 /// Goes over an XML property list and checks every byte of it, without making values.
 ///
 /// What it accepts and refuses, and why, is what readXml() accepts and refuses; only, it is many times as
@@ -59,6 +67,11 @@ public:
     QByteArrayView key() const { return g_key; }
     /// To the value of the key.
     bool nextValue();
+    /// Both in one comparison, where the next entry is written as that one was and its tag is a plain one.
+    /// False where it is not; nothing has happened then.
+    bool nextValueLike(const EntryForm &form);
+    /// How the entry was written whose value nextKey() and nextValue() have come to.
+    EntryForm entryForm() const;
     /// To the next value of the array that the cursor is in. False behind the last one, as nextKey().
     bool nextElement();
 
@@ -86,10 +99,12 @@ private:
     bool beginNextKey();
     bool readText(QByteArrayView &content);
     bool skipScalar();
+    bool skipPlainDate();
 
     MarkupScanner g_scanner;
     XmlTag g_tag;
     const char *g_valueStart = nullptr;
+    const char *g_entryStart = nullptr;
     QByteArrayView g_key;
     QByteArray g_decodedKey;
     std::vector<Element> g_containers; ///< Those that the cursor is in, outermost first.

@@ -3,6 +3,7 @@
 
 #include "sorting/CatalogForms.h"
 
+#include "plist/KeyRow.h"
 #include "plist/XmlReader.h"
 
 #include <algorithm>
@@ -68,6 +69,80 @@ bool isBoolean(plist::Element element)
     return element == plist::Element::True || element == plist::Element::False;
 }
 
+/// Goes over the entries of a catalog, one after the other.
+class EntryReader
+{
+public:
+    explicit EntryReader(plist::XmlCursor &cursor) : g_cursor(cursor) {}
+
+    /// Over the whole entry, whether it is a usual one or not. False when the cursor failed.
+    bool read();
+
+    /// Of the entry that was read last: orderCount when it is not a usual one.
+    quint32 form() const { return g_form; }
+    QByteArrayView identifier() const { return g_identifier; }
+    bool flag(Part part) const { return g_flags[part]; }
+
+private:
+    size_t part();
+    bool readPart(size_t part, bool &isUsual);
+
+    plist::XmlCursor &g_cursor;
+    plist::KeyRow g_keys;
+    std::vector<size_t> g_parts; ///< By number in g_keys.
+    quint32 g_form = orderCount;
+    QByteArrayView g_identifier;
+    std::array<bool, partCount> g_flags{};
+};
+
+bool EntryReader::read()
+{
+    g_form = orderCount;
+    if (g_cursor.tag().element != plist::Element::Dict)
+        return g_cursor.skipValue();
+    if (!g_cursor.enter())
+        return !g_cursor.hasFailed();
+    Order order{};
+    size_t place = 0;
+    bool isUsual = true;
+    g_keys.begin();
+    while (g_keys.next(g_cursor)) {
+        const size_t met = part();
+        isUsual = isUsual && met < partCount && place < partCount;
+        if (isUsual)
+            order[place++] = static_cast<Part>(met);
+        if (!readPart(met, isUsual))
+            return false;
+    }
+    if (isUsual && place == partCount)
+        g_form = numberOf(order);
+    return !g_cursor.hasFailed();
+}
+
+// The part that the key names at which the cursor is.
+size_t EntryReader::part()
+{
+    if (g_keys.number() == g_parts.size())
+        g_parts.push_back(partNamed(g_cursor.key(), keyBytes));
+    return g_parts[g_keys.number()];
+}
+
+bool EntryReader::readPart(size_t part, bool &isUsual)
+{
+    using plist::Element;
+    const Element element = g_cursor.tag().element;
+    isUsual = isUsual && (part == Identifier ? element == Element::String : isBoolean(element));
+    if (!isUsual)
+        return g_cursor.skipValue();
+    if (part != Identifier) {
+        g_flags[part] = element == Element::True;
+        return g_cursor.skipValue();
+    }
+    const bool isRead = g_cursor.readString(g_identifier);
+    isUsual = !g_cursor.isEncoded() && !g_identifier.isEmpty();
+    return isRead;
+}
+
 } // namespace
 
 CatalogEntry CatalogForms::entryWithValue(const plist::Value &stored)
@@ -103,60 +178,19 @@ bool CatalogForms::readEntries(plist::XmlCursor &cursor, std::vector<CatalogEntr
 {
     if (!cursor.enter())
         return !cursor.hasFailed();
+    EntryReader reader(cursor);
     while (cursor.nextElement()) {
         const char *start = cursor.valueStart();
-        CatalogEntry entry(IdentifierTable::none);
-        bool usual = false;
-        if (!readUsualEntry(cursor, entry, usual))
+        if (!reader.read())
             return false;
-        if (!usual) {
+        if (reader.form() < orderCount) {
+            const quint32 number = g_identifiers->add(reader.identifier(), g_guess);
+            g_guess = number + 1;
+            entries.emplace_back(number, reader.flag(Current), reader.flag(Previous), reader.form());
+        } else {
             const Result<plist::Value> stored = plist::readXml({start, cursor.at()});
-            entry = entryWithValue(stored ? *stored : plist::Value());
+            entries.push_back(entryWithValue(stored ? *stored : plist::Value()));
         }
-        entries.push_back(entry);
-    }
-    return !cursor.hasFailed();
-}
-
-// Over the whole entry, whether it is a usual one or not.
-bool CatalogForms::readUsualEntry(plist::XmlCursor &cursor, CatalogEntry &entry, bool &isUsual)
-{
-    using plist::Element;
-    if (cursor.tag().element != Element::Dict)
-        return cursor.skipValue();
-    if (!cursor.enter())
-        return !cursor.hasFailed();
-    std::array<bool, partCount> flags{};
-    Order order{};
-    QByteArrayView identifier;
-    size_t place = 0;
-    isUsual = true;
-    while (cursor.nextKey()) {
-        const size_t part = partNamed(cursor.key(), keyBytes);
-        if (!cursor.nextValue())
-            return false;
-        const Element element = cursor.tag().element;
-        isUsual = isUsual && part < partCount && place < partCount
-                  && (part == Identifier ? element == Element::String : isBoolean(element));
-        if (isUsual) {
-            order[place++] = static_cast<Part>(part);
-            flags[part] = element == Element::True;
-        }
-        if (!isUsual || part != Identifier) {
-            if (!cursor.skipValue())
-                return false;
-            continue;
-        }
-        if (!cursor.readString(identifier))
-            return false;
-        isUsual = !cursor.isEncoded() && !identifier.isEmpty();
-    }
-    const quint32 form = numberOf(order);
-    isUsual = isUsual && place == partCount && form < orderCount;
-    if (isUsual) {
-        const quint32 number = g_identifiers->add(identifier, g_guess);
-        g_guess = number + 1;
-        entry = {number, flags[Current], flags[Previous], form};
     }
     return !cursor.hasFailed();
 }

@@ -43,7 +43,6 @@ public:
     void setPreviouslySelected(CatalogEntry &entry, bool selected);
 
 private:
-    bool readUsualEntry(plist::XmlCursor &cursor, CatalogEntry &entry, bool &isUsual);
     void store(const CatalogEntry &entry, bool flag, const QString &key);
 
     std::shared_ptr<IdentifierTable> g_identifiers;

@@ -35,6 +35,10 @@ void XmlCursorTest::unusualFormsAreJudgedAlike_data()
     row("entities", "<string>&lt;&#65;&#x41;</string><key>&quot;</key><string>&nbsp;</string>");
     row("a reference without end", "<string>&amp</string>");
     row("beyond ASCII in data", "<data>AA\u00e9=</data>");
+    row("dates", "<date>2026-11-21T16:47:12Z</date><key>l</key><date>2026-11-21T16:47:1:Z</date>");
+    row("an empty date", "<date/>2026-11-21T16:47:12Z</date>");
+    row("the same entry, then not",
+        "<array><dict><key>a</key><true/></dict><dict><key>a</key></true></dict></array>");
     row("odd leaves", "<integer> 0x1F</integer><key>r</key><real>1e400</real><key>d</key><date>1-1</date>");
     row("a list inside", "<plist/>");
     row("an unknown element", "<set/>");
@@ -63,7 +67,9 @@ void XmlCursorTest::damageIsJudgedAlike()
     QRandomGenerator random(20261121);
     constexpr QByteArrayView damage("</>&;!?\"' \0adkxz\xC3\xA9", 18);
     for (quint32 seed = 0; seed < 12; ++seed) {
-        const QByteArray whole = toXml(RandomTree(seed, {}).dictionary());
+        const Value tree = RandomTree(seed, {}).dictionary();
+        // Twice, so that the second is told by what the first was like.
+        const QByteArray whole = toXml(Array{tree, tree});
         fuzz::checkCursor(whole);
         for (int i = 0; i < 80; ++i) {
             QByteArray damaged = whole;
