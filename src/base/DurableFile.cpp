@@ -4,7 +4,7 @@
 #include "base/DurableFile.h"
 
 #include "base/Parallel.h"
-#include "base/SharedBytes.h"
+#include "base/ReadBack.h"
 #include "base/SystemFile.h"
 
 #include <QFile>
@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <vector>
 
 namespace tavrin {
 
@@ -166,12 +167,19 @@ public:
 
     bool append(QByteArrayView bytes)
     {
+        g_size += bytes.size();
         if (g_buffer.size() + bytes.size() > pieceSize && !flush())
             return false;
         if (bytes.size() >= directFrom)
             return flush() && writeNow(bytes);
         g_buffer.append(bytes);
         return g_failure == 0;
+    }
+
+    bool appendCopy(QByteArrayView bytes)
+    {
+        g_copied.push_back({g_size, bytes});
+        return append(bytes);
     }
 
     bool flush()
@@ -183,6 +191,7 @@ public:
 
     /// The system's code for the first write that it refused; 0 when it took all.
     int failure() const { return g_failure; }
+    const std::vector<CopiedPiece> &copied() const { return g_copied; }
 
 private:
     static constexpr qsizetype pieceSize = 1 << 20;
@@ -197,12 +206,17 @@ private:
 
     TemporaryFile &g_file;
     QByteArray g_buffer;
+    qint64 g_size = 0; ///< Of what was appended.
+    std::vector<CopiedPiece> g_copied;
     int g_failure = 0;
 };
 
 /// The file is checked while the disk takes it. It is read into memory of our own: a mapped file whose last
 /// bytes a full or lost share throws away would end the program.
-Result<> flushAndCheck(TemporaryFile &file, const QString &path, const FileCheck &check)
+Result<> flushAndCheck(TemporaryFile &file,
+                       const QString &path,
+                       const std::vector<CopiedPiece> &copied,
+                       const FileCheck &check)
 {
     if (!check)
         return file.flushToDisk() ? Result<>() : systemError(path);
@@ -213,19 +227,15 @@ Result<> flushAndCheck(TemporaryFile &file, const QString &path, const FileCheck
             failure = file.flushToDisk() ? 0 : errno;
             return;
         }
-        Progress unwatched;
-        const Result<SharedBytes> written = SharedBytes::readOpened(file.descriptor(), path, unwatched);
+        const Result<SharedBytes> written = readBack(file.descriptor(), path, copied);
         checked = written ? check(written->view()) : Result<>(written.error());
     });
     errno = failure;
     return failure == 0 ? checked : systemError(path);
 }
 
-} // namespace
-
-Result<> writeDurably(const QString &path,
-                      const std::function<Result<>(const ByteSink &)> &produce,
-                      const FileCheck &check)
+Result<>
+write(const QString &path, const std::function<Result<>(PieceWriter &)> &produce, const FileCheck &check)
 {
     const QString targetPath = followLinks(path);
     const QByteArray target = QFile::encodeName(targetPath);
@@ -236,7 +246,7 @@ Result<> writeDurably(const QString &path,
         return systemError(targetPath);
 
     PieceWriter writer(file);
-    Result<> produced = produce([&writer](QByteArrayView bytes) { return writer.append(bytes); });
+    Result<> produced = produce(writer);
     if (produced)
         writer.flush();
     if (writer.failure() != 0) {
@@ -246,12 +256,34 @@ Result<> writeDurably(const QString &path,
     if (!produced)
         return produced;
     file.takeAttributes(target);
-    if (const Result<> flushed = flushAndCheck(file, targetPath, check); !flushed)
+    if (const Result<> flushed = flushAndCheck(file, targetPath, writer.copied(), check); !flushed)
         return flushed;
     if (!file.takePlaceOf(target))
         return systemError(targetPath);
     flushFolder(QFileInfo(targetPath).absolutePath());
     return {};
+}
+
+} // namespace
+
+Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce)
+{
+    const auto produceAll = [&produce](PieceWriter &writer) {
+        return produce([&writer](QByteArrayView bytes) { return writer.append(bytes); });
+    };
+    return write(path, produceAll, {});
+}
+
+Result<>
+writeCheckedDurably(const QString &path,
+                    const std::function<Result<>(const ByteSink &sink, const ByteSink &copies)> &produce,
+                    const FileCheck &check)
+{
+    const auto produceAll = [&produce](PieceWriter &writer) {
+        return produce([&writer](QByteArrayView bytes) { return writer.append(bytes); },
+                       [&writer](QByteArrayView bytes) { return writer.appendCopy(bytes); });
+    };
+    return write(path, produceAll, check);
 }
 
 Result<> writeDurably(const QString &path, QByteArrayView bytes)

@@ -15,8 +15,8 @@ namespace tavrin {
 /// system refused; stop then.
 using ByteSink = std::function<bool(QByteArrayView)>;
 
-/// Looks at a file that was written, before it takes its place; behind the bytes stand as many zero bytes as
-/// SharedBytes has.
+/// Looks at what was written, but for what was copied, before the file takes its place; behind the bytes
+/// stand as many zero bytes as SharedBytes has.
 using FileCheck = std::function<Result<>(QByteArrayView written)>;
 
 /// Writes a file so that at every moment `path` holds the old bytes or the new ones, whole.
@@ -26,11 +26,16 @@ using FileCheck = std::function<Result<>(QByteArrayView written)>;
 /// A symbolic link stays: the file it names is replaced. On any failure the old file is untouched, the
 /// temporary file is gone, and the error's kind is Io, or NotFound when the folder does not exist.
 ///
-/// `produce` writes the content; the Result it returns decides whether the file takes its place. So does
-/// `check`, if there is one, which looks at the whole file as it was written.
-Result<> writeDurably(const QString &path,
-                      const std::function<Result<>(const ByteSink &)> &produce,
-                      const FileCheck &check = {});
+/// `produce` writes the content; the Result it returns decides whether the file takes its place.
+Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce);
+
+/// The same, and the file is read again before it takes its place, while the disk takes it. The second sink
+/// is for copies of bytes that were checked before, and that stay where they are until this returns: they are
+/// compared. All else, joined, is for `check` to judge.
+Result<>
+writeCheckedDurably(const QString &path,
+                    const std::function<Result<>(const ByteSink &sink, const ByteSink &copies)> &produce,
+                    const FileCheck &check);
 
 /// The same for bytes that are at hand.
 Result<> writeDurably(const QString &path, QByteArrayView bytes);

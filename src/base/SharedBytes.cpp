@@ -98,6 +98,17 @@ Result<SharedBytes> SharedBytes::copyOf(QByteArrayView bytes)
     return SharedBytes(copy, bytes.size());
 }
 
+Result<SharedBytes>
+SharedBytes::filled(qsizetype size, const QString &path, const std::function<bool(char *destination)> &fill)
+{
+    const std::shared_ptr<char> start = allocated(size);
+    if (!start)
+        return tooLittleMemory(path);
+    if (!fill(start.get()))
+        return systemError(path);
+    return SharedBytes(start, size);
+}
+
 SharedBytes SharedBytes::unowned(QByteArrayView bytes)
 {
     return {std::shared_ptr<const char>(std::shared_ptr<void>(), bytes.data()), bytes.size()};

@@ -8,6 +8,7 @@
 
 #include <QByteArrayView>
 
+#include <functional>
 #include <memory>
 
 namespace tavrin {
@@ -35,6 +36,11 @@ public:
 
     /// The same of a file that is open already; the path is for the error.
     static Result<SharedBytes> readOpened(const Descriptor &file, const QString &path, Progress &progress);
+
+    /// So many bytes, which `fill` puts there. Io when it gives false, with errno, or when there is not so
+    /// much memory; the path is for the error.
+    static Result<SharedBytes>
+    filled(qsizetype size, const QString &path, const std::function<bool(char *destination)> &fill);
 
     QByteArrayView view() const { return {g_start.get(), g_size}; }
     qsizetype size() const { return g_size; }

@@ -151,12 +151,13 @@ QByteArray asWritten(const QString &text)
 
 bool hasSameRecords(const XmlRecords &written,
                     const IdentifierTable &identifiers,
-                    const RecordsSnapshot &snapshot)
+                    const RecordsSnapshot &snapshot,
+                    std::span<const RecordsSnapshot::Entry> expected)
 {
-    if (written.count() != snapshot.entries.size())
+    if (written.count() != expected.size())
         return false;
     for (quint32 place = 0; place < written.count(); ++place) {
-        const RecordsSnapshot::Entry &entry = snapshot.entries[place];
+        const RecordsSnapshot::Entry &entry = expected[place];
         const QByteArrayView copied = snapshot.xml(entry);
         if (identifiers.bytes(place) != asWritten(snapshot.identifiers->text(entry.identifier))
             || (!copied.isEmpty() && written.xml(place) != copied))
@@ -191,7 +192,9 @@ std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes
     return std::move(reader.contents());
 }
 
-Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot)
+Result<> checkXmlDatafile(QByteArrayView bytes,
+                          const DatafileSnapshot &snapshot,
+                          std::span<const RecordsSnapshot::Entry> records)
 {
     if (!plist::isValidUtf8(bytes))
         return notAsWritten(u"not valid UTF-8"_s);
@@ -199,7 +202,7 @@ Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot
     if (!reader.read())
         return notAsWritten(reader.isRefused() ? reader.error().detail : u"an unusual datafile"_s);
     const DatafileContents &contents = reader.contents();
-    if (!hasSameRecords(reader.records(), *contents.identifiers, snapshot.records))
+    if (!hasSameRecords(reader.records(), *contents.identifiers, snapshot.records, records))
         return notAsWritten(u"other records"_s);
     if (contents.catalog.size() != countOfWritten(snapshot.catalog))
         return notAsWritten(u"another catalog"_s);

@@ -5,8 +5,10 @@
 
 #include "base/SharedBytes.h"
 #include "document/DatafileContents.h"
+#include "model/QVKeyedCollectionData.h"
 
 #include <optional>
+#include <span>
 
 namespace tavrin {
 
@@ -18,9 +20,11 @@ struct DatafileSnapshot;
 /// that then decides what is wrong with it, if anything is.
 std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes, const QString &fileName);
 
-/// Whether the bytes, which are followed by SharedBytes::padding zero bytes, hold what the snapshot does:
-/// Corrupt when they do not. Records that were copied are compared byte by byte, of those that were written
-/// anew it is checked that they are there.
-Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot);
+/// Whether the bytes, which are followed by SharedBytes::padding zero bytes, hold what the snapshot does, and
+/// of its records those: Corrupt when they do not. Records that were copied are compared byte by byte, of
+/// those that were written anew it is checked that they are there.
+Result<> checkXmlDatafile(QByteArrayView bytes,
+                          const DatafileSnapshot &snapshot,
+                          std::span<const RecordsSnapshot::Entry> records);
 
 } // namespace tavrin

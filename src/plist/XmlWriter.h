@@ -30,10 +30,12 @@ public:
     /// An element as it stands in another file.
     void writeElement(QByteArrayView element, int level);
 
+    /// Gives the sink all that was written, for who then goes on with the sink himself.
+    void flush();
+
     bool isRefused() const { return g_isRefused; }
 
 private:
-    void flush();
     char *room(qsizetype size);
     void put(QByteArrayView bytes);
     void putIndentation(int level);

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void aLargeWriteThatFailsLeavesTheOldFile();
     void aProducerThatFailsLeavesTheOldFile();
     void manyPiecesArriveWholeAndInOrder();
+    void copiesAreComparedAndTheRestIsJudged();
     void permissionsAreKept();
     void aNewFileGetsWhatTheMaskAllows();
     void linksStayLinks();
@@ -157,6 +158,42 @@ void DurableFileTest::manyPiecesArriveWholeAndInOrder()
     QVERIFY(contentOf(path(u"data"_s)) == expected);
     const Result<QByteArray> read = readWhole(path(u"data"_s));
     QVERIFY(read && *read == expected);
+}
+
+void DurableFileTest::copiesAreComparedAndTheRestIsJudged()
+{
+    const QString file = path(u"data"_s);
+    make(file, oldContent);
+    QByteArray copy(700'000, 'c');
+    for (qsizetype i = 0; i < copy.size(); ++i)
+        copy[i] = static_cast<char>(i * 7 >> 8);
+    QByteArray judged;
+    // The copy changes behind the writer's back, as if the disk gave back something else.
+    const auto written = [&](qsizetype changedAt) {
+        const auto produce = [&](const ByteSink &sink, const ByteSink &copies) -> Result<> {
+            sink("one ");
+            copies(QByteArrayView(copy).first(262'145));
+            copies(QByteArrayView(copy).sliced(262'145, 10));
+            sink("two ");
+            copies(QByteArrayView(copy).sliced(262'155));
+            sink("three");
+            if (changedAt >= 0)
+                copy[changedAt] = static_cast<char>(copy[changedAt] ^ 1);
+            return {};
+        };
+        return writeCheckedDurably(file, produce, [&judged](QByteArrayView rest) -> Result<> {
+            judged = rest.toByteArray();
+            return {};
+        });
+    };
+    for (const qsizetype place : {0, 262'144, 262'150, 262'155, 699'999}) {
+        QVERIFY(!written(place));
+        QCOMPARE(contentOf(file), oldContent);
+    }
+    QVERIFY(written(-1));
+    QCOMPARE(judged, QByteArray("one two three"));
+    QVERIFY(contentOf(file) == "one " + copy.first(262'155) + "two " + copy.sliced(262'155) + "three");
+    QCOMPARE(namesIn(g_folder->path()), QStringList{u"data"_s});
 }
 
 void DurableFileTest::permissionsAreKept()

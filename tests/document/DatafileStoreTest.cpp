@@ -282,7 +282,8 @@ void DatafileStoreTest::aWrongCopyIsNoticed()
                               {contents->catalogForms, {}}};
     snapshot.catalog.order.assign(contents->catalog);
     const auto isGood = [&snapshot](const QByteArray &written) {
-        return checkXmlDatafile(SharedBytes::copyOf(written)->view(), snapshot).has_value();
+        return checkXmlDatafile(SharedBytes::copyOf(written)->view(), snapshot, snapshot.records.entries)
+            .has_value();
     };
     QVERIFY(isGood(own));
     for (const auto &[what, other] : std::initializer_list<std::pair<const char *, const char *>>{
