@@ -3,6 +3,7 @@
 
 #include "plist/Base64.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tavrin::plist {
@@ -32,6 +33,17 @@ constexpr std::array<quint8, 256> makeKinds()
 }
 
 constexpr std::array<quint8, 256> kinds = makeKinds();
+
+/// The two symbols of each 12 bits.
+constexpr std::array<std::array<char, 2>, 4096> makePairs()
+{
+    std::array<std::array<char, 2>, 4096> pairs{};
+    for (size_t bits = 0; bits < pairs.size(); ++bits)
+        pairs[bits] = {symbols[bits >> 6], symbols[bits & 63]};
+    return pairs;
+}
+
+constexpr std::array<std::array<char, 2>, 4096> pairs = makePairs();
 
 quint8 kindOf(char byte)
 {
@@ -97,10 +109,8 @@ char *encodeBase64(QByteArrayView bytes, char *out)
     qsizetype left = bytes.size();
     for (; left >= 3; left -= 3, at += 3) {
         const quint32 group = quint32(at[0]) << 16 | quint32(at[1]) << 8 | at[2];
-        *out++ = symbols[group >> 18];
-        *out++ = symbols[group >> 12 & 63];
-        *out++ = symbols[group >> 6 & 63];
-        *out++ = symbols[group & 63];
+        out = std::copy_n(pairs[group >> 12].data(), 2, out);
+        out = std::copy_n(pairs[group & 4095].data(), 2, out);
     }
     if (left > 0) {
         const quint32 group = quint32(at[0]) << 16 | (left > 1 ? quint32(at[1]) << 8 : 0);
