@@ -14,8 +14,8 @@
 
 namespace tavrin::plist {
 
-/// How an entry of a dictionary was written, from the end of what stood before it into its value's tag. It lies
-/// in the text.
+/// How an entry of a dictionary was written, from the end of what stood before it into its value's tag. It
+/// lies in the text.
 struct EntryForm
 {
     QByteArrayView bytes; ///< Empty when the entry cannot be known again by its bytes.
