@@ -90,6 +90,11 @@ void DatafileDocument::setChangeCount(qint64 count)
         Q_EMIT modifiedChanged(isModified());
 }
 
+void DatafileDocument::announceCatalogChange()
+{
+    announce(CatalogChanged{});
+}
+
 void DatafileDocument::storeFieldValue(const QString &recordIdentifier,
                                        const QString &fieldIdentifier,
                                        const QString &value)

@@ -164,6 +164,9 @@ public:
     bool isModified() const { return g_changeCount != 0; }
     void updateChangeCount(ChangeCount change);
 
+    /// Announces that the order or the selection of the catalog changed.
+    void announceCatalogChange();
+
     /// Stores a field's content, or the text's plain content, and nothing else: no dates, no mark.
     void
     storeFieldValue(const QString &recordIdentifier, const QString &fieldIdentifier, const QString &value);

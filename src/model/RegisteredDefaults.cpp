@@ -7,6 +7,19 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Longer titles come before those that begin them.
+plist::Array usualTitles()
+{
+    return {u"D.D.S."_s, u"DDS"_s,  u"D.D."_s, u"DD"_s,   u"Dr."_s, u"Fr."_s,   u"IV"_s,
+            u"III"_s,    u"II"_s,   u"I"_s,    u"J.P."_s, u"JP"_s,  u"Jr."_s,   u"M.D."_s,
+            u"MD"_s,     u"Miss"_s, u"Mr."_s,  u"Mrs."_s, u"Ms."_s, u"Ph.D."_s, u"PhD"_s,
+            u"Rev."_s,   u"R.N."_s, u"RN"_s,   u"Sr."_s};
+}
+
+} // namespace
+
 plist::Dictionary registeredDefaults()
 {
     return {
@@ -32,7 +45,17 @@ plist::Dictionary registeredDefaults()
         {u"DefaultFindBoxFontName"_s, u"Helvetica"_s},
         {u"DefaultTextFontSize"_s, 12},
         {u"DefaultTextFontName"_s, u"Helvetica"_s},
+        {u"SortTitleList"_s, usualTitles()},
     };
+}
+
+QStringList sortTitleList(const Preferences *preferences)
+{
+    QStringList titles;
+    for (const plist::Value &title :
+         preferences ? preferences->arrayForKey(u"SortTitleList"_s) : usualTitles())
+        titles.append(title.toText());
+    return titles;
 }
 
 } // namespace tavrin
