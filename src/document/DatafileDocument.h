@@ -221,6 +221,7 @@ private:
     DatafileSnapshot snapshot();
     bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }
     void setCatalog(CatalogForms forms, std::vector<CatalogEntry> entries);
+    void sortAnew();
     RecordData &recordToChange(const QString &identifier) const;
     bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;

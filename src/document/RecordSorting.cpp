@@ -4,7 +4,6 @@
 #include "document/RecordSorting.h"
 
 #include "document/DatafileDocument.h"
-#include "model/Preferences.h"
 
 #include <QCoreApplication>
 
@@ -52,7 +51,7 @@ void SortChange::exchange(DatafileDocument &document)
 
 RecordSorting::RecordSorting(const DatafileDocument &document, const SortCriteriaData &criteria)
     : g_criteria(criteria)
-    , g_settings{sortTitleList(document.services().preferences), QLocale()}
+    , g_settings(sortSettings(document.services().preferences))
     , g_catalog(document.datafileCatalog().catalogRecords())
     , g_texts(document.datafileRecords(), document.datafileSettings())
 {}

@@ -5,6 +5,7 @@
 
 #include "model/DatafileRecordsData.h"
 #include "model/DatafileSettingsData.h"
+#include "model/Preferences.h"
 #include "model/ValueRecords.h"
 
 namespace tavrin {
@@ -81,6 +82,11 @@ Date StoredTexts::createdDate(quint32 record) const
 Date StoredTexts::modifiedDate(quint32 record) const
 {
     return view(record).modifiedDate();
+}
+
+SortSettings sortSettings(const Preferences *preferences)
+{
+    return {sortTitleList(preferences), QLocale()};
 }
 
 } // namespace tavrin

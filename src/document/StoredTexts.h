@@ -5,7 +5,7 @@
 
 #include "document/AddressPlace.h"
 #include "model/RecordSource.h"
-#include "sorting/RecordTexts.h"
+#include "sorting/RecordTerms.h"
 
 #include <memory>
 #include <vector>
@@ -14,6 +14,7 @@ namespace tavrin {
 
 class DatafileRecordsData;
 class DatafileSettingsData;
+class Preferences;
 class RecordView;
 
 /// What sorting and selecting read of a datafile, as it is when this is made: it can be read on another
@@ -41,5 +42,8 @@ private:
     AddressPlace g_addressPlace;
     QStringList g_fieldIdentifiers;
 };
+
+/// What sorting needs besides the records; without preferences, the usual titles.
+SortSettings sortSettings(const Preferences *preferences);
 
 } // namespace tavrin

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/Preferences.h"
+#include "text/Names.h"
 
 namespace tavrin {
 
@@ -9,13 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Longer titles come before those that begin them.
 plist::Array usualTitles()
 {
-    return {u"D.D.S."_s, u"DDS"_s,  u"D.D."_s, u"DD"_s,   u"Dr."_s, u"Fr."_s,   u"IV"_s,
-            u"III"_s,    u"II"_s,   u"I"_s,    u"J.P."_s, u"JP"_s,  u"Jr."_s,   u"M.D."_s,
-            u"MD"_s,     u"Miss"_s, u"Mr."_s,  u"Mrs."_s, u"Ms."_s, u"Ph.D."_s, u"PhD"_s,
-            u"Rev."_s,   u"R.N."_s, u"RN"_s,   u"Sr."_s};
+    plist::Array titles;
+    for (const QString &title : text::defaultTitleList())
+        titles.append(title);
+    return titles;
 }
 
 } // namespace
@@ -51,9 +51,10 @@ plist::Dictionary registeredDefaults()
 
 QStringList sortTitleList(const Preferences *preferences)
 {
+    if (!preferences)
+        return text::defaultTitleList();
     QStringList titles;
-    for (const plist::Value &title :
-         preferences ? preferences->arrayForKey(u"SortTitleList"_s) : usualTitles())
+    for (const plist::Value &title : preferences->arrayForKey(u"SortTitleList"_s))
         titles.append(title.toText());
     return titles;
 }
