@@ -59,8 +59,8 @@ RecordView StoredTexts::view(quint32 record) const
 
 RecordTextReader StoredTexts::fieldReader(const QString &fieldIdentifier) const
 {
-    return [this, fieldIdentifier](quint32 record, QString &buffer) {
-        return viewOf(view(record).fieldValue(fieldIdentifier), buffer);
+    return [this, field = FieldKey(fieldIdentifier)](quint32 record, QString &buffer) {
+        return viewOf(view(record).fieldValue(field), buffer);
     };
 }
 
