@@ -152,8 +152,23 @@ plist::Value XmlRecords::value(quint32 place, const QString &key) const
     return {};
 }
 
+// Who goes over all records mostly does so in their order; waiting for memory would take longer than all that
+// is done with what comes from there.
+void XmlRecords::fetchAhead(quint32 place, quint32 Record::*distance) const
+{
+    constexpr size_t ahead = 12;
+    if (place + ahead >= g_records.size())
+        return;
+    const Record &record = g_records[place + ahead];
+    constexpr qsizetype line = 64;
+    const char *start = g_text.data() + record.start + record.*distance;
+    __builtin_prefetch(start);
+    __builtin_prefetch(start + line);
+}
+
 TextView XmlRecords::fieldValue(quint32 place, const FieldKey &field) const
 {
+    fetchAhead(place, &Record::fields);
     const quint32 fields = g_records[place].fields;
     if (const auto text = plainStringInDictionary(xml(place).sliced(fields), field.utf8))
         return *text;
@@ -174,6 +189,7 @@ TextView XmlRecords::fieldValue(quint32 place, const FieldKey &field) const
 
 TextView XmlRecords::textString(quint32 place) const
 {
+    fetchAhead(place, &Record::textString);
     const quint32 textString = g_records[place].textString;
     if (const auto text = plainString(xml(place).sliced(textString)))
         return *text;

@@ -54,6 +54,7 @@ private:
     };
 
     Outcome take(std::span<const XmlRecordIndexer> indexers, IdentifierTable &identifiers);
+    void fetchAhead(quint32 place, quint32 Record::*distance) const;
     plist::XmlCursor cursorAt(quint32 place, quint32 distance) const;
 
     SharedBytes g_bytes;
