@@ -329,6 +329,7 @@ MadeRecord RecordMaker::record(quint64 number) const
     if (g_size == RecordSize::Small) {
         made.fields[0] = last + ", " + first;
         made.text = sentence(random);
+        made.fields[5] = amount(random);
         return made;
     }
     made.fields = {last + ", " + first,

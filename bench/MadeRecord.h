@@ -29,7 +29,7 @@ struct MadeRecord
 };
 
 enum class RecordSize {
-    Small, ///< A name and a sentence.
+    Small, ///< A name, a balance and a sentence.
     Plain,
     Rich, ///< With rich text.
 };

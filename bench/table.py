@@ -3,10 +3,10 @@
 # SPDX-License-Identifier: MIT
 """Runs the jobs, each in a process of its own, and prints one table of what they cost.
 
-    table.py --programs FOLDER --rounds N --files FILE... --records FILE... --window EMPTY FILE
+    table.py --programs FOLDER --rounds N --files FILE... --records FILE... --window EMPTY FILE --arrange FILE...
 
 --files are opened and saved whole; --records, from few to many, are for jobs on one record; --window is
-how long two datafiles take to the window. Fails when a job fails, never because it is slow.
+how long two datafiles take to the window; --arrange are sorted and selected from. Fails when a job fails, never because it is slow.
 """
 
 import argparse
@@ -35,6 +35,7 @@ class Programs:
         self.paths = {name: [str(folder / f"tavrin-{name}")] for name in ("bench", "peer-libplist")}
         self.paths["peer-plistlib"] = [sys.executable, str(Path(__file__).with_name("peer_plistlib.py"))]
         self.tavrin = str(folder / "tavrin")
+        self.arrange = str(folder / "tavrin-bench-arrange")
 
     def run(self, program, job, path):
         """What each line of the output says: name -> two figures. None when the program is not there."""
@@ -54,6 +55,28 @@ class Programs:
     def seconds(self, program, job, path, clock):
         figures = self.run(program, job, path)
         return figures and figures[job][clock]
+
+    def arranging(self, path):
+        """Processor seconds of each job, and of the same in each database that is installed."""
+        print(f"bench-arrange {path.name}", file=sys.stderr)
+
+        def seconds(command):
+            done = subprocess.run(command, stdout=subprocess.PIPE, text=True)
+            if done.returncode == 3:
+                return {}
+            if done.returncode:
+                sys.exit(f"table.py: {command[0]} {path}: exit status {done.returncode}")
+            return {name: float(used) for name, used, _ in map(str.split, done.stdout.splitlines())}
+
+        ours = seconds([self.arrange, "times", str(path), str(self.rounds)])
+        peers = {}
+        script = str(Path(__file__).with_name("peer_sql.py"))
+        with tempfile.NamedTemporaryFile() as rows:
+            subprocess.run([self.arrange, "rows", str(path), "1"], stdout=rows, check=True)
+            for engine in ("sqlite", "duckdb"):
+                rounds = str((self.rounds + 1) // 2)
+                peers[engine] = seconds([sys.executable, script, engine, rows.name, rounds])
+        return ours, peers
 
     def to_window(self, path):
         """Seconds on the clock, and of the processor, until a picture of the window is there."""
@@ -132,6 +155,21 @@ def single_records(programs, files):
             row(f"{title} (slowest {slowest:.2g} s)", path.stem, mean, least[job][0], goals=goals)
 
 
+def arrange(programs, path):
+    ours, peers = programs.arranging(path)
+    name = f"{path.stem}, {path.stat().st_size / 1e6:.0f} MB"
+    is_large = path.stat().st_size > 5e8
+    for what, most in ("texts", 1 if is_large else 0.6), ("numbers", 1 if is_large else 0.3):
+        sort, limit = ours[f"sort-{what}"], ours[f"ready-{what}"]
+        for engine, figures in peers.items():
+            peer = figures.get(what)
+            goals = [("x peer ≤ ", over(sort, peer), most)] if engine == "duckdb" else []
+            row(f"sort by {what}", name, sort, limit, (engine, peer), goals)
+    row("sort by created date", name, ours["sort-created"])
+    for job, title in ("select", "select by Contains"), ("select-é", "the same, beyond ASCII"):
+        row(title, name, ours[job], ours["look"], goals=[("x limit ≤ ", ours[job] / ours["look"], 2)])
+
+
 def window(programs, empty, path):
     bare, full = programs.to_window(empty), programs.to_window(path)
     for clock, title in (ELAPSED, "to the window, more than an empty one *"), (PROCESSOR, "the same, processor"):
@@ -146,6 +184,7 @@ def main():
     parser.add_argument("--files", type=Path, nargs="*", default=[])
     parser.add_argument("--records", type=Path, nargs="*", default=[])
     parser.add_argument("--window", type=Path, nargs=2)
+    parser.add_argument("--arrange", type=Path, nargs="*", default=[])
     options = parser.parse_args()
     programs = Programs(options.programs, options.rounds)
     print("| job | size | ours | limit | x limit | peer | x peer | goal | met |")
@@ -154,11 +193,14 @@ def main():
         whole_file(programs, path)
     if options.records:
         single_records(programs, options.records)
+    for path in options.arrange:
+        arrange(programs, path)
     if options.window:
         window(programs, *options.window)
     print("\nMedians; jobs on one record: the mean of 400. Processor seconds, but elapsed ones where there is a *.")
     print('Limits: open, map the file and find every "<"; save, write as many bytes, flush, rename;')
-    print("one record, the same with the fewest records (up to 20 µs do not count).")
+    print("one record, the same with the fewest records (up to 20 µs do not count); sort, std::stable_sort of")
+    print("ready keys; select, one look at every word of the texts.")
 
 
 if __name__ == "__main__":

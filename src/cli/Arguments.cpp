@@ -52,32 +52,39 @@ Result<> Arguments::addOption(const QString &word, QStringList &rest, const QLis
         g_given.append({name, {}});
         return {};
     }
-    if (equals < 0 && rest.isEmpty())
-        return wrong(Cli::tr("The option %1 needs a value.").arg(name));
+    const qsizetype count = option->valueCount ? option->valueCount(rest) : 1;
+    if (equals < 0 ? rest.size() < count : count != 1)
+        return wrong(count == 1 ? Cli::tr("The option %1 needs a value.").arg(name)
+                                : Cli::tr("The option %1 needs %2.").arg(name, option->valueName));
     if (has(name) && !option->repeatable)
         return wrong(Cli::tr("The option %1 may be given only once.").arg(name));
-    const QString value = equals < 0 ? rest.takeFirst() : word.sliced(equals + 1);
-    g_given.append({name, value.isNull() ? u""_s : value});
+    Given given{name, equals < 0 ? rest.first(count) : QStringList{word.sliced(equals + 1)}};
+    if (equals < 0)
+        rest.remove(0, count);
+    // A null value would say that the option was not given.
+    for (QString &value : given.values)
+        value = value.isNull() ? u""_s : value;
+    g_given.append(given);
     return {};
 }
 
 bool Arguments::has(const QString &option) const
 {
-    return std::ranges::find(g_given, option, &Given::name) != g_given.end();
+    return std::ranges::find(g_given, option, &Given::option) != g_given.end();
 }
 
 QString Arguments::value(const QString &option) const
 {
-    const auto given = std::ranges::find(g_given, option, &Given::name);
-    return given == g_given.end() ? QString() : given->value;
+    const auto given = std::ranges::find(g_given, option, &Given::option);
+    return given == g_given.end() ? QString() : given->values.value(0);
 }
 
 QStringList Arguments::values(const QString &option) const
 {
     QStringList values;
     for (const Given &given : g_given) {
-        if (given.name == option)
-            values.append(given.value);
+        if (given.option == option)
+            values.append(given.values);
     }
     return values;
 }

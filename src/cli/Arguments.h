@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace tavrin {
 
 /// An option that a command takes.
@@ -16,6 +18,8 @@ struct Option
     QString valueName = {}; ///< Empty: the option stands alone.
     QString help = {};
     bool repeatable = false;
+    /// How many values it takes of the words that follow it; one when this is empty.
+    std::function<qsizetype(const QStringList &following)> valueCount = {};
 };
 
 /// What stands behind the command's name, taken apart: options and operands.
@@ -24,6 +28,12 @@ struct Option
 class Arguments
 {
 public:
+    struct Given
+    {
+        QString option;
+        QStringList values;
+    };
+
     /// Refused for an option that is not known, lacks its value or comes too often.
     static Result<Arguments> parse(const QStringList &words, const QList<Option> &options);
 
@@ -34,14 +44,10 @@ public:
     QString value(const QString &option) const;
     /// In the order given.
     QStringList values(const QString &option) const;
+    /// All options in the order given.
+    const QList<Given> &given() const { return g_given; }
 
 private:
-    struct Given
-    {
-        QString name;
-        QString value;
-    };
-
     Result<> addOption(const QString &word, QStringList &rest, const QList<Option> &options);
 
     QList<Given> g_given;

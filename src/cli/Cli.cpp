@@ -22,6 +22,8 @@ QList<Command> commands()
             newCommand(),
             saveCommand(),
             setCommand(),
+            sortCommand(),
+            selectCommand(),
             settingsCommand()};
 }
 
@@ -92,7 +94,9 @@ runCommand(const Command &command, const QStringList &words, Output &output, con
     if (count < command.leastOperands || count > command.mostOperands)
         return call.wrongUsage(
             Cli::tr("Usage: tavrin-cli %1 [OPTIONS] %2").arg(command.name, command.operands));
-    if (arguments->has(u"--kind"_s) && !call.kind())
+    const bool hasOtherKinds =
+        std::ranges::find(command.options, u"--kind"_s, &Option::name) != command.options.end();
+    if (arguments->has(u"--kind"_s) && !call.kind() && !hasOtherKinds)
         return call.wrongUsage(Cli::tr("--kind is pro or mobile."));
     return command.run(call);
 }

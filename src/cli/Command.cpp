@@ -9,10 +9,11 @@ using namespace Qt::StringLiterals;
 
 std::optional<DatafileKind> Call::kind() const
 {
-    const QString name = arguments.value(u"--kind"_s);
-    if (name == u"pro")
+    // A command may have kinds of its own under the same option.
+    const QStringList names = arguments.values(u"--kind"_s);
+    if (names.contains(u"pro"))
         return DatafileKind::Pro;
-    if (name == u"mobile")
+    if (names.contains(u"mobile"))
         return DatafileKind::Mobile;
     return {};
 }

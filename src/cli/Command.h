@@ -51,8 +51,10 @@ Command infoCommand();
 Command listCommand();
 Command newCommand();
 Command saveCommand();
+Command selectCommand();
 Command setCommand();
 Command settingsCommand();
 Command showCommand();
+Command sortCommand();
 
 } // namespace tavrin

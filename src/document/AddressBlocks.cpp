@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// Where a record's postal address stands, as the datafile's address settings say.
-
+#include "document/AddressPlace.h"
 #include "document/DatafileDocument.h"
 #include "plist/KeyedArchive.h"
 
@@ -79,22 +78,33 @@ QString layoutText(const plist::Value &layout)
 
 } // namespace
 
-QString DatafileDocument::freeformAddressBlockForRecord(const RecordData &record) const
+AddressPlace AddressPlace::of(const DatafileSettingsData &settings)
 {
-    const QString text = record.textString();
-    QStringView rest = g_settings->addressStartsAtLineNumber()
-                           ? fromLine(text, g_settings->addressBlockStartingLine())
-                           : behindMarker(text, g_settings->addressSpecialCharacter());
-    const bool isFixed = g_settings->addressFixedLineCount();
-    const qint64 lineCount = isFixed ? g_settings->addressBlockLineCount() : NotFound;
+    return {.startsAtLineNumber = settings.addressStartsAtLineNumber(),
+            .startingLine = settings.addressBlockStartingLine(),
+            .marker = settings.addressSpecialCharacter(),
+            .hasFixedLineCount = settings.addressFixedLineCount(),
+            .lineCount = settings.addressBlockLineCount()};
+}
+
+QString freeformAddressBlock(QStringView text, const AddressPlace &place)
+{
+    QStringView rest =
+        place.startsAtLineNumber ? fromLine(text, place.startingLine) : behindMarker(text, place.marker);
+    const qint64 lineCount = place.hasFixedLineCount ? place.lineCount : NotFound;
     QStringList lines;
     while (lines.size() < lineCount && !rest.isEmpty()) {
         const QStringView line = takeLine(rest);
-        if (!isFixed && isBlank(line))
+        if (!place.hasFixedLineCount && isBlank(line))
             break;
         lines.append(line.trimmed().toString());
     }
     return lines.join(u'\n');
+}
+
+QString DatafileDocument::freeformAddressBlockForRecord(const RecordData &record) const
+{
+    return freeformAddressBlock(record.textString(), AddressPlace::of(*g_settings));
 }
 
 // In the layout a field's name in angle quotes stands for the field's content: «City». Names that no field

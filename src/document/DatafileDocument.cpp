@@ -4,8 +4,10 @@
 #include "document/DatafileDocument.h"
 
 #include "base/InternalInconsistency.h"
+#include "base/Log.h"
 #include "document/BackgroundSave.h"
 #include "document/DatafileContents.h"
+#include "document/StoredTexts.h"
 
 #include <QFileInfo>
 
@@ -90,6 +92,11 @@ void DatafileDocument::setChangeCount(qint64 count)
         Q_EMIT modifiedChanged(isModified());
 }
 
+void DatafileDocument::announceCatalogChange()
+{
+    announce(CatalogChanged{});
+}
+
 void DatafileDocument::storeFieldValue(const QString &recordIdentifier,
                                        const QString &fieldIdentifier,
                                        const QString &value)
@@ -171,13 +178,27 @@ void DatafileDocument::announce(const DatafileChange &change)
 
 void DatafileDocument::setCatalog(CatalogForms forms, std::vector<CatalogEntry> entries)
 {
+    const bool isMissing = entries.empty() && g_records->count() > 0;
     g_catalog = std::make_unique<SubsetSortedData>(
         SubsetSortedData::catalogWithEntries(std::move(forms),
                                              std::move(entries),
                                              *g_records,
                                              g_settings->criteria<SubsetSortCriteriaData>(),
                                              g_selectionOnOpening));
+    if (isMissing)
+        sortAnew();
     g_catalog->observeSelectionWouldBeEmptyErrorNotification([this] { Q_EMIT selectionWouldBeEmptyError(); });
+}
+
+// A datafile without an order of its own gets the one that its criteria say. Where a date cannot be read, the
+// records stay as they come.
+void DatafileDocument::sortAnew()
+{
+    Progress progress;
+    if (const auto sorted = g_catalog->sort(
+            StoredTexts(*g_records, *g_settings), sortSettings(g_services.preferences), progress);
+        !sorted)
+        qCWarning(log) << sorted.error().error.message;
 }
 
 RecordData &DatafileDocument::recordToChange(const QString &identifier) const

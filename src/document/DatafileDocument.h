@@ -164,6 +164,9 @@ public:
     bool isModified() const { return g_changeCount != 0; }
     void updateChangeCount(ChangeCount change);
 
+    /// Announces that the order or the selection of the catalog changed.
+    void announceCatalogChange();
+
     /// Stores a field's content, or the text's plain content, and nothing else: no dates, no mark.
     void
     storeFieldValue(const QString &recordIdentifier, const QString &fieldIdentifier, const QString &value);
@@ -218,6 +221,7 @@ private:
     DatafileSnapshot snapshot();
     bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }
     void setCatalog(CatalogForms forms, std::vector<CatalogEntry> entries);
+    void sortAnew();
     RecordData &recordToChange(const QString &identifier) const;
     bool isOwnFile(const QString &path) const;
     Result<> mayWrite(const QString &typeName) const;

@@ -110,13 +110,13 @@ plist::Value BinaryRecords::value(quint32 place, const QString &key) const
     return found ? plist::readBinaryObject(g_table, *found) : plist::Value();
 }
 
-TextView BinaryRecords::fieldValue(quint32 place, const QString &fieldIdentifier) const
+TextView BinaryRecords::fieldValue(quint32 place, const FieldKey &field) const
 {
     if (g_records[place].fields == none)
         return {};
     const Object fields = object(g_records[place].fields);
     const std::optional<quint64> found =
-        fields.isDictionary() ? g_table.find(fields, fieldIdentifier) : std::nullopt;
+        fields.isDictionary() ? g_table.find(fields, field.text) : std::nullopt;
     if (!found)
         return {};
     const TextView text = textOf(*found);

@@ -31,7 +31,7 @@ public:
     bool needsOpening(quint32 place) const override { return g_records[place].needsOpening; }
     plist::Dictionary dictionary(quint32 place) const override;
     plist::Value value(quint32 place, const QString &key) const override;
-    TextView fieldValue(quint32 place, const QString &fieldIdentifier) const override;
+    TextView fieldValue(quint32 place, const FieldKey &field) const override;
     TextView textString(quint32 place) const override;
 
 private:

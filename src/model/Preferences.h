@@ -64,4 +64,8 @@ private:
 /// The defaults of every preference that has one.
 plist::Dictionary registeredDefaults();
 
+/// The titles ("Dr.", "Jr.") that are no part of a name when records are sorted by names. Without preferences
+/// the usual ones.
+QStringList sortTitleList(const Preferences *preferences);
+
 } // namespace tavrin

@@ -189,10 +189,16 @@ void QVKeyedCollectionData::closeUp()
 
 RecordsSnapshot QVKeyedCollectionData::snapshot() const
 {
+    RecordsSnapshot snapshot = numberedSnapshot();
+    snapshot.identifiers = std::make_shared<IdentifierTable>(*g_identifiers);
+    return snapshot;
+}
+
+RecordsSnapshot QVKeyedCollectionData::numberedSnapshot() const
+{
     RecordsSnapshot snapshot;
     snapshot.source = g_source;
     snapshot.sourceCount = g_source ? g_source->count() : 0;
-    snapshot.identifiers = std::make_shared<IdentifierTable>(*g_identifiers);
     snapshot.otherEntries = g_otherEntries;
     snapshot.entries.reserve(static_cast<size_t>(g_count));
     for (const Slot &slot : g_slots) {

@@ -28,7 +28,7 @@ struct RecordsSnapshot
 
     std::shared_ptr<const RecordSource> source; ///< May be null when all records are changed ones.
     quint32 sourceCount = 0;
-    std::shared_ptr<IdentifierTable> identifiers; ///< A copy of its own.
+    std::shared_ptr<IdentifierTable> identifiers; ///< A copy of its own; null when none was asked for.
     std::vector<Entry> entries;
     std::vector<plist::Dictionary> changed;
     plist::Dictionary otherEntries;
@@ -115,6 +115,8 @@ public:
     std::unique_ptr<RecordData> takeRecordForIdentifier(const QString &identifier);
 
     RecordsSnapshot snapshot() const;
+    /// The same without the table of identifiers, for those who know the records by number.
+    RecordsSnapshot numberedSnapshot() const;
     plist::Dictionary dictionary() const { return snapshot().dictionary(); }
 
 private:

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/FieldKey.h"
 #include "model/TextView.h"
 #include "plist/Value.h"
 
@@ -30,7 +31,7 @@ public:
     /// What stands under one of the record's keys; null when nothing does.
     virtual plist::Value value(quint32 place, const QString &key) const = 0;
     /// As RecordData::fieldValue() and textString() give them.
-    virtual TextView fieldValue(quint32 place, const QString &fieldIdentifier) const = 0;
+    virtual TextView fieldValue(quint32 place, const FieldKey &field) const = 0;
     virtual TextView textString(quint32 place) const = 0;
 
     /// The record's element as it stands in an XML datafile; empty for a record that came from elsewhere.

@@ -18,10 +18,10 @@ Date dateIn(const plist::Value &value)
 
 } // namespace
 
-TextView RecordView::fieldValue(const QString &fieldIdentifier) const
+TextView RecordView::fieldValue(const FieldKey &field) const
 {
-    return g_record ? TextView(g_record->fieldValue(fieldIdentifier))
-                    : g_source->fieldValue(g_place, fieldIdentifier);
+    return g_record ? TextView(g_record->fieldValue(field.text))
+                    : g_source->fieldValue(g_place, field);
 }
 
 TextView RecordView::textString() const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/Date.h"
+#include "model/FieldKey.h"
 #include "model/TextView.h"
 #include "plist/Value.h"
 
@@ -25,7 +26,7 @@ public:
         , g_place(place)
     {}
 
-    TextView fieldValue(const QString &fieldIdentifier) const;
+    TextView fieldValue(const FieldKey &field) const;
     TextView textString() const;
     QByteArray textRTFD() const;
     QString name() const;

@@ -2,10 +2,23 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/Preferences.h"
+#include "text/Names.h"
 
 namespace tavrin {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+plist::Array usualTitles()
+{
+    plist::Array titles;
+    for (const QString &title : text::defaultTitleList())
+        titles.append(title);
+    return titles;
+}
+
+} // namespace
 
 plist::Dictionary registeredDefaults()
 {
@@ -32,7 +45,18 @@ plist::Dictionary registeredDefaults()
         {u"DefaultFindBoxFontName"_s, u"Helvetica"_s},
         {u"DefaultTextFontSize"_s, 12},
         {u"DefaultTextFontName"_s, u"Helvetica"_s},
+        {u"SortTitleList"_s, usualTitles()},
     };
+}
+
+QStringList sortTitleList(const Preferences *preferences)
+{
+    if (!preferences)
+        return text::defaultTitleList();
+    QStringList titles;
+    for (const plist::Value &title : preferences->arrayForKey(u"SortTitleList"_s))
+        titles.append(title.toText());
+    return titles;
 }
 
 } // namespace tavrin

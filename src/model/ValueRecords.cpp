@@ -21,9 +21,9 @@ plist::Value ValueRecords::value(quint32 place, const QString &key) const
     return g_records[place].value(key);
 }
 
-TextView ValueRecords::fieldValue(quint32 place, const QString &fieldIdentifier) const
+TextView ValueRecords::fieldValue(quint32 place, const FieldKey &field) const
 {
-    return TextView(fieldValueIn(g_records[place].find(RecordKey::fields), fieldIdentifier));
+    return TextView(fieldValueIn(g_records[place].find(RecordKey::fields), field.text));
 }
 
 TextView ValueRecords::textString(quint32 place) const

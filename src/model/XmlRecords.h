@@ -37,7 +37,7 @@ public:
     bool needsOpening(quint32 place) const override { return g_records[place].needsOpening; }
     plist::Dictionary dictionary(quint32 place) const override;
     plist::Value value(quint32 place, const QString &key) const override;
-    TextView fieldValue(quint32 place, const QString &fieldIdentifier) const override;
+    TextView fieldValue(quint32 place, const FieldKey &field) const override;
     TextView textString(quint32 place) const override;
     QByteArrayView xml(quint32 place) const override;
 
@@ -54,6 +54,7 @@ private:
     };
 
     Outcome take(std::span<const XmlRecordIndexer> indexers, IdentifierTable &identifiers);
+    void fetchAhead(quint32 place, quint32 Record::*distance) const;
     plist::XmlCursor cursorAt(quint32 place, quint32 distance) const;
 
     SharedBytes g_bytes;

@@ -33,6 +33,8 @@ public:
     void setCurrentlySelected(bool selected) { g_current = selected; }
     void setPreviouslySelected(bool selected) { g_previous = selected; }
 
+    friend bool operator==(const CatalogEntry &, const CatalogEntry &) = default;
+
 private:
     quint32 g_identifier;
     quint32 g_form : 30;

@@ -5,6 +5,7 @@
 
 #include "base/FilledIn.h"
 #include "sorting/SortKeys.h"
+#include "sorting/WorkSteps.h"
 
 #include <QCoreApplication>
 
@@ -19,46 +20,20 @@ namespace {
 using Order = tl::expected<std::vector<quint32>, SortFailure>;
 constexpr const char *context = "RecordSort";
 
-/// Reports and asks now and then whether work goes on.
-class Steps
-{
-public:
-    Steps(Progress &progress, size_t count)
-        : g_progress(progress)
-        , g_count(count)
-        , g_step(std::max<size_t>(1, count / 200))
-    {}
-
-    /// False when the work is to stop.
-    bool goOn(size_t done)
-    {
-        if (done % g_step != 0)
-            return true;
-        g_progress.setDone(static_cast<qint64>(done), static_cast<qint64>(g_count));
-        return !g_progress.isCancelled();
-    }
-
-private:
-    Progress &g_progress;
-    size_t g_count;
-    size_t g_step;
-};
-
 tl::unexpected<SortFailure> failure(Error::Kind kind, quint32 place = RecordTexts::noRecord)
 {
-    const QString message = QCoreApplication::translate(context, "The records were not sorted.");
-    return tl::unexpected(SortFailure{Error{.kind = kind, .message = message}, place});
+    return tl::unexpected(SortFailure{Error{.kind = kind, .message = notSortedText()}, place});
 }
 
-Order sortedByNumbers(std::span<const quint32> records, const RecordTerms &terms, Steps &steps)
+Order sortedByNumbers(std::span<const quint32> records, const RecordTerms &terms, WorkSteps &steps)
 {
     NumberSortKeys keys;
     keys.reserve(records.size());
     QString buffer;
-    for (size_t i = 0; i < records.size(); ++i) {
-        if (!steps.goOn(i))
+    for (const quint32 record : records) {
+        if (!steps.goOn())
             return failure(Error::Kind::Cancelled);
-        keys.add(terms.number(records[i], buffer));
+        keys.add(terms.number(record, buffer));
     }
     return keys.sorted();
 }
@@ -66,7 +41,7 @@ Order sortedByNumbers(std::span<const quint32> records, const RecordTerms &terms
 Order sortedByTexts(std::span<const quint32> records,
                     const RecordTerms &terms,
                     Qt::CaseSensitivity sensitivity,
-                    Steps &steps)
+                    WorkSteps &steps)
 {
     // Every date was read once before any text is asked for again.
     TextSortKeys keys(sensitivity, [&](quint32 place, QString &buffer) {
@@ -75,14 +50,17 @@ Order sortedByTexts(std::span<const quint32> records,
     keys.reserve(records.size());
     QString buffer;
     for (size_t i = 0; i < records.size(); ++i) {
-        if (!steps.goOn(i))
+        if (!steps.goOn())
             return failure(Error::Kind::Cancelled);
         const std::optional<QAnyStringView> term = terms.text(records[i], buffer);
         if (!term)
             return failure(Error::Kind::Corrupt, static_cast<quint32>(i));
         keys.add(*term);
     }
-    return keys.sorted();
+    std::vector<quint32> places = keys.sorted(steps);
+    if (steps.isStopped())
+        return failure(Error::Kind::Cancelled);
+    return places;
 }
 
 } // namespace
@@ -95,12 +73,18 @@ Order sortedRecords(std::span<const quint32> records,
 {
     const RecordTerms terms(criteria, texts, settings);
     const auto sensitivity = criteria.caseSensitive() ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    Steps steps(progress, records.size());
+    // Making the terms is one half of the work, putting them in order the other.
+    WorkSteps steps(progress, 2 * records.size());
     Order order = terms.areNumbers() ? sortedByNumbers(records, terms, steps)
                                      : sortedByTexts(records, terms, sensitivity, steps);
     if (order && criteria.descending())
         std::ranges::reverse(*order);
     return order;
+}
+
+QString notSortedText()
+{
+    return QCoreApplication::translate(context, "The records were not sorted.");
 }
 
 QString unreadableDateText(qint64 recordNumber)

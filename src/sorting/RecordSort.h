@@ -30,6 +30,8 @@ tl::expected<std::vector<quint32>, SortFailure> sortedRecords(std::span<const qu
                                                               const SortSettings &settings,
                                                               Progress &progress);
 
+/// "The records were not sorted.", the message of every failure.
+QString notSortedText();
 /// The sentence that names the record to a person.
 QString unreadableDateText(qint64 recordNumber);
 

@@ -7,6 +7,24 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QStringList &sortKeys()
+{
+    static const QStringList keys{u"SortPrimaryFieldIdentifier"_s,
+                                  u"SortSecondaryFieldIdentifier"_s,
+                                  u"SortCompareSelector"_s,
+                                  u"SortCaseSensitive"_s,
+                                  u"SortNameLineNumber"_s,
+                                  u"SortWordLineNumber"_s,
+                                  u"SortWordLineOffset"_s,
+                                  u"SortWordNumber"_s,
+                                  u"QVSortDescending"_s};
+    return keys;
+}
+
+} // namespace
+
 QString SortCriteriaData::primaryFieldIdentifier() const
 {
     return stringForKey(u"SortPrimaryFieldIdentifier"_s, u"Text"_s);
@@ -85,6 +103,19 @@ qint64 SortCriteriaData::wordNumber() const
 void SortCriteriaData::setWordNumber(qint64 number)
 {
     setInteger(number, u"SortWordNumber"_s);
+}
+
+SortCriteriaData SortCriteriaData::sortCriteria() const
+{
+    SortCriteriaData criteria;
+    criteria.setSortCriteria(*this);
+    return criteria;
+}
+
+void SortCriteriaData::setSortCriteria(const SortCriteriaData &criteria)
+{
+    for (const QString &key : sortKeys())
+        setObject(criteria.objectForKey(key), key);
 }
 
 } // namespace tavrin

@@ -39,6 +39,11 @@ public:
     void setWordLineOffset(qint64 offset);
     qint64 wordNumber() const;
     void setWordNumber(qint64 number);
+
+    /// What is said about sorting, and nothing else that may stand beside it.
+    SortCriteriaData sortCriteria() const;
+    /// Says the same about sorting as the other criteria, and leaves the rest as it is.
+    void setSortCriteria(const SortCriteriaData &criteria);
 };
 
 } // namespace tavrin

@@ -3,6 +3,7 @@
 
 #include "sorting/SortKeys.h"
 
+#include "sorting/WorkSteps.h"
 #include "text/Comparison.h"
 #include "text/Folding.h"
 #include "text/Utf16Text.h"
@@ -151,48 +152,61 @@ quint64 TextSortKeys::wordAt(quint32 place, size_t depth) const
     return word;
 }
 
-std::vector<quint32> TextSortKeys::sorted() const
+std::vector<quint32> TextSortKeys::sorted(WorkSteps &steps) const
 {
     std::vector<SortWord> words(g_isCut.size());
     for (size_t i = 0; i < words.size(); ++i)
         words[i] = {wordAt(static_cast<quint32>(i), 0), static_cast<quint32>(i)};
     sortWords(words);
-    sortTies(words.data(), words.data() + words.size(), 0);
+    sortTies(words.data(), words.data() + words.size(), 0, steps);
     return placesOf(words);
 }
 
-/// Sorts those with equal words by what follows.
-void TextSortKeys::sortTies(SortWord *begin, SortWord *end, size_t depth) const
+std::vector<quint32> TextSortKeys::sorted() const
 {
-    for (SortWord *first = begin; first < end;) {
+    Progress progress;
+    WorkSteps steps(progress, g_isCut.size());
+    return sorted(steps);
+}
+
+/// Sorts those with equal words by what follows.
+void TextSortKeys::sortTies(SortWord *begin, SortWord *end, size_t depth, WorkSteps &steps) const
+{
+    for (SortWord *first = begin; first < end && !steps.isStopped();) {
         SortWord *last = first + 1;
         while (last < end && last->word == first->word)
             ++last;
-        if (last - first > 1) {
-            const bool isAtEnd = (first->word & 0xFF) == 0 || depth + sizeof first->word >= longestKey;
-            if (isAtEnd) {
-                sortByWholeTexts(first, last);
-            } else {
-                for (SortWord *tied = first; tied < last; ++tied)
-                    tied->word = wordAt(tied->place, depth + sizeof tied->word);
-                sortRun(first, last);
-                sortTies(first, last, depth + sizeof first->word);
-            }
+        const bool isAtEnd = (first->word & 0xFF) == 0 || depth + sizeof first->word >= longestKey;
+        if (last - first == 1) {
+            steps.goOn();
+        } else if (isAtEnd) {
+            sortByWholeTexts(first, last, steps);
+        } else {
+            for (SortWord *tied = first; tied < last; ++tied)
+                tied->word = wordAt(tied->place, depth + sizeof tied->word);
+            sortRun(first, last);
+            sortTies(first, last, depth + sizeof first->word, steps);
         }
         first = last;
     }
 }
 
 /// Those whose kept keys are equal, if there is more to tell them apart.
-void TextSortKeys::sortByWholeTexts(SortWord *begin, SortWord *end) const
+void TextSortKeys::sortByWholeTexts(SortWord *begin, SortWord *end, WorkSteps &steps) const
 {
-    if (std::none_of(begin, end, [this](const SortWord &tied) { return g_isCut[tied.place]; }))
+    const auto count = static_cast<size_t>(end - begin);
+    if (std::none_of(begin, end, [this](const SortWord &tied) { return g_isCut[tied.place]; })) {
+        steps.goOn(count);
         return;
+    }
     std::vector<std::pair<std::string, quint32>> wholes;
-    wholes.reserve(static_cast<size_t>(end - begin));
+    wholes.reserve(count);
     QString buffer;
-    for (const SortWord *tied = begin; tied < end; ++tied)
+    for (const SortWord *tied = begin; tied < end; ++tied) {
+        if (!steps.goOn())
+            return;
         wholes.emplace_back(text::comparisonKey(g_textOf(tied->place, buffer), g_sensitivity), tied->place);
+    }
     std::ranges::stable_sort(wholes, {}, &std::pair<std::string, quint32>::first);
     for (const auto &[key, place] : wholes)
         *begin++ = {0, place};

@@ -12,6 +12,8 @@
 
 namespace tavrin {
 
+class WorkSteps;
+
 /// A key in the order of which things are sorted, and the place at which its thing was added.
 struct SortWord
 {
@@ -33,7 +35,9 @@ public:
     void reserve(size_t count);
     void add(QAnyStringView text);
 
-    /// The places in the order of their texts; equal texts keep their order.
+    /// The places in the order of their texts; equal texts keep their order. Each place is a step; when the
+    /// steps are stopped, the order is not to be used.
+    std::vector<quint32> sorted(WorkSteps &steps) const;
     std::vector<quint32> sorted() const;
 
 private:
@@ -41,8 +45,8 @@ private:
 
     void addStart(QAnyStringView text);
     quint64 wordAt(quint32 place, size_t depth) const;
-    void sortTies(SortWord *begin, SortWord *end, size_t depth) const;
-    void sortByWholeTexts(SortWord *begin, SortWord *end) const;
+    void sortTies(SortWord *begin, SortWord *end, size_t depth, WorkSteps &steps) const;
+    void sortByWholeTexts(SortWord *begin, SortWord *end, WorkSteps &steps) const;
 
     Qt::CaseSensitivity g_sensitivity;
     TextOf g_textOf;
@@ -58,7 +62,7 @@ public:
     void reserve(size_t count) { g_words.reserve(count); }
     void add(double number);
 
-    /// As TextSortKeys::sorted().
+    /// The places in the order of their numbers; equal numbers keep their order.
     std::vector<quint32> sorted() const;
 
 private:

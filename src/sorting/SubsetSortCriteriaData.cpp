@@ -9,6 +9,28 @@ using namespace Qt::StringLiterals;
 
 // The doubled "i" of the identifier keys is what datafiles have.
 
+namespace {
+
+const QStringList &selectionKeys()
+{
+    static const QStringList keys{u"SubsetBasedOnPopup1"_s,
+                                  u"SubsetBasedOnPopup2"_s,
+                                  u"SubsetBasedOnIdentifiier1"_s,
+                                  u"SubsetBasedOnIdentifiier2"_s,
+                                  u"SubsetTreatAsPopup1"_s,
+                                  u"SubsetTreatAsPopup2"_s,
+                                  u"SubsetWhereField1"_s,
+                                  u"SubsetWhereField2"_s,
+                                  u"SubsetWherePopup1"_s,
+                                  u"SubsetWherePopup2"_s,
+                                  u"SubsetAndSelect"_s,
+                                  u"SubsetOrSelect"_s,
+                                  u"SubsetSelectAll"_s};
+    return keys;
+}
+
+} // namespace
+
 qint64 SubsetSortCriteriaData::basedOnPopup1() const
 {
     return integerForKey(u"SubsetBasedOnPopup1"_s, 0);
@@ -137,6 +159,19 @@ bool SubsetSortCriteriaData::selectAllRecords() const
 void SubsetSortCriteriaData::setSelectAllRecords(bool selectAll)
 {
     setBool(selectAll, u"SubsetSelectAll"_s);
+}
+
+void SubsetSortCriteriaData::selectEverything()
+{
+    resetSubsetCriteria();
+    setAndSelect(false);
+    setOrSelect(false);
+}
+
+void SubsetSortCriteriaData::setSelectionCriteria(const SubsetSortCriteriaData &criteria)
+{
+    for (const QString &key : selectionKeys())
+        setObject(criteria.objectForKey(key), key);
 }
 
 } // namespace tavrin

@@ -49,6 +49,10 @@ public:
     void setSelectAllRecords(bool selectAll);
 
     void resetSubsetCriteria() { setSelectAllRecords(true); }
+    /// Says that all are selected, by no condition.
+    void selectEverything();
+    /// Says the same about selecting as the other criteria, and leaves the rest as it is.
+    void setSelectionCriteria(const SubsetSortCriteriaData &criteria);
     void removeAllObjects() { setDictionary(plist::Dictionary()); }
 };
 

@@ -8,6 +8,49 @@
 
 namespace tavrin {
 
+namespace {
+
+/// Where entries stood once. Each entry takes its rank, so that two of one record take different ones.
+class EntryRanks
+{
+public:
+    static constexpr quint32 none = 0xffffffff;
+
+    EntryRanks(const std::vector<CatalogEntry> &entries, quint32 identifierCount)
+        : g_identifierCount(identifierCount)
+        , g_nextRanks(entries.size(), none)
+    {
+        for (size_t rank = entries.size(); rank-- > 0;) {
+            const size_t name = nameOf(entries[rank]);
+            if (name >= g_ranks.size())
+                g_ranks.resize(std::max<size_t>(name + 1, identifierCount), none);
+            g_nextRanks[rank] = std::exchange(g_ranks[name], static_cast<quint32>(rank));
+        }
+    }
+
+    quint32 take(const CatalogEntry &entry)
+    {
+        const size_t name = nameOf(entry);
+        const quint32 rank = name < g_ranks.size() ? g_ranks[name] : none;
+        if (rank != none)
+            g_ranks[name] = g_nextRanks[rank];
+        return rank;
+    }
+
+private:
+    /// Inert entries have no identifier, but each has a form of its own.
+    size_t nameOf(const CatalogEntry &entry) const
+    {
+        return entry.isInert() ? size_t(g_identifierCount) + entry.form() : entry.identifier();
+    }
+
+    quint32 g_identifierCount;
+    std::vector<quint32> g_ranks;
+    std::vector<quint32> g_nextRanks; ///< By rank: that of the next entry of the same name.
+};
+
+} // namespace
+
 SubsetSortedData SubsetSortedData::catalogWithSortedArray(const plist::Array &array,
                                                           const DatafileRecordsData &records,
                                                           const SubsetSortCriteriaData &criteria,
@@ -79,6 +122,25 @@ CatalogSnapshot SubsetSortedData::snapshot(std::shared_ptr<IdentifierTable> iden
     return snapshot;
 }
 
+std::vector<CatalogEntry> SubsetSortedData::entries() const
+{
+    std::vector<CatalogEntry> entries;
+    entries.reserve(static_cast<size_t>(count()));
+    g_order.forEach([&](const CatalogEntry &entry) { entries.push_back(entry); });
+    return entries;
+}
+
+CatalogRecords SubsetSortedData::catalogRecords() const
+{
+    CatalogRecords catalog{entries(), {}};
+    catalog.records.reserve(catalog.entries.size());
+    for (const CatalogEntry &entry : catalog.entries) {
+        const bool isRecord = g_records->view(entry.identifier()).has_value();
+        catalog.records.push_back(isRecord ? entry.identifier() : RecordTexts::noRecord);
+    }
+    return catalog;
+}
+
 bool SubsetSortedData::isSelectedIdentifier(const QString &identifier) const
 {
     return indexOfSelectedIdentifier(identifier) != NotFound;
@@ -108,28 +170,62 @@ QStringList SubsetSortedData::selectedIdentifiers() const
 
 void SubsetSortedData::selectAll()
 {
-    g_criteria.resetSubsetCriteria();
-    g_criteria.setAndSelect(false);
-    g_criteria.setOrSelect(false);
-    selectWhere([](const CatalogEntry &) { return true; });
+    SubsetSortCriteriaData everything = g_criteria;
+    everything.selectEverything();
+    setSelection(everything, std::vector<bool>(static_cast<size_t>(count()), true));
 }
 
-bool SubsetSortedData::selectWhere(const std::function<bool(const CatalogEntry &)> &rule)
+bool SubsetSortedData::setSelection(const SubsetSortCriteriaData &criteria, const std::vector<bool> &states)
 {
-    // All are judged before any is changed.
-    std::vector<bool> selected;
-    selected.reserve(static_cast<size_t>(count()));
-    g_order.forEach([&](const CatalogEntry &entry) { selected.push_back(!entry.isInert() && rule(entry)); });
-    size_t place = 0;
-    g_order.changeEach([&](CatalogEntry &entry) {
-        g_forms.setPreviouslySelected(entry, entry.currentlySelected());
-        g_forms.setCurrentlySelected(entry, selected[place++]);
-    });
+    g_criteria = criteria;
+    setStates(states);
     if (countSelected() > 0 || hasOnlyInertEntries())
         return true;
     if (g_selectionWouldBeEmpty)
         g_selectionWouldBeEmpty();
-    return revertToPrevious();
+    revertToPrevious();
+    return false;
+}
+
+void SubsetSortedData::setStates(const std::vector<bool> &states)
+{
+    size_t place = 0;
+    g_order.changeEach([&](CatalogEntry &entry) {
+        g_forms.setPreviouslySelected(entry, entry.currentlySelected());
+        g_forms.setCurrentlySelected(entry, states[place++]);
+    });
+}
+
+Result<bool> SubsetSortedData::selectWithCriteria(const SubsetSortCriteriaData &criteria,
+                                                  bool fromOmitted,
+                                                  const RecordTexts &texts,
+                                                  const SelectionSettings &settings,
+                                                  Progress &progress)
+{
+    const auto states =
+        selectionByCriteria(catalogRecords(), criteria, fromOmitted, texts, settings, progress);
+    if (!states)
+        return states.error();
+    return setSelection(criteria, *states);
+}
+
+bool SubsetSortedData::setFindSelection(const std::vector<bool> &states)
+{
+    const bool isAnySelected = std::ranges::find(states, true) != states.end();
+    if (isAnySelected)
+        setStates(states);
+    return isAnySelected;
+}
+
+Result<bool> SubsetSortedData::selectForFind(const QStringList &keys,
+                                             bool caseSensitive,
+                                             const RecordTexts &texts,
+                                             Progress &progress)
+{
+    const auto states = selectionForFind(catalogRecords(), keys, caseSensitive, texts, progress);
+    if (!states)
+        return states.error();
+    return setFindSelection(*states);
 }
 
 bool SubsetSortedData::hasOnlyInertEntries() const
@@ -220,6 +316,62 @@ void SubsetSortedData::rebuildCatalog()
     entries.reserve(static_cast<size_t>(g_records->count()));
     g_records->forEach([&](quint32 identifier, const RecordView &) { entries.emplace_back(identifier); });
     g_order.assign(std::move(entries));
+}
+
+CatalogSnapshot SubsetSortedData::pushCatalog()
+{
+    CatalogSnapshot pushed{g_forms, g_order};
+    rebuildCatalog();
+    return pushed;
+}
+
+void SubsetSortedData::popCatalog(CatalogSnapshot catalog)
+{
+    g_forms = std::move(catalog.forms);
+    g_order = std::move(catalog.order);
+}
+
+tl::expected<void, SortFailure>
+SubsetSortedData::sort(const RecordTexts &texts, const SortSettings &settings, Progress &progress)
+{
+    const auto places = sortedRecords(catalogRecords().records, g_criteria, texts, settings, progress);
+    if (!places)
+        return tl::unexpected(places.error());
+    arrange(*places);
+    return {};
+}
+
+void SubsetSortedData::arrange(std::span<const quint32> places)
+{
+    const std::vector<CatalogEntry> entries = this->entries();
+    std::vector<CatalogEntry> arranged;
+    arranged.reserve(places.size());
+    for (const quint32 place : places)
+        arranged.push_back(entries[place]);
+    g_order.assign(std::move(arranged));
+}
+
+void SubsetSortedData::restoreOrder(const std::vector<CatalogEntry> &entries)
+{
+    EntryRanks ranks(entries, g_forms.identifiers().count());
+    const std::vector<CatalogEntry> present = this->entries();
+    std::vector<const CatalogEntry *> ranked(entries.size());
+    std::vector<CatalogEntry> added;
+    for (const CatalogEntry &entry : present) {
+        const quint32 rank = ranks.take(entry);
+        if (rank == EntryRanks::none)
+            added.push_back(entry);
+        else
+            ranked[rank] = &entry;
+    }
+    std::vector<CatalogEntry> restored;
+    restored.reserve(present.size());
+    for (const CatalogEntry *entry : ranked) {
+        if (entry)
+            restored.push_back(*entry);
+    }
+    restored.insert(restored.end(), added.begin(), added.end());
+    g_order.assign(std::move(restored));
 }
 
 void SubsetSortedData::setSelected(const QString &identifier, bool selected)

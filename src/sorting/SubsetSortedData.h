@@ -7,12 +7,15 @@
 #include "model/DatafileRecordsData.h"
 #include "sorting/CatalogForms.h"
 #include "sorting/CatalogOrder.h"
+#include "sorting/RecordSelection.h"
+#include "sorting/RecordSort.h"
 #include "sorting/SubsetSortCriteriaData.h"
 
 #include <QSet>
 #include <QStringList>
 
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace tavrin {
@@ -57,10 +60,13 @@ public:
     QString identifierAtIndex(qint64 index) const;
     qint64 indexOfIdentifier(const QString &identifier) const;
     QStringList identifiers() const;
+    std::vector<CatalogEntry> entries() const;
     /// What is stored, whole.
     plist::Array sortedArray() const;
     /// What is stored, for a look at it on another thread: identifiers are then taken from that table.
     CatalogSnapshot snapshot(std::shared_ptr<IdentifierTable> identifiers) const;
+    /// What sorting and selecting go over, on whatever thread.
+    CatalogRecords catalogRecords() const;
 
     const SubsetSortCriteriaData &criteria() const { return g_criteria; }
     void setCriteria(const SubsetSortCriteriaData &criteria) { g_criteria = criteria; }
@@ -78,9 +84,19 @@ public:
     // Changing the selection.
 
     void selectAll();
-    /// Gives every entry the state that the rule says, the rule seeing all of them as they were. A selection
-    /// of nothing is announced and taken back. False when nothing is selected in the end.
-    bool selectWhere(const std::function<bool(const CatalogEntry &)> &rule);
+    /// Stores the criteria, gives each entry the state of its place, and remembers the one it had. A
+    /// selection of nothing is announced and taken back: false.
+    bool setSelection(const SubsetSortCriteriaData &criteria, const std::vector<bool> &states);
+    /// The same of the records that meet the criteria; see selectionByCriteria(). Cancelled.
+    Result<bool> selectWithCriteria(const SubsetSortCriteriaData &criteria,
+                                    bool fromOmitted,
+                                    const RecordTexts &texts,
+                                    const SelectionSettings &settings,
+                                    Progress &progress);
+    /// Leaves selected what selectionForFind() says; false, and no change, when that is nothing.
+    bool setFindSelection(const std::vector<bool> &states);
+    Result<bool>
+    selectForFind(const QStringList &keys, bool caseSensitive, const RecordTexts &texts, Progress &progress);
     /// Swaps the selection with the one before; a second time swaps back. False when that left nothing.
     bool revertToPrevious();
     /// Shows the omitted records instead. False, and no change, when there are none.
@@ -103,6 +119,21 @@ public:
     void deleteIdentifiers(const QSet<QString> &identifiers);
     /// One entry for each record, in the order of the records, all selected.
     void rebuildCatalog();
+    /// The same, giving back what was there before, for popCatalog() to put back.
+    CatalogSnapshot pushCatalog();
+    void popCatalog(CatalogSnapshot catalog);
+
+    // The order.
+
+    /// Sorts all entries, omitted ones too, as criteria() say. On failure they stay as they are; the place is
+    /// an index.
+    tl::expected<void, SortFailure>
+    sort(const RecordTexts &texts, const SortSettings &settings, Progress &progress);
+    /// Makes the entry at places[0] the first, and so on; each place is there once.
+    void arrange(std::span<const quint32> places);
+    /// Puts the entries in the order of those, with the flags that they have now. Entries that are not among
+    /// those go to the end.
+    void restoreOrder(const std::vector<CatalogEntry> &entries);
 
 private:
     SubsetSortedData(const DatafileRecordsData &records, CatalogForms forms)
@@ -112,6 +143,7 @@ private:
 
     void insertAt(qint64 index, const QString &identifier);
     void setSelected(const QString &identifier, bool selected);
+    void setStates(const std::vector<bool> &states);
     bool hasOnlyInertEntries() const;
 
     const DatafileRecordsData *g_records;

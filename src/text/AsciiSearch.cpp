@@ -3,6 +3,10 @@
 
 #include "text/AsciiSearch.h"
 
+#include "text/Folding.h"
+
+#include <utility>
+
 // Highway compiles this file once for every set of vector instructions. What stands between its
 // BEFORE_NAMESPACE and AFTER_NAMESPACE exists as often; the rest, under HWY_ONCE, exists once.
 #undef HWY_TARGET_INCLUDE
@@ -20,6 +24,8 @@ struct Needle
     const uchar *units;
     size_t size;
     bool caseInsensitive;
+    size_t rarest; ///< Where in it the two units stand that texts have least often.
+    size_t second;
 
     /// The bit in which the case of the unit shows.
     HWY_INLINE uchar caseBit(size_t index) const
@@ -38,22 +44,25 @@ HWY_INLINE bool matches(const Unit *text, Needle needle)
     return true;
 }
 
-/// The first of the places before `end` where the needle stands; `end` when it stands nowhere.
+/// The first of the places before `end` where the needle stands; `end` when it stands nowhere. Then it also
+/// tells whether the units from needle.rarest on, as many as there are places, are ASCII.
 template <typename Unit>
-HWY_INLINE size_t findUnits(const Unit *text, size_t end, Needle needle)
+HWY_INLINE size_t findUnits(const Unit *text, size_t end, Needle needle, bool &isAscii)
 {
     const hn::CappedTag<Unit, 64 / sizeof(Unit)> lanes;
     const size_t step = hn::Lanes(lanes);
-    const size_t behind = needle.size - 1;
-    const auto first = hn::Set(lanes, needle.units[0]);
-    const auto firstCase = hn::Set(lanes, needle.caseBit(0));
-    const auto last = hn::Set(lanes, needle.units[behind]);
-    const auto lastCase = hn::Set(lanes, needle.caseBit(behind));
+    const auto rarest = hn::Set(lanes, needle.units[needle.rarest]);
+    const auto rarestCase = hn::Set(lanes, needle.caseBit(needle.rarest));
+    const auto second = hn::Set(lanes, needle.units[needle.second]);
+    const auto secondCase = hn::Set(lanes, needle.caseBit(needle.second));
+    auto seen = hn::Zero(lanes);
     for (size_t at = 0; at + step <= end;) {
-        // Where both the first and the last unit stand right, the needle may stand.
-        const auto isFirst = hn::Eq(hn::Or(hn::LoadU(lanes, text + at), firstCase), first);
-        const auto isLast = hn::Eq(hn::Or(hn::LoadU(lanes, text + at + behind), lastCase), last);
-        const auto isBoth = hn::And(isFirst, isLast);
+        // Where both units stand right, the needle may stand.
+        const auto units = hn::LoadU(lanes, text + at + needle.rarest);
+        seen = hn::Or(seen, units);
+        const auto isRarest = hn::Eq(hn::Or(units, rarestCase), rarest);
+        const auto isSecond = hn::Eq(hn::Or(hn::LoadU(lanes, text + at + needle.second), secondCase), second);
+        const auto isBoth = hn::And(isRarest, isSecond);
         if (!hn::AllFalse(lanes, isBoth)) {
             quint64 bits = 0;
             hn::StoreMaskBits(lanes, isBoth, reinterpret_cast<uchar *>(&bits));
@@ -66,25 +75,33 @@ HWY_INLINE size_t findUnits(const Unit *text, size_t end, Needle needle)
         // The last step may look at some places once more.
         at = at + step == end || at + 2 * step <= end ? at + step : end - step;
     }
+    constexpr Unit firstBeyondAscii = 0x80;
+    isAscii = hn::AllTrue(lanes, hn::Lt(seen, hn::Set(lanes, firstBeyondAscii)));
     for (size_t at = 0; end < step && at < end; ++at) {
         if (matches(text + at, needle))
             return at;
+        isAscii = isAscii && text[at + needle.rarest] < firstBeyondAscii;
     }
     return end;
 }
 
-size_t findInUnits(const char16_t *text, size_t end, const char *needle, size_t size, bool caseInsensitive)
+Needle needleOf(const AsciiNeedle &needle)
 {
-    return findUnits(reinterpret_cast<const quint16 *>(text),
-                     end,
-                     {reinterpret_cast<const uchar *>(needle), size, caseInsensitive});
+    return {reinterpret_cast<const uchar *>(needle.units.constData()),
+            static_cast<size_t>(needle.units.size()),
+            needle.caseInsensitive,
+            needle.rarest,
+            needle.second};
 }
 
-size_t findInBytes(const char *text, size_t end, const char *needle, size_t size, bool caseInsensitive)
+size_t findInUnits(const char16_t *text, size_t end, const AsciiNeedle &needle, bool &isAscii)
 {
-    return findUnits(reinterpret_cast<const uchar *>(text),
-                     end,
-                     {reinterpret_cast<const uchar *>(needle), size, caseInsensitive});
+    return findUnits(reinterpret_cast<const quint16 *>(text), end, needleOf(needle), isAscii);
+}
+
+size_t findInBytes(const char *text, size_t end, const AsciiNeedle &needle, bool &isAscii)
+{
+    return findUnits(reinterpret_cast<const uchar *>(text), end, needleOf(needle), isAscii);
 }
 
 } // namespace tavrin::text::HWY_NAMESPACE
@@ -98,39 +115,62 @@ HWY_EXPORT(findInBytes);
 
 namespace {
 
-/// Calls find(end, size) over the places at or behind `from`, of which it gives the first or `end`.
-template <typename Find>
-qsizetype findFrom(qsizetype from, qsizetype textSize, qsizetype needleSize, Find find)
+/// How seldom people's texts have the character; only the order means something.
+qsizetype rarity(char character)
 {
-    const qsizetype places = textSize - needleSize + 1 - from;
-    if (places <= 0)
-        return -1;
-    const auto place =
-        static_cast<qsizetype>(find(static_cast<size_t>(places), static_cast<size_t>(needleSize)));
-    return place < places ? from + place : -1;
+    constexpr QByteArrayView commonFirst(" etaoinsrhldcumfpgwyb.,\nv0123456789kETAOINSRHLDCMxjqz");
+    const qsizetype place = commonFirst.indexOf(character);
+    return place < 0 ? commonFirst.size() : place;
 }
 
 } // namespace
 
-qsizetype AsciiSearch::find(QStringView text, qsizetype from) const
+AsciiNeedle::AsciiNeedle(QStringView text, bool ignoresCase)
+    : units(text.toLatin1())
+    , caseInsensitive(ignoresCase)
 {
-    return findFrom(from, text.size(), g_needle.size(), [&](size_t end, size_t size) {
-        return HWY_DYNAMIC_DISPATCH(findInUnits)(
-            text.utf16() + from, end, g_needle.constData(), size, g_caseInsensitive);
-    });
+    const auto isRarer = [this](size_t left, size_t right) {
+        return rarity(units[static_cast<qsizetype>(left)]) > rarity(units[static_cast<qsizetype>(right)]);
+    };
+    for (size_t place = 1; place < static_cast<size_t>(units.size()); ++place) {
+        if (isRarer(place, rarest))
+            second = std::exchange(rarest, place);
+        else if (second == rarest || isRarer(place, second))
+            second = place;
+    }
 }
 
-qsizetype AsciiSearch::find(QByteArrayView text, qsizetype from) const
+qsizetype AsciiSearch::find(QStringView text, qsizetype from) const
 {
-    return findFrom(from, text.size(), g_needle.size(), [&](size_t end, size_t size) {
-        return HWY_DYNAMIC_DISPATCH(findInBytes)(
-            text.data() + from, end, g_needle.constData(), size, g_caseInsensitive);
-    });
+    const qsizetype places = text.size() - g_needle.units.size() + 1 - from;
+    if (places <= 0)
+        return -1;
+    bool isAscii = false;
+    const auto place = static_cast<qsizetype>(HWY_DYNAMIC_DISPATCH(findInUnits)(
+        text.utf16() + from, static_cast<size_t>(places), g_needle, isAscii));
+    return place < places ? from + place : -1;
+}
+
+AsciiSearch::Outcome AsciiSearch::find(QByteArrayView text) const
+{
+    const qsizetype places = text.size() - g_needle.units.size() + 1;
+    const auto areAscii = [](QByteArrayView bytes) { return text::isAscii(QLatin1StringView(bytes)); };
+    if (places <= 0)
+        return {-1, areAscii(text)};
+    bool isAscii = false;
+    const auto place = static_cast<qsizetype>(
+        HWY_DYNAMIC_DISPATCH(findInBytes)(text.data(), static_cast<size_t>(places), g_needle, isAscii));
+    if (place < places)
+        return {place, false};
+    // What the search has not looked at: a few bytes in front and behind.
+    const auto start = static_cast<qsizetype>(g_needle.rarest);
+    return {-1, isAscii && areAscii(text.first(start)) && areAscii(text.sliced(start + places))};
 }
 
 bool AsciiSearch::matchesAt(QStringView text, qsizetype start) const
 {
-    return start + g_needle.size() <= text.size() && find(text.sliced(start, g_needle.size()), 0) == 0;
+    const qsizetype size = g_needle.units.size();
+    return start + size <= text.size() && find(text.sliced(start, size), 0) == 0;
 }
 
 } // namespace tavrin::text

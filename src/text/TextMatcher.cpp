@@ -98,8 +98,8 @@ bool TextMatcher::isInBytes(View text) const
         return false;
     if (!g_ascii)
         return !isAscii(text) && firstIn(Utf16Text(text).view());
-    const qsizetype start = g_ascii->find(QByteArrayView(text.data(), text.size()), 0);
-    if (start < 0 && (!g_hasForeignForms || isAscii(text) || !mayFoldToAscii(text)))
+    const auto [start, textIsAscii] = g_ascii->find(QByteArrayView(text.data(), text.size()));
+    if (start < 0 && (!g_hasForeignForms || textIsAscii || !mayFoldToAscii(text)))
         return false;
     const qsizetype end = start + g_folded.size();
     // What follows may be a mark, unless it is ASCII.

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void keysMayBePathsAndTypesStay();
     void aRemovedPreferenceShowsTheRegisteredOne();
     void registeredDefaultsAreNeverStored();
+    void theTitlesAreThoseOfThePerson();
     void twoInstancesMergeWhatEachChanged();
     void changesOfAnotherInstanceAreAnnouncedOnce();
     void aDamagedFileIsMovedAside();
@@ -84,6 +85,18 @@ void PreferencesTest::registeredDefaultsAreNeverStored()
     const Preferences preferences(g_path);
     QCOMPARE(preferences.integerForKey(u"Mine"_s), 1);
     QVERIFY(!preferences.isSet(u"EditorMode"_s));
+}
+
+void PreferencesTest::theTitlesAreThoseOfThePerson()
+{
+    Preferences preferences;
+    preferences.registerDefaults(registeredDefaults());
+    QCOMPARE(sortTitleList(&preferences).size(), 25);
+    QCOMPARE(sortTitleList(&preferences), sortTitleList(nullptr));
+    preferences.setObject(plist::Array{u"Sir"_s}, u"SortTitleList"_s);
+    QCOMPARE(sortTitleList(&preferences), QStringList{u"Sir"_s});
+    preferences.setObject(plist::Array{}, u"SortTitleList"_s);
+    QVERIFY(sortTitleList(&preferences).isEmpty());
 }
 
 void PreferencesTest::twoInstancesMergeWhatEachChanged()

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "document/RecordSelecting.h"
+#include "document/RecordSorting.h"
+
+namespace tavrin {
+
+/// How the records of a document are arranged: in which order, and which of them are selected.
+///
+/// Each operation marks the document as changed and announces it once, when it did anything. sort(), select()
+/// and selectForFind() do at once what RecordSorting and RecordSelecting do in steps.
+class DatafileArrangement
+{
+public:
+    /// The document outlives it.
+    explicit DatafileArrangement(DatafileDocument &document) : g_document(document) {}
+
+    tl::expected<SortChange, SortRefusal> sort(const SortCriteriaData &criteria, Progress &progress);
+
+    /// See RecordSelecting::apply().
+    Result<bool> select(const SubsetSortCriteriaData &criteria, bool fromOmitted, Progress &progress);
+    Result<bool> selectForFind(const QStringList &keys, bool caseSensitive, Progress &progress);
+
+    /// Says so in the stored criteria, too.
+    void selectAll();
+    /// Swaps the selection with the one before. False, and no change, when that selected nothing; the
+    /// document sends selectionWouldBeEmptyError().
+    bool revertToPrevious();
+    /// Shows the omitted records instead. False, and no change, when there are none.
+    bool switchToOmitted();
+    /// Omits a selected record. False, and no change, when it is the only one; the document sends
+    /// selectionWouldBeEmptyError().
+    bool omit(const QString &identifier);
+
+private:
+    void changed();
+
+    DatafileDocument &g_document;
+};
+
+} // namespace tavrin

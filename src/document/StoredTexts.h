@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "document/AddressPlace.h"
+#include "model/RecordSource.h"
+#include "sorting/RecordTerms.h"
+
+#include <memory>
+#include <vector>
+
+namespace tavrin {
+
+class DatafileRecordsData;
+class DatafileSettingsData;
+class Preferences;
+class RecordView;
+
+/// What sorting and selecting read of a datafile, as it is when this is made: it can be read on another
+/// thread while the datafile changes. Texts are read where they stand; no record is opened.
+class StoredTexts : public RecordTexts
+{
+public:
+    StoredTexts(const DatafileRecordsData &records, const DatafileSettingsData &settings);
+    ~StoredTexts() override;
+
+    RecordTextReader fieldReader(const QString &fieldIdentifier) const override;
+    RecordTextReader textReader() const override;
+    QString freeformAddressBlock(quint32 record) const override;
+    Date createdDate(quint32 record) const override;
+    Date modifiedDate(quint32 record) const override;
+    QStringList fieldIdentifiers() const override { return g_fieldIdentifiers; }
+
+private:
+    RecordView view(quint32 record) const;
+
+    std::shared_ptr<const RecordSource> g_source; ///< The records as they stand in the file,
+    std::unique_ptr<RecordSource> g_changed;      ///< and those that were changed or added since.
+    quint32 g_sourceCount;
+    std::vector<quint32> g_places; ///< By record: a place in the source; behind those, in the changed.
+    AddressPlace g_addressPlace;
+    QStringList g_fieldIdentifiers;
+};
+
+/// What sorting needs besides the records; without preferences, the usual titles.
+SortSettings sortSettings(const Preferences *preferences);
+
+} // namespace tavrin
