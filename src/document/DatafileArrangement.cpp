@@ -7,8 +7,8 @@
 
 namespace tavrin {
 
-tl::expected<SortChange, SortRefusal> DatafileArrangement::sort(const SortCriteriaData &criteria,
-                                                                Progress &progress)
+tl::expected<std::unique_ptr<SortChange>, SortRefusal>
+DatafileArrangement::sort(const SortCriteriaData &criteria, Progress &progress)
 {
     RecordSorting sorting(g_document, criteria);
     sorting.run(progress);

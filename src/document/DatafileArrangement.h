@@ -18,7 +18,8 @@ public:
     /// The document outlives it.
     explicit DatafileArrangement(DatafileDocument &document) : g_document(document) {}
 
-    tl::expected<SortChange, SortRefusal> sort(const SortCriteriaData &criteria, Progress &progress);
+    tl::expected<std::unique_ptr<SortChange>, SortRefusal> sort(const SortCriteriaData &criteria,
+                                                                Progress &progress);
 
     /// See RecordSelecting::apply().
     Result<bool> select(const SubsetSortCriteriaData &criteria, bool fromOmitted, Progress &progress);

@@ -6,6 +6,7 @@
 #include "base/InternalInconsistency.h"
 #include "document/BackgroundSave.h"
 #include "document/DatafileContents.h"
+#include "document/UndoHistory.h"
 
 #include <QFileInfo>
 
@@ -18,6 +19,7 @@ DatafileDocument::DatafileDocument(const DocumentServices &services, DatafileKin
     , g_records(std::make_unique<DatafileRecordsData>())
     , g_defaultDraftName(tr("New Datafile"))
     , g_save(std::make_unique<BackgroundSave>())
+    , g_undoHistory(std::make_unique<UndoHistory>(*this))
 {
     setCatalog(CatalogForms(g_records->sharedIdentifiers()), {});
 }
