@@ -49,10 +49,14 @@ struct SortPreview::Look
             return;
         }
         const RecordTerms terms(criteria, texts, settings);
-        for (size_t i = 0; i < std::min(shownCount, order->size()); ++i) {
-            const quint32 record = catalog.records.at(order->at(i));
-            if (record != RecordTexts::noRecord)
-                lines.append(QStringLiteral("%1. %2").arg(i + 1).arg(lineOf(record, terms, criteria)));
+        for (const quint32 place : *order) {
+            // All records are sorted, but the selected ones are what the person will see.
+            const quint32 record = catalog.records[place];
+            if (record == RecordTexts::noRecord || !catalog.entries[place].currentlySelected())
+                continue;
+            lines.append(QStringLiteral("%1. %2").arg(lines.size() + 1).arg(lineOf(record, terms, criteria)));
+            if (lines.size() == shownCount)
+                break;
         }
     }
 };

@@ -29,7 +29,7 @@ public:
     SortPreview(const DatafileDocument &document, SortSheetController &sheet);
     ~SortPreview() override;
 
-    static constexpr size_t shownCount = 3;
+    static constexpr qsizetype shownCount = 3;
 
 private:
     struct Look;
