@@ -5,6 +5,7 @@
 
 #include "document/DatafileDocument.h"
 #include "document/StoredTexts.h"
+#include "editor/CodedItem.h"
 #include "editor/SortSheetController.h"
 #include "sorting/RecordSort.h"
 
@@ -24,6 +25,9 @@ QString lineOf(quint32 record, const RecordTerms &terms, const SortCriteriaData 
     } else if (const auto term = terms.text(record, buffer)) {
         line = term->toString();
     }
+    // A name is sorted by as last name, tab, first name.
+    if (criteria.compareSelector() == codeOf(SortKind::FreeformName))
+        line.replace(u'\t', QStringLiteral(", "));
     constexpr qsizetype longest = 200;
     line.truncate(longest);
     line = line.simplified();

@@ -33,13 +33,17 @@ QSpinBox *makeNumberBox(int value, const QString &name, QWidget *parent)
     return box;
 }
 
-QHBoxLayout *inOneLine(std::initializer_list<QWidget *> widgets)
+/// A row of several controls, the label's mnemonic leading to the first.
+void addLine(QFormLayout *form, const QString &text, std::initializer_list<QWidget *> controls)
 {
     auto *line = new QHBoxLayout;
-    for (QWidget *widget : widgets)
-        line->addWidget(widget);
+    for (QWidget *control : controls)
+        line->addWidget(control);
     line->addStretch(1);
-    return line;
+    QWidget *first = *controls.begin();
+    auto *label = new QLabel(text, first->parentWidget());
+    label->setBuddy(first);
+    form->addRow(label, line);
 }
 
 } // namespace
@@ -59,7 +63,7 @@ void SortDialog::addCommonRows()
     auto *descending = new QRadioButton(tr("&Descending"), this);
     (g_sheet.descending() ? descending : ascending)->setChecked(true);
     connect(descending, &QRadioButton::toggled, &g_sheet, &SortSheetController::setDescending);
-    g_form->addRow(tr("Order:"), inOneLine({ascending, descending}));
+    addLine(g_form, tr("Order:"), {ascending, descending});
 
     auto *caseSensitive = new QCheckBox(tr("&Capitals count"), this);
     caseSensitive->setChecked(g_sheet.caseSensitive());
@@ -151,7 +155,7 @@ QWidget *SortFreeformDialog::makeNamePage(SortFreeformSheetController &sheet)
     setItems(line, sheet.nameLineItems(), sheet.nameLine());
     auto *number = makeNumberBox(sheet.nameLineNumber(), tr("Line number"), page);
     number->setEnabled(sheet.nameLine() == 0);
-    rows->addRow(tr("&Name stands in:"), inOneLine({line, number}));
+    addLine(rows, tr("&Name stands in:"), {line, number});
     connect(line, &QComboBox::currentIndexChanged, &sheet, [&sheet, number](int index) {
         sheet.handleNameLineClick(index);
         number->setEnabled(index == 0);
@@ -180,7 +184,7 @@ QWidget *SortFreeformDialog::makeWordPage(SortFreeformSheetController &sheet)
     auto *counted = new QComboBox(page);
     counted->setAccessibleName(tr("Where the line is counted"));
     setItems(counted, sheet.wordLineOffsetItems(), sheet.wordLineOffset());
-    rows->addRow(tr("&Line:"), inOneLine({line, counted}));
+    addLine(rows, tr("&Line:"), {line, counted});
     connect(line, &QSpinBox::valueChanged, &sheet, &Sheet::setWordLineNumber);
     connect(counted, &QComboBox::currentIndexChanged, &sheet, [&sheet](int index) {
         sheet.handleWordLineOffsetClick(index);
@@ -190,7 +194,7 @@ QWidget *SortFreeformDialog::makeWordPage(SortFreeformSheetController &sheet)
     word->setEnabled(!sheet.isLastWord());
     auto *last = new QCheckBox(tr("L&ast word"), page);
     last->setChecked(sheet.isLastWord());
-    rows->addRow(tr("&Word:"), inOneLine({word, last}));
+    addLine(rows, tr("&Word:"), {word, last});
     connect(word, &QSpinBox::valueChanged, &sheet, &Sheet::setWordNumber);
     connect(last, &QCheckBox::toggled, &sheet, [&sheet, word](bool on) {
         sheet.setLastWord(on);
