@@ -7,8 +7,8 @@
 
 namespace tavrin {
 
-tl::expected<SortChange, SortRefusal> DatafileArrangement::sort(const SortCriteriaData &criteria,
-                                                                Progress &progress)
+tl::expected<std::unique_ptr<SortChange>, SortRefusal>
+DatafileArrangement::sort(const SortCriteriaData &criteria, Progress &progress)
 {
     RecordSorting sorting(g_document, criteria);
     sorting.run(progress);
@@ -38,14 +38,14 @@ void DatafileArrangement::selectAll()
     g_document.datafileSettings().setCriteria(stored);
     g_document.datafileSettings().setDatafileSettingsDidChange(true);
     g_document.datafileCatalog().selectAll();
-    changed();
+    g_document.announceCatalogChange();
 }
 
 bool DatafileArrangement::revertToPrevious()
 {
     SubsetSortedData &catalog = g_document.datafileCatalog();
     if (catalog.revertToPrevious()) {
-        changed();
+        g_document.announceCatalogChange();
         return true;
     }
     catalog.revertToPrevious();
@@ -57,7 +57,7 @@ bool DatafileArrangement::switchToOmitted()
 {
     const bool isDone = g_document.datafileCatalog().switchToOmitted();
     if (isDone)
-        changed();
+        g_document.announceCatalogChange();
     return isDone;
 }
 
@@ -71,14 +71,8 @@ bool DatafileArrangement::omit(const QString &identifier)
         return false;
     }
     catalog.omitIdentifier(identifier);
-    changed();
-    return true;
-}
-
-void DatafileArrangement::changed()
-{
-    g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     g_document.announceCatalogChange();
+    return true;
 }
 
 } // namespace tavrin

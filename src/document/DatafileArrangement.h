@@ -10,15 +10,17 @@ namespace tavrin {
 
 /// How the records of a document are arranged: in which order, and which of them are selected.
 ///
-/// Each operation marks the document as changed and announces it once, when it did anything. sort(), select()
-/// and selectForFind() do at once what RecordSorting and RecordSelecting do in steps.
+/// Each operation announces once that it did something. An order is a change of the document; what is selected
+/// is no reason to ask whether to save, and goes into the file with the next save. sort(), select() and
+/// selectForFind() do at once what RecordSorting and RecordSelecting do in steps.
 class DatafileArrangement
 {
 public:
     /// The document outlives it.
     explicit DatafileArrangement(DatafileDocument &document) : g_document(document) {}
 
-    tl::expected<SortChange, SortRefusal> sort(const SortCriteriaData &criteria, Progress &progress);
+    tl::expected<std::unique_ptr<SortChange>, SortRefusal> sort(const SortCriteriaData &criteria,
+                                                                Progress &progress);
 
     /// See RecordSelecting::apply().
     Result<bool> select(const SubsetSortCriteriaData &criteria, bool fromOmitted, Progress &progress);
@@ -36,8 +38,6 @@ public:
     bool omit(const QString &identifier);
 
 private:
-    void changed();
-
     DatafileDocument &g_document;
 };
 

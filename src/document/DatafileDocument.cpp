@@ -8,6 +8,7 @@
 #include "document/BackgroundSave.h"
 #include "document/DatafileContents.h"
 #include "document/StoredTexts.h"
+#include "document/UndoHistory.h"
 
 #include <QFileInfo>
 
@@ -20,6 +21,7 @@ DatafileDocument::DatafileDocument(const DocumentServices &services, DatafileKin
     , g_records(std::make_unique<DatafileRecordsData>())
     , g_defaultDraftName(tr("New Datafile"))
     , g_save(std::make_unique<BackgroundSave>())
+    , g_undoHistory(std::make_unique<UndoHistory>(*this))
 {
     setCatalog(CatalogForms(g_records->sharedIdentifiers()), {});
 }

@@ -26,6 +26,7 @@ namespace tavrin {
 class BackgroundSave;
 struct DatafileContents;
 struct DatafileSnapshot;
+class UndoHistory;
 
 /// One open datafile: its settings, records and catalog, the file they came from, and whether the file
 /// may be written and needs to be.
@@ -102,14 +103,21 @@ public:
     /// The first save of a document that has no file yet, of either kind: `path` becomes its file. When that
     /// fails it has none, as before.
     Result<> saveToFirstFile(const QString &path);
+    /// As saveToFirstFile(), on another thread; savingFinished() follows unless this fails.
+    Result<> beginSavingToFirstFile(const QString &path);
 
     /// Makes `path` the document's file, writable, and writes it there. The unsaved mark stays as it was, and
     /// is set when the file was not written. Nothing at all happens while the window does not permit saving.
     SaveAsOutcome saveDocumentAs(const QString &path);
+    /// As saveDocumentAs(), on another thread: the document's file is another one at once, and
+    /// savingFinished() comes after `ended`. When it is refused, `ended` is called at once.
+    void beginSavingAs(const QString &path, const std::function<void(const SaveAsOutcome &)> &ended);
 
     /// Writes a copy; the document keeps its own file and its unsaved mark. A read-only document may be
     /// copied, but never onto its own file: Refused.
     Result<> saveCopyAs(const QString &path, plist::Format format = plist::Format::Xml);
+    /// As saveCopyAs(), on another thread; savingFinished() follows unless this fails.
+    Result<> beginSavingCopy(const QString &path);
 
     /// Rereads the document's file and announces it.
     Result<> revertToContents();
@@ -160,6 +168,10 @@ public:
 
     /// The window that edits the document; null when there is none. It must unregister before it goes.
     void setEditing(DatafileEditing *editing) { g_editing = editing; }
+
+    /// What can be undone beside the typing. It begins anew when the file is read again.
+    UndoHistory &undoHistory() { return *g_undoHistory; }
+    const UndoHistory &undoHistory() const { return *g_undoHistory; }
 
     bool isModified() const { return g_changeCount != 0; }
     void updateChangeCount(ChangeCount change);
@@ -214,6 +226,9 @@ Q_SIGNALS:
     void selectionWouldBeEmptyError();
 
 private:
+    using Write = std::function<Result<FileStamp>()>;
+    using Written = std::function<void(const Result<FileStamp> &written)>;
+
     DatafileDocument(const DocumentServices &services, DatafileKind kind);
 
     void announce(const DatafileChange &change);
@@ -228,13 +243,18 @@ private:
     void setChangeCount(qint64 count);
     Result<> writeContents(const QString &path, plist::Format format);
     bool hasSettingsToUpdate() const;
-    std::function<Result<FileStamp>()> settingsWrite(plist::Format format);
+    Write settingsWrite(plist::Format format);
     Result<SaveOutcome> saveBy(Result<> (DatafileDocument::*save)(), SaveOutcome done);
     Result<> mayForceSave() const;
     Result<> saveNormally();
     Result<> beginSavingNormally();
-    void beginWriting(std::function<Result<FileStamp>()> write);
-    void finishSaving(const Result<FileStamp> &written);
+    Write snapshotWrite(const QString &path);
+    void beginWriting(Write write, const Written &ended);
+    void beginWritingOwnFile(Write write, const Written &ended);
+    void didSave(const Result<FileStamp> &written);
+    Result<> beginSaveAs(const QString &path);
+    static SaveAsOutcome saveAsOutcome(const Result<> &written, const QString &path);
+    void markUnsaved();
 
     DocumentServices g_services;
     DatafileKind g_kind;
@@ -250,6 +270,7 @@ private:
     QString g_filePath;
     QString g_defaultDraftName;
     std::unique_ptr<BackgroundSave> g_save;
+    std::unique_ptr<UndoHistory> g_undoHistory;
     qint64 g_changeCount = 0;
     bool g_openedReadOnly = false;
     bool g_correctedCatalog = false;

@@ -6,6 +6,7 @@
 #include "base/FilledIn.h"
 #include "document/DatafileContents.h"
 #include "document/DatafileDocument.h"
+#include "document/UndoHistory.h"
 
 #include <QFileInfo>
 
@@ -90,6 +91,7 @@ void DatafileDocument::takeContents(DatafileContents contents)
         std::make_unique<DatafileRecordsData>(
             std::move(contents.records), std::move(contents.identifiers), g_services.environment));
     setCatalog(std::move(contents.catalogForms), std::move(contents.catalog));
+    g_undoHistory->clear();
 }
 
 Result<> DatafileDocument::revertToContents()
@@ -149,6 +151,7 @@ void DatafileDocument::correctCatalog()
                                                                  {u"PreviouslySelected"_s, u"YES"_s}}));
     }
     setCatalog(std::move(forms), std::move(entries));
+    g_undoHistory->clear();
     g_catalogMismatch.reset();
     g_correctedCatalog = true;
     updateChangeCount(ChangeCount::Done);

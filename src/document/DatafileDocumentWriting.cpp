@@ -203,36 +203,51 @@ Result<> DatafileDocument::beginSavingNormally()
     waitForSaving();
     if (const Result<> allowed = mayWrite(typeNameOf(g_kind)); !allowed)
         return allowed;
-    DatafileSnapshot saved = snapshot();
+    Write write = snapshotWrite(g_filePath);
     g_save->changeCount = g_changeCount;
-    beginWriting([saved = std::move(saved), path = g_filePath] {
-        return stampedAs(writeDatafile(saved, path, plist::Format::Xml), path);
-    });
+    beginWritingOwnFile(std::move(write), [this](const auto &written) { didSave(written); });
     return {};
 }
 
-void DatafileDocument::beginWriting(BackgroundSave::Write write)
+/// Writes the document as it is now, whenever it runs.
+DatafileDocument::Write DatafileDocument::snapshotWrite(const QString &path)
+{
+    return [saved = snapshot(), path] {
+        return stampedAs(writeDatafile(saved, path, plist::Format::Xml), path);
+    };
+}
+
+void DatafileDocument::beginWriting(Write write, const Written &ended)
+{
+    g_save->begin(std::move(write), [this, ended](const Result<FileStamp> &written) {
+        ended(written);
+        if (written)
+            Q_EMIT fileWritten();
+        Q_EMIT savingFinished(written ? Result<>() : Result<>(written.error()));
+    });
+}
+
+void DatafileDocument::beginWritingOwnFile(Write write, const Written &ended)
 {
     g_save->settingsChanged = g_settings->datafileSettingsDidChange();
     g_settings->setDatafileSettingsDidChange(false);
-    g_save->begin(std::move(write), [this](const auto &written) { finishSaving(written); });
+    beginWriting(std::move(write), [this, ended](const Result<FileStamp> &written) {
+        if (written)
+            g_stamp = *written;
+        else if (g_save->settingsChanged)
+            g_settings->setDatafileSettingsDidChange(true);
+        ended(written);
+    });
 }
 
-void DatafileDocument::finishSaving(const Result<FileStamp> &written)
+void DatafileDocument::didSave(const Result<FileStamp> &written)
 {
-    if (!written) {
-        if (g_save->settingsChanged)
-            g_settings->setDatafileSettingsDidChange(true);
-        Q_EMIT savingFinished(written.error());
+    if (!written)
         return;
-    }
-    g_stamp = *written;
     // What was changed since the snapshot was made is in no file yet.
     setChangeCount(g_changeCount - g_save->changeCount);
     if (g_editing && !isModified())
         g_editing->markCurrentRecordClean();
-    Q_EMIT fileWritten();
-    Q_EMIT savingFinished({});
 }
 
 // Other files, and settings alone.
@@ -252,14 +267,37 @@ Result<> DatafileDocument::saveToFirstFile(const QString &path)
     return {};
 }
 
-DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &path)
+Result<> DatafileDocument::beginSavingToFirstFile(const QString &path)
+{
+    if (!g_filePath.isEmpty())
+        throw InternalInconsistency("-beginSavingToFirstFile: -- The document has a file already.");
+    if (g_editing)
+        g_editing->endListEditing();
+    g_filePath = path;
+    Result<> begun = mayForceSave();
+    if (begun)
+        begun = mayWrite(typeNameOf(g_kind));
+    if (!begun) {
+        g_filePath.clear();
+        return begun;
+    }
+    Write write = snapshotWrite(path);
+    g_save->changeCount = g_changeCount;
+    beginWritingOwnFile(std::move(write), [this](const Result<FileStamp> &written) {
+        didSave(written);
+        if (!written)
+            g_filePath.clear();
+        Q_EMIT fileChanged();
+    });
+    return {};
+}
+
+/// Makes the path the document's file. Refused when nothing may be written there.
+Result<> DatafileDocument::beginSaveAs(const QString &path)
 {
     waitForSaving();
-    SaveAsOutcome outcome;
-    if (!canSaveChanges()) {
-        outcome.failureReason = tr("Changes to this datafile cannot be saved.");
-        return outcome;
-    }
+    if (!canSaveChanges())
+        return refused(tr("Changes to this datafile cannot be saved."), path);
     if (!g_settings->deletedIdentifiers().isEmpty())
         g_settings->setDeletedIdentifiers({});
     g_filePath = path;
@@ -268,17 +306,52 @@ DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &
     Q_EMIT fileChanged();
     if (g_editing)
         g_editing->endListEditing();
-
-    // The code stays 0: writing reports how it went by its result only.
-    const Result<> written = writeToURL(path, typeNameOf(g_kind));
-    outcome.written = written.has_value();
-    if (written) {
-        outcome.failureReason = tr("No error was reported, and the file was written to %1.").arg(path);
-        return outcome;
+    if (const Result<> allowed = mayWrite(typeNameOf(g_kind)); !allowed) {
+        markUnsaved();
+        return allowed;
     }
-    outcome.failureReason = written.error().message;
+    return {};
+}
+
+DatafileDocument::SaveAsOutcome DatafileDocument::saveDocumentAs(const QString &path)
+{
+    Result<> written = beginSaveAs(path);
+    if (written) {
+        written = writeToURL(path, typeNameOf(g_kind));
+        if (!written)
+            markUnsaved();
+    }
+    return saveAsOutcome(written, path);
+}
+
+void DatafileDocument::beginSavingAs(const QString &path,
+                                     const std::function<void(const SaveAsOutcome &)> &ended)
+{
+    if (const Result<> begun = beginSaveAs(path); !begun) {
+        ended(saveAsOutcome(begun, path));
+        return;
+    }
+    beginWritingOwnFile(snapshotWrite(path), [this, path, ended](const Result<FileStamp> &written) {
+        if (!written)
+            markUnsaved();
+        ended(saveAsOutcome(written ? Result<>() : Result<>(written.error()), path));
+    });
+}
+
+/// What the window shows stands in no file.
+void DatafileDocument::markUnsaved()
+{
     if (!isModified())
         updateChangeCount(ChangeCount::Done);
+}
+
+/// The code stays 0: writing reports how it went by its result only.
+DatafileDocument::SaveAsOutcome DatafileDocument::saveAsOutcome(const Result<> &written, const QString &path)
+{
+    SaveAsOutcome outcome;
+    outcome.written = written.has_value();
+    outcome.failureReason = written ? tr("No error was reported, and the file was written to %1.").arg(path)
+                                    : written.error().message;
     return outcome;
 }
 
@@ -288,6 +361,15 @@ Result<> DatafileDocument::saveCopyAs(const QString &path, plist::Format format)
     if (isOwnFile(path))
         return refused(tr("A copy cannot replace the datafile itself."), path);
     return writeContents(path, format);
+}
+
+Result<> DatafileDocument::beginSavingCopy(const QString &path)
+{
+    waitForSaving();
+    if (isOwnFile(path))
+        return refused(tr("A copy cannot replace the datafile itself."), path);
+    beginWriting(snapshotWrite(path), [](const Result<FileStamp> &) {});
+    return {};
 }
 
 bool DatafileDocument::hasSettingsToUpdate() const
@@ -337,7 +419,7 @@ SaveOutcome DatafileDocument::beginUpdatingSettingsOnly()
     if (!hasSettingsToUpdate() || FileStamp::of(g_filePath).size < 0)
         return SaveOutcome::NothingToSave;
     g_save->changeCount = 0;
-    beginWriting(settingsWrite(plist::Format::Xml));
+    beginWritingOwnFile(settingsWrite(plist::Format::Xml), [this](const auto &written) { didSave(written); });
     return SaveOutcome::Begun;
 }
 

@@ -45,10 +45,8 @@ Result<bool> RecordSelecting::apply(DatafileDocument &document) const
     } else {
         isDone = catalog.setFindSelection(*g_states);
     }
-    if (isDone) {
-        document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    if (isDone)
         document.announceCatalogChange();
-    }
     return isDone;
 }
 

@@ -26,16 +26,9 @@ void storeCriteria(DatafileDocument &document, const SortCriteriaData &sortCrite
 
 } // namespace
 
-void SortChange::undo(DatafileDocument &document)
+QString SortChange::name() const
 {
-    exchange(document);
-    document.updateChangeCount(DatafileDocument::ChangeCount::Undone);
-}
-
-void SortChange::redo(DatafileDocument &document)
-{
-    exchange(document);
-    document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    return QCoreApplication::translate("RecordSorting", "Sort");
 }
 
 void SortChange::exchange(DatafileDocument &document)
@@ -69,13 +62,13 @@ std::vector<quint32> RecordSorting::firstPlaces(size_t count) const
     return {g_places->begin(), g_places->begin() + static_cast<std::ptrdiff_t>(end)};
 }
 
-tl::expected<SortChange, SortRefusal> RecordSorting::apply(DatafileDocument &document) const
+tl::expected<std::unique_ptr<SortChange>, SortRefusal> RecordSorting::apply(DatafileDocument &document) const
 {
     SubsetSortedData &catalog = document.datafileCatalog();
     if (!g_places || catalog.entries() != g_catalog.entries)
         return tl::unexpected(refusal(document));
-    SortChange change(g_catalog.entries,
-                      document.datafileSettings().criteria<SubsetSortCriteriaData>().sortCriteria());
+    auto change = std::make_unique<SortChange>(
+        g_catalog.entries, document.datafileSettings().criteria<SubsetSortCriteriaData>().sortCriteria());
     catalog.arrange(*g_places);
     storeCriteria(document, g_criteria);
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);

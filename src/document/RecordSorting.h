@@ -4,6 +4,7 @@
 #pragma once
 
 #include "document/StoredTexts.h"
+#include "document/UndoHistory.h"
 #include "sorting/SubsetSortedData.h"
 
 namespace tavrin {
@@ -19,7 +20,7 @@ struct SortRefusal
 };
 
 /// A sort that was done: what Undo needs. The document is always the one that was sorted.
-class SortChange
+class SortChange : public UndoStep
 {
 public:
     SortChange(std::vector<CatalogEntry> otherOrder, const SortCriteriaData &otherCriteria)
@@ -27,10 +28,11 @@ public:
         , g_otherCriteria(otherCriteria)
     {}
 
+    QString name() const override;
     /// Restores order and criteria, and announces it. What is selected stays so, and records that came since
     /// go to the end.
-    void undo(DatafileDocument &document);
-    void redo(DatafileDocument &document);
+    void undo(DatafileDocument &document) override { exchange(document); }
+    void redo(DatafileDocument &document) override { exchange(document); }
 
 private:
     void exchange(DatafileDocument &document);
@@ -55,7 +57,7 @@ public:
 
     /// Stores order and criteria, marks the document as changed and announces it. When it refuses, nothing
     /// has happened.
-    tl::expected<SortChange, SortRefusal> apply(DatafileDocument &document) const;
+    tl::expected<std::unique_ptr<SortChange>, SortRefusal> apply(DatafileDocument &document) const;
 
 private:
     SortRefusal refusal(const DatafileDocument &document) const;

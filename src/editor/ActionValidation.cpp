@@ -3,6 +3,7 @@
 
 // Which commands may run now: the one place that menus, toolbar and shortcuts ask.
 
+#include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -46,6 +47,21 @@ bool hasSavedVersion(const EditorWindowController &window)
     return !window.document().filePath().isEmpty() && window.document().isModified();
 }
 
+bool hasOmittedRecords(const EditorWindowController &window)
+{
+    return window.haveCurrentSelection();
+}
+
+bool hasRecord(const EditorWindowController &window)
+{
+    return window.currentRecord() != nullptr;
+}
+
+bool hasSortTasks(const EditorWindowController &window)
+{
+    return !window.sorting().sortTaskNames().isEmpty();
+}
+
 bool mayDelete(const EditorWindowController &window)
 {
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
@@ -69,7 +85,9 @@ bool mayGoForward(const EditorWindowController &window)
 constexpr std::array actionRules{
     ActionRule{"addRecord:"_L1, always},
     ActionRule{"deleteRecord:"_L1, mayDelete},
+    ActionRule{"deselectCurrentRecord:"_L1, hasRecord},
     ActionRule{"editFreeformTextAsPlain:"_L1, mayEditAsPlain},
+    ActionRule{"editSortTasks:"_L1, hasSortTasks},
     ActionRule{"goBackOneRecord:"_L1, mayGoBack},
     ActionRule{"goForwardOneRecord:"_L1, mayGoForward},
     ActionRule{"goToFirstRecord:"_L1, always},
@@ -78,9 +96,21 @@ constexpr std::array actionRules{
     ActionRule{"goToPreviousRecord:"_L1, always},
     ActionRule{"goToRecordNumber:"_L1, always},
     ActionRule{"revertDocumentToSaved:"_L1, hasSavedVersion},
+    ActionRule{"revertToPreviousSelection:"_L1, always},
     ActionRule{"saveCopyAs:"_L1, permitsSaving},
     ActionRule{"saveDocument:"_L1, permitsSave},
     ActionRule{"saveDocumentAs:"_L1, permitsSaving},
+    ActionRule{"saveSortTask:"_L1, always},
+    ActionRule{"selectAllRecords:"_L1, hasOmittedRecords},
+    ActionRule{"selectFromOmitted:"_L1, hasOmittedRecords},
+    ActionRule{"selectRecords:"_L1, hasRecord},
+    ActionRule{"sortByCreatedDate:"_L1, hasRecord},
+    ActionRule{"sortByFields:"_L1, hasRecord},
+    ActionRule{"sortByFreeformText:"_L1, hasRecord},
+    ActionRule{"sortByModifiedDate:"_L1, hasRecord},
+    ActionRule{"sortDatafileByWholeRecord:"_L1, hasRecord},
+    ActionRule{"sortTask:"_L1, hasSortTasks},
+    ActionRule{"switchToOmitted:"_L1, hasOmittedRecords},
     ActionRule{"switchView:"_L1, hasFields},
 };
 

@@ -195,13 +195,25 @@ void EditorSaving::saveFirst(const Written &done)
             return;
         }
         g_window.updateCurrentRecord();
-        const Result<> saved = g_document.saveToFirstFile(path);
-        if (saved)
-            tellSaved();
-        else
-            reportFailure(saved.error());
-        done(saved.has_value());
+        begun(g_document.beginSavingToFirstFile(path), [this, done](const Result<> &saved) {
+            if (saved)
+                tellSaved();
+            else
+                reportFailure(saved.error());
+            done(saved.has_value());
+        });
     });
+}
+
+/// Calls `ended` when the save that was begun has ended, or at once when it could not be.
+void EditorSaving::begun(const Result<> &begun, const Ended &ended)
+{
+    if (!begun) {
+        ended(begun);
+        return;
+    }
+    g_longSave.start();
+    g_waiting.emplace_back(ended);
 }
 
 void EditorSaving::tellSaved()
@@ -230,7 +242,14 @@ void EditorSaving::saveAs(const Written &done)
 void EditorSaving::didSaveAs(const QString &path, const Written &done)
 {
     g_window.updateCurrentRecord();
-    const DatafileDocument::SaveAsOutcome outcome = g_document.saveDocumentAs(path);
+    g_longSave.start();
+    g_document.beginSavingAs(
+        path, [this, path, done](const SaveAsOutcome &outcome) { tellSavedAs(path, outcome, done); });
+}
+
+void EditorSaving::tellSavedAs(const QString &path, const SaveAsOutcome &outcome, const Written &done)
+{
+    g_longSave.stop();
     if (outcome.errorCode != 0) {
         Q_EMIT g_window.openInPlace(path);
         done(outcome.written);
@@ -255,10 +274,12 @@ void EditorSaving::saveCopyAs()
 void EditorSaving::saveCopy(const QString &path)
 {
     g_window.updateCurrentRecord();
-    if (const Result<> written = g_document.saveCopyAs(path); !written)
-        showAlert(g_sheets, written.error().message, tr("No copy was saved."));
-    else
-        Q_EMIT g_window.statusMessage(tr("A copy was saved: %1").arg(QDir::toNativeSeparators(path)));
+    begun(g_document.beginSavingCopy(path), [this, path](const Result<> &written) {
+        if (!written)
+            showAlert(g_sheets, written.error().message, tr("No copy was saved."));
+        else
+            Q_EMIT g_window.statusMessage(tr("A copy was saved: %1").arg(QDir::toNativeSeparators(path)));
+    });
 }
 
 // Revert.

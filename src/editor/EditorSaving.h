@@ -57,9 +57,11 @@ private:
     void save(const Written &done);
     void writeToOwnFile(const Written &done);
     void saveFirst(const Written &done);
+    void begun(const Result<> &begun, const Ended &ended);
     void tellSaved();
     void saveAs(const Written &done);
     void didSaveAs(const QString &path, const Written &done);
+    void tellSavedAs(const QString &path, const SaveAsOutcome &outcome, const Written &done);
     void saveCopy(const QString &path);
     void revert();
     void didReadForRevert(Result<DatafileContents> contents);

@@ -3,6 +3,7 @@
 
 // Basic View and List View, the window's frame and divider, and what the document announces.
 
+#include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorTableController.h"
@@ -235,6 +236,57 @@ void EditorWindowController::datafileReverted()
     Q_EMIT modeChanged();
     loadCurrentRecord();
     Q_EMIT titleChanged();
+}
+
+// What is done to many records, and taking it back.
+
+bool EditorWindowController::leaveEditing()
+{
+    if (g_nowSyncing)
+        return false;
+    updateCurrentRecord();
+    saveIfDifferentRecord(nullptr);
+    return true;
+}
+
+void EditorWindowController::showRecord(const QString &identifier)
+{
+    RecordData *record = g_document.datafileRecords().recordForIdentifier(identifier);
+    if (!record)
+        return;
+    SubsetSortedData &catalog = g_document.datafileCatalog();
+    if (!catalog.isSelectedIdentifier(identifier)) {
+        catalog.includeIdentifier(identifier);
+        catalogDidChange();
+    }
+    loadRecord(record);
+    insertInViewedRecordList(record);
+}
+
+QString EditorWindowController::undoName() const
+{
+    return g_document.undoHistory().undoName();
+}
+
+QString EditorWindowController::redoName() const
+{
+    return g_document.undoHistory().redoName();
+}
+
+void EditorWindowController::undo()
+{
+    if (!leaveEditing())
+        return;
+    g_document.undoHistory().undo();
+    loadCurrentRecord();
+}
+
+void EditorWindowController::redo()
+{
+    if (!leaveEditing())
+        return;
+    g_document.undoHistory().redo();
+    loadCurrentRecord();
 }
 
 } // namespace tavrin

@@ -9,6 +9,8 @@
 #include "base/Log.h"
 #include "editor/EditorPermission.h"
 #include "editor/EditorSaving.h"
+#include "editor/EditorSelecting.h"
+#include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 
 #include <QFontDatabase>
@@ -53,13 +55,15 @@ QString sizeForPeople(quint64 size)
 EditorWindowController::EditorWindowController(DatafileDocument &document,
                                                SheetHost &sheets,
                                                WorkHost &work,
-                                               const Preferences &preferences)
+                                               Preferences &preferences)
     : g_document(document)
     , g_sheets(sheets)
     , g_preferences(preferences)
     , g_tableController(std::make_unique<EditorTableController>(*this))
     , g_permission(std::make_unique<EditorPermission>(document, sheets))
     , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
+    , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
+    , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
 {
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
 }

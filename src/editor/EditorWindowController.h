@@ -18,6 +18,8 @@ namespace tavrin {
 
 class EditorPermission;
 class EditorSaving;
+class EditorSelecting;
+class EditorSorting;
 class EditorTableController;
 class WorkHost;
 
@@ -35,7 +37,7 @@ public:
     EditorWindowController(DatafileDocument &document,
                            SheetHost &sheets,
                            WorkHost &work,
-                           const Preferences &preferences);
+                           Preferences &preferences);
     ~EditorWindowController() override;
 
     void attachView(EditorView &view) { g_view = &view; }
@@ -47,6 +49,9 @@ public:
     DatafileDocument &document() { return g_document; }
     const DatafileDocument &document() const { return g_document; }
     EditorTableController &tableController() { return *g_tableController; }
+    EditorSelecting &selecting() { return *g_selecting; }
+    EditorSorting &sorting() { return *g_sorting; }
+    const EditorSorting &sorting() const { return *g_sorting; }
 
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }
@@ -85,6 +90,11 @@ public:
     void loadCurrentRecord() { loadRecord(g_currentRecord); }
     void saveIfDifferentRecord(RecordData *newRecord);
     void updateCurrentRecord();
+    /// Before a command on many records: what is being typed is stored. False while the datafile is being
+    /// synchronized, when nothing may be done.
+    bool leaveEditing();
+    /// Shows a record, selecting it if it is omitted.
+    void showRecord(const QString &identifier);
     void setDatafileChanged();
     void autoSaveChanges(bool force);
     qint64 recordToOpen();
@@ -99,6 +109,12 @@ public:
     void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
     void showCurrentRow();        ///< In List View.
     void focusFreeformText() { g_view->setFocus(EditorFocus::FreeformText); }
+
+    // What can be undone beside the typing; null names when there is nothing.
+    QString undoName() const;
+    QString redoName() const;
+    void undo();
+    void redo();
 
     // Commands.
     void goToFirstRecord();
@@ -194,11 +210,13 @@ private:
 
     DatafileDocument &g_document;
     SheetHost &g_sheets;
-    const Preferences &g_preferences;
+    Preferences &g_preferences;
     EditorView *g_view = nullptr;
     std::unique_ptr<EditorTableController> g_tableController;
     std::unique_ptr<EditorPermission> g_permission;
     std::unique_ptr<EditorSaving> g_saving;
+    std::unique_ptr<EditorSelecting> g_selecting;
+    std::unique_ptr<EditorSorting> g_sorting;
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;

@@ -67,5 +67,6 @@ plist::Dictionary registeredDefaults();
 /// The titles ("Dr.", "Jr.") that are no part of a name when records are sorted by names. Without preferences
 /// the usual ones.
 QStringList sortTitleList(const Preferences *preferences);
+void setSortTitleList(const QStringList &titles, Preferences &preferences);
 
 } // namespace tavrin

@@ -59,4 +59,12 @@ QStringList sortTitleList(const Preferences *preferences)
     return titles;
 }
 
+void setSortTitleList(const QStringList &titles, Preferences &preferences)
+{
+    plist::Array stored;
+    for (const QString &title : titles)
+        stored.append(title);
+    preferences.setObject(stored, QStringLiteral("SortTitleList"));
+}
+
 } // namespace tavrin

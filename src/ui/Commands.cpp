@@ -3,6 +3,8 @@
 
 #include "ui/Commands.h"
 
+#include "editor/EditorSelecting.h"
+#include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
 
 #include <QCoreApplication>
@@ -19,19 +21,26 @@ using Controller = EditorWindowController;
 constexpr Command separator{"", "", "", "", nullptr};
 
 constexpr std::array fileTable{
-    Command{"saveDocument:", QT_TRANSLATE_NOOP("Commands", "&Save"), "Ctrl+S", "", &Controller::saveDocument},
+    Command{"saveDocument:",
+            QT_TRANSLATE_NOOP("Commands", "&Save"),
+            "Ctrl+S",
+            "",
+            [](Controller &window) { window.saveDocument(); }},
     Command{"saveDocumentAs:",
             QT_TRANSLATE_NOOP("Commands", "Save &As…"),
             "Ctrl+Shift+S",
             "",
-            &Controller::saveDocumentAs},
-    Command{
-        "saveCopyAs:", QT_TRANSLATE_NOOP("Commands", "Save a Cop&y As…"), "", "", &Controller::saveCopyAs},
+            [](Controller &window) { window.saveDocumentAs(); }},
+    Command{"saveCopyAs:",
+            QT_TRANSLATE_NOOP("Commands", "Save a Cop&y As…"),
+            "",
+            "",
+            [](Controller &window) { window.saveCopyAs(); }},
     Command{"revertDocumentToSaved:",
             QT_TRANSLATE_NOOP("Commands", "&Revert to Saved…"),
             "",
             "",
-            &Controller::revertDocumentToSaved},
+            [](Controller &window) { window.revertDocumentToSaved(); }},
 };
 
 constexpr std::array recordTable{
@@ -39,49 +48,123 @@ constexpr std::array recordTable{
             QT_TRANSLATE_NOOP("Commands", "&New Record"),
             "Ctrl+Shift+N",
             "TB_C_newRecord",
-            &Controller::addRecord},
+            [](Controller &window) { window.addRecord(); }},
     Command{"deleteRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Delete Record…"),
             "Ctrl+Shift+Backspace",
             "TB_C_deleteRecord",
-            &Controller::deleteRecord},
+            [](Controller &window) { window.deleteRecord(); }},
     separator,
     Command{"goToFirstRecord:",
             QT_TRANSLATE_NOOP("Commands", "&First Record"),
             "Ctrl+Home",
             "TB_C_first",
-            &Controller::goToFirstRecord},
+            [](Controller &window) { window.goToFirstRecord(); }},
     Command{"goToPreviousRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Previous Record"),
             "Ctrl+PgUp",
             "TB_C_previous",
-            &Controller::goToPreviousRecord},
+            [](Controller &window) { window.goToPreviousRecord(); }},
     Command{"goToNextRecord:",
             QT_TRANSLATE_NOOP("Commands", "Ne&xt Record"),
             "Ctrl+PgDown",
             "TB_C_next",
-            &Controller::goToNextRecord},
+            [](Controller &window) { window.goToNextRecord(); }},
     Command{"goToLastRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Last Record"),
             "Ctrl+End",
             "TB_C_last",
-            &Controller::goToLastRecord},
+            [](Controller &window) { window.goToLastRecord(); }},
     Command{"goToRecordNumber:",
             QT_TRANSLATE_NOOP("Commands", "&Go to Record Number…"),
             "Ctrl+J",
             "",
-            &Controller::goToRecordNumber},
+            [](Controller &window) { window.goToRecordNumber(); }},
     separator,
     Command{"goBackOneRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Back"),
             "Alt+Left",
             "TB_C_back",
-            &Controller::goBackOneRecord},
+            [](Controller &window) { window.goBackOneRecord(); }},
     Command{"goForwardOneRecord:",
             QT_TRANSLATE_NOOP("Commands", "F&orward"),
             "Alt+Right",
             "TB_C_forward",
-            &Controller::goForwardOneRecord},
+            [](Controller &window) { window.goForwardOneRecord(); }},
+};
+
+constexpr std::array selectTable{
+    Command{"selectRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Select &Records…"),
+            "Ctrl+Shift+E",
+            "TB_C_select",
+            [](Controller &window) { window.selecting().selectRecords(); }},
+    Command{"selectFromOmitted:",
+            QT_TRANSLATE_NOOP("Commands", "Select from &Omitted…"),
+            "Ctrl+Shift+O",
+            "",
+            [](Controller &window) { window.selecting().selectFromOmitted(); }},
+    Command{"selectAllRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Select &All Records"),
+            "Ctrl+Shift+A",
+            "TB_C_selectAll",
+            [](Controller &window) { window.selecting().selectAllRecords(); }},
+    separator,
+    Command{"revertToPreviousSelection:",
+            QT_TRANSLATE_NOOP("Commands", "Re&vert to Previous Selection"),
+            "Ctrl+Shift+B",
+            "",
+            [](Controller &window) { window.selecting().revertToPreviousSelection(); }},
+    Command{"switchToOmitted:",
+            QT_TRANSLATE_NOOP("Commands", "&Switch to Omitted"),
+            "Ctrl+Shift+X",
+            "TB_C_omitted",
+            [](Controller &window) { window.selecting().switchToOmitted(); }},
+    Command{"deselectCurrentRecord:",
+            QT_TRANSLATE_NOOP("Commands", "&Deselect Current Record"),
+            "Ctrl+Shift+D",
+            "",
+            [](Controller &window) { window.selecting().deselectCurrentRecord(); }},
+};
+
+constexpr std::array sortTable{
+    Command{"sortByFields:",
+            QT_TRANSLATE_NOOP("Commands", "Sort by &Fields…"),
+            "Ctrl+Shift+T",
+            "TB_C_sort",
+            [](Controller &window) { window.sorting().sortByFields(); }},
+    Command{"sortByFreeformText:",
+            QT_TRANSLATE_NOOP("Commands", "Sort by Freeform &Text…"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().sortByFreeformText(); }},
+    separator,
+    Command{"sortDatafileByWholeRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Sort by &Whole Record"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().sortDatafileByWholeRecord(); }},
+    Command{"sortByCreatedDate:",
+            QT_TRANSLATE_NOOP("Commands", "Sort by &Created Date"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().sortByCreatedDate(); }},
+    Command{"sortByModifiedDate:",
+            QT_TRANSLATE_NOOP("Commands", "Sort by &Modified Date"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().sortByModifiedDate(); }},
+    separator,
+    Command{"saveSortTask:",
+            QT_TRANSLATE_NOOP("Commands", "&Save as Sort Task…"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().saveSortTask(); }},
+    Command{"editSortTasks:",
+            QT_TRANSLATE_NOOP("Commands", "&Edit Sort Tasks…"),
+            "",
+            "",
+            [](Controller &window) { window.sorting().editSortTasks(); }},
 };
 
 const Command *find(std::span<const Command> table, const QString &selector)
@@ -104,10 +187,24 @@ std::span<const Command> recordCommands()
     return recordTable;
 }
 
+std::span<const Command> selectCommands()
+{
+    return selectTable;
+}
+
+std::span<const Command> sortCommands()
+{
+    return sortTable;
+}
+
 const Command *commandForSelector(const QString &selector)
 {
-    const Command *command = find(fileTable, selector);
-    return command ? command : find(recordTable, selector);
+    for (const std::span<const Command> table :
+         {fileCommands(), recordCommands(), selectCommands(), sortCommands()}) {
+        if (const Command *command = find(table, selector))
+            return command;
+    }
+    return nullptr;
 }
 
 } // namespace tavrin

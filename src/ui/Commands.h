@@ -22,12 +22,14 @@ struct Command
     const char *text;     ///< Menu text with its mnemonic; translated in the context "Commands".
     const char *shortcut; ///< Portable key text, several separated by ";"; empty for none.
     const char *icon;     ///< Image name; empty for none.
-    void (EditorWindowController::*run)();
+    void (*run)(EditorWindowController &window);
 };
 
 /// A menu's commands in order; a command without a selector is a separator.
 std::span<const Command> fileCommands();
 std::span<const Command> recordCommands();
+std::span<const Command> selectCommands();
+std::span<const Command> sortCommands();
 
 /// Every command of an editor window by its selector; null for an unknown one.
 const Command *commandForSelector(const QString &selector);

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QShortcut>
 #include <QTextEdit>
 
 #include <map>
@@ -50,10 +51,12 @@ std::map<QByteArray, bool> allowedIn(const QWidget *widget)
 
 } // namespace
 
-EditMenu::EditMenu(QWidget *window) : QMenu(tr("&Edit"), window)
+EditMenu::EditMenu(EditorWindowController &controller, QWidget *window)
+    : QMenu(tr("&Edit"), window)
+    , g_controller(controller)
 {
-    addCommand(tr("&Undo"), QKeySequence::Undo, "undo");
-    addCommand(tr("&Redo"), QKeySequence::Redo, "redo");
+    g_undo = addCommand(tr("&Undo"), QKeySequence::Undo, "undo");
+    g_redo = addCommand(tr("&Redo"), QKeySequence::Redo, "redo");
     addSeparator();
     addCommand(tr("Cu&t"), QKeySequence::Cut, "cut");
     addCommand(tr("&Copy"), QKeySequence::Copy, "copy");
@@ -61,34 +64,63 @@ EditMenu::EditMenu(QWidget *window) : QMenu(tr("&Edit"), window)
     addSeparator();
     addCommand(tr("Select &All"), QKeySequence::SelectAll, "selectAll");
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateCommands);
+    // A text with typing of its own to take back catches the key before these do.
+    for (const char *slot : {"undo", "redo"}) {
+        const auto key = *slot == 'u' ? QKeySequence::Undo : QKeySequence::Redo;
+        connect(new QShortcut(key, window), &QShortcut::activated, this, [this, slot] { run(slot); });
+    }
 }
 
-void EditMenu::addCommand(const QString &text, QKeySequence::StandardKey key, const char *slot)
+QAction *EditMenu::addCommand(const QString &text, QKeySequence::StandardKey key, const char *slot)
 {
     QAction *action = addAction(text);
     // Shown only: the focused text takes these keys itself, in whatever state the menu was last seen.
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetShortcut);
     action->setData(QByteArray(slot));
-    connect(action, &QAction::triggered, this, [slot] {
-        if (QWidget *widget = QApplication::focusWidget())
-            QMetaObject::invokeMethod(widget, slot);
-    });
+    connect(action, &QAction::triggered, this, [this, slot] { run(slot); });
+    return action;
+}
+
+void EditMenu::run(const QByteArray &slot)
+{
+    QWidget *widget = QApplication::focusWidget();
+    const auto allowed = allowedIn(widget);
+    const auto found = allowed.find(slot);
+    if (found != allowed.end() && found->second)
+        QMetaObject::invokeMethod(widget, slot.constData());
+    else if (slot == "undo")
+        g_controller.undo();
+    else if (slot == "redo")
+        g_controller.redo();
 }
 
 void EditMenu::updateCommands()
 {
     const auto allowed = allowedIn(QApplication::focusWidget());
+    const auto isAllowed = [&allowed](const QByteArray &slot) {
+        const auto found = allowed.find(slot);
+        return found != allowed.end() && found->second;
+    };
     for (QAction *action : actions()) {
-        const auto found = allowed.find(action->data().toByteArray());
         if (!action->isSeparator())
-            action->setEnabled(found != allowed.end() && found->second);
+            action->setEnabled(isAllowed(action->data().toByteArray()));
     }
+    updateUndo(g_undo, tr("&Undo"), isAllowed("undo"), g_controller.undoName());
+    updateUndo(g_redo, tr("&Redo"), isAllowed("redo"), g_controller.redoName());
+}
+
+/// Names what would be taken back: the typing comes first.
+void EditMenu::updateUndo(QAction *action, const QString &verb, bool textCan, const QString &step)
+{
+    const bool isStep = !textCan && !step.isEmpty();
+    action->setText(isStep ? verb + u' ' + step : verb);
+    action->setEnabled(textCan || isStep);
 }
 
 void EditorWindow::buildEditMenu()
 {
-    menuBar()->addMenu(new EditMenu(this));
+    menuBar()->addMenu(new EditMenu(g_controller, this));
 }
 
 } // namespace tavrin

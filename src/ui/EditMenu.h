@@ -7,17 +7,26 @@
 
 namespace tavrin {
 
-/// The Edit menu: its commands go to the text that has the focus, a cell being edited or the text area.
+class EditorWindowController;
+
+/// The Edit menu: its commands go to the text that has the focus, a cell being edited or the text area. When
+/// there is no typing to take back, Undo takes back what was done to the datafile.
 class EditMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    explicit EditMenu(QWidget *window);
+    EditMenu(EditorWindowController &controller, QWidget *window);
 
 private:
-    void addCommand(const QString &text, QKeySequence::StandardKey key, const char *slot);
+    QAction *addCommand(const QString &text, QKeySequence::StandardKey key, const char *slot);
     void updateCommands();
+    void updateUndo(QAction *action, const QString &verb, bool textCan, const QString &step);
+    void run(const QByteArray &slot);
+
+    EditorWindowController &g_controller;
+    QAction *g_undo = nullptr;
+    QAction *g_redo = nullptr;
 };
 
 } // namespace tavrin

@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 namespace tavrin {
 
 EditorWindow::EditorWindow(DatafileDocument &document,
-                           const Preferences &preferences,
+                           Preferences &preferences,
                            ApplicationMenus &menus,
                            const QString &firstRecord)
     : g_sheets([this] { return this; })

@@ -12,8 +12,11 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include <span>
+
 class QAction;
 class QLabel;
+class QMenu;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
@@ -22,6 +25,7 @@ namespace tavrin {
 
 class ApplicationMenus;
 class CellDelegate;
+struct Command;
 class FormattedTextBanner;
 class FreeformTextEdit;
 class RecordTableView;
@@ -35,7 +39,7 @@ public:
     /// The document, the preferences and the menus outlive the window. prepare() of the controller has run
     /// when the constructor returns.
     EditorWindow(DatafileDocument &document,
-                 const Preferences &preferences,
+                 Preferences &preferences,
                  ApplicationMenus &menus,
                  const QString &firstRecord);
     ~EditorWindow() override;
@@ -80,6 +84,9 @@ private:
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
     void buildViewMenu();
+    void buildSortMenu();
+    void buildColumnMenu();
+    void addCommands(QMenu *menu, std::span<const Command> commands);
     void buildToolbar();
     void buildStatusBar();
     void followController();
@@ -112,6 +119,7 @@ private:
     QLabel *g_readOnlyMark = nullptr;
     QAction *g_basicViewAction = nullptr;
     QAction *g_listViewAction = nullptr;
+    QMenu *g_sortTasksMenu = nullptr;
     double g_wantedSplitHeight = -1;
     bool g_closing = false;
     bool g_applyingWidths = false;

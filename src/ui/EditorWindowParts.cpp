@@ -4,6 +4,7 @@
 // How an editor window is put together: its tables, text area, menus, toolbar and status bar.
 
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/ListTableModel.h"
 #include "ui/ApplicationMenus.h"
@@ -63,6 +64,7 @@ void EditorWindow::buildTables()
     g_listTable->setAccessibleName(tr("Selected records"));
     g_listTable->setModel(&tables.listTableModel());
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    buildColumnMenu();
     auto *listDelegate = new CellDelegate(tables, g_listTable);
     g_listTable->setItemDelegate(listDelegate);
     connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
@@ -153,36 +155,85 @@ QAction *EditorWindow::actionFor(const QString &selector)
         action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
     if (*command->icon)
         action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
-    connect(action, &QAction::triggered, &g_controller, command->run);
+    connect(action, &QAction::triggered, &g_controller, [this, run = command->run] { run(g_controller); });
     g_actions.insert(selector, action);
     return action;
 }
 
 void EditorWindow::buildMenus(ApplicationMenus &menus)
 {
-    const auto addAll = [this](QMenu *menu, std::span<const Command> commands) {
-        for (const Command &command : commands) {
-            if (*command.selector)
-                menu->addAction(actionFor(QString::fromLatin1(command.selector)));
-            else
-                menu->addSeparator();
-        }
-    };
     QMenu *file = menuBar()->addMenu(tr("&File"));
     menus.addOpeningItems(*file);
     file->addSeparator();
     QAction *close = file->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(Qt::CTRL | Qt::Key_W);
-    addAll(file, fileCommands());
+    addCommands(file, fileCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 
     buildEditMenu();
     buildViewMenu();
-    addAll(menuBar()->addMenu(tr("&Record")), recordCommands());
+    addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
+    addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
+    buildSortMenu();
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
+}
+
+void EditorWindow::addCommands(QMenu *menu, std::span<const Command> commands)
+{
+    for (const Command &command : commands) {
+        if (*command.selector)
+            menu->addAction(actionFor(QString::fromLatin1(command.selector)));
+        else
+            menu->addSeparator();
+    }
+}
+
+void EditorWindow::buildSortMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("S&ort"));
+    addCommands(menu, sortCommands());
+    g_sortTasksMenu = new QMenu(tr("Sort Tas&ks"), this);
+    menu->insertMenu(actionFor(u"saveSortTask:"_s), g_sortTasksMenu);
+    connect(menu, &QMenu::aboutToShow, this, [this] {
+        g_sortTasksMenu->setEnabled(g_controller.validateAction(u"sortTask:"_s));
+    });
+    connect(g_sortTasksMenu, &QMenu::aboutToShow, this, [this] {
+        g_sortTasksMenu->clear();
+        for (const QString &name : g_controller.sorting().sortTaskNames()) {
+            QString text = name;
+            g_sortTasksMenu->addAction(text.replace(u'&', u"&&"_s), &g_controller, [this, name] {
+                g_controller.sorting().runSortTask(name);
+            });
+        }
+    });
+}
+
+/// A column's own menu: sorting by it.
+void EditorWindow::buildColumnMenu()
+{
+    QHeaderView *header = g_listTable->horizontalHeader();
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QHeaderView::customContextMenuRequested, this, [this, header](const QPoint &position) {
+        const int column = header->logicalIndexAt(position);
+        if (column < 0)
+            return;
+        auto *menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        const auto add = [&](const QString &text, bool descending) {
+            menu->addAction(text, &g_controller, [this, column, descending] {
+                g_controller.sorting().sortByColumn(column, descending);
+            });
+        };
+        add(tr("Sort &Ascending"), false);
+        add(tr("Sort &Descending"), true);
+        menu->addSeparator();
+        menu->addAction(actionFor(u"sortByFields:"_s));
+        menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
+        menu->popup(header->mapToGlobal(position));
+    });
 }
 
 void EditorWindow::buildViewMenu()
@@ -223,6 +274,11 @@ void EditorWindow::buildToolbar()
     toolbar->addSeparator();
     add("goBackOneRecord:", tr("Back"));
     add("goForwardOneRecord:", tr("Forward"));
+    toolbar->addSeparator();
+    add("selectRecords:", tr("Select Records"));
+    add("selectAllRecords:", tr("Select All Records"));
+    add("switchToOmitted:", tr("Switch to Omitted"));
+    add("sortByFields:", tr("Sort"));
     auto *space = new QWidget(toolbar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     toolbar->addWidget(space);
@@ -263,7 +319,7 @@ void EditorWindow::buildStatusBar()
                                  "goToRecordNumber:"})
         g_recordNumberButton->menu()->addAction(actionFor(QString::fromLatin1(selector)));
     g_selectionButton = makeButton(tr("Selection"), tr("How many of the records are selected"));
-    g_selectionButton->menu()->addActions({g_basicViewAction, g_listViewAction});
+    addCommands(g_selectionButton->menu(), selectCommands());
 }
 
 void EditorWindow::moveInBasicView(bool forward)

@@ -49,6 +49,21 @@ void FreeformTextEdit::setPaperColor(const QColor &color)
     applyPaperColor();
 }
 
+bool FreeformTextEdit::event(QEvent *event)
+{
+    // Without typing to take back, the keys are the window's.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isFree = (key->matches(QKeySequence::Undo) && !document()->isUndoAvailable())
+                            || (key->matches(QKeySequence::Redo) && !document()->isRedoAvailable());
+        if (isFree) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QTextEdit::event(event);
+}
+
 void FreeformTextEdit::keyPressEvent(QKeyEvent *event)
 {
     // Tab belongs to the text; with Ctrl it leaves.

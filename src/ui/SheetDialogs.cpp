@@ -9,7 +9,15 @@
 #include "editor/EnterPasswordSheetController.h"
 #include "editor/FileSheetController.h"
 #include "editor/GotoRecordSheetController.h"
+#include "editor/SelectRecordsSheetController.h"
+#include "editor/SortFieldsSheetController.h"
+#include "editor/SortFreeformSheetController.h"
+#include "editor/SortTaskNameSheetController.h"
+#include "editor/SortTasksSheetController.h"
 #include "ui/NewDatafileDialog.h"
+#include "ui/SelectRecordsDialog.h"
+#include "ui/SortDialogs.h"
+#include "ui/SortTasksDialog.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -130,6 +138,19 @@ QDialog *makeGotoRecord(GotoRecordSheetController &sheet, QWidget *parent)
     return made.dialog;
 }
 
+QDialog *makeSortTaskName(SortTaskNameSheetController &sheet, QWidget *parent)
+{
+    const EntryDialog made =
+        makeEntryDialog(sheet, translated("Save as Sort Task"), translated("Name:"), parent);
+    made.dialog->setMinimumWidth(made.dialog->fontMetrics().averageCharWidth() * 55);
+    static_cast<QFormLayout *>(made.dialog->layout())
+        ->insertRow(0, new QLabel(translated("Sorts by: %1").arg(sheet.description()), made.dialog));
+    made.entry->setText(sheet.entry());
+    made.entry->selectAll();
+    QObject::connect(made.entry, &QLineEdit::textChanged, &sheet, &SortTaskNameSheetController::setEntry);
+    return made.dialog;
+}
+
 QDialog *makePassword(EnterPasswordSheetController &sheet, QWidget *parent)
 {
     const EntryDialog made =
@@ -160,6 +181,16 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return makeGotoRecord(*number, parent);
     if (auto *password = qobject_cast<EnterPasswordSheetController *>(&sheet))
         return makePassword(*password, parent);
+    if (auto *select = qobject_cast<SelectRecordsSheetController *>(&sheet))
+        return new SelectRecordsDialog(*select, parent);
+    if (auto *fields = qobject_cast<SortFieldsSheetController *>(&sheet))
+        return new SortFieldsDialog(*fields, parent);
+    if (auto *freeform = qobject_cast<SortFreeformSheetController *>(&sheet))
+        return new SortFreeformDialog(*freeform, parent);
+    if (auto *name = qobject_cast<SortTaskNameSheetController *>(&sheet))
+        return makeSortTaskName(*name, parent);
+    if (auto *tasks = qobject_cast<SortTasksSheetController *>(&sheet))
+        return new SortTasksDialog(*tasks, parent);
     if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
         return new NewDatafileDialog(*datafile, parent);
     throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");

@@ -138,6 +138,7 @@ void EditorSavingTest::aReadOnlyDatafileIsSavedElsewhere()
     editor.sheets.answerAlert(1000);
 
     editor.window->saveDocument();
+    editor.document->waitForSaving();
 
     QVERIFY(editor.sheets.allAnswered());
     QCOMPARE(editor.sheets.alerts(), QStringList(u"Other.tv3"_s));
