@@ -22,6 +22,8 @@ QList<Command> commands()
             newCommand(),
             saveCommand(),
             setCommand(),
+            findCommand(),
+            replaceCommand(),
             settingsCommand()};
 }
 

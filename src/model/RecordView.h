@@ -12,6 +12,10 @@ namespace tavrin {
 class RecordData;
 class RecordSource;
 
+namespace text {
+class TextSieve;
+}
+
 /// One record's parts, read without making the record an object: from its object where there is one, else
 /// from where the datafile was read to.
 ///
@@ -27,6 +31,8 @@ public:
 
     TextView fieldValue(const QString &fieldIdentifier) const;
     TextView textString() const;
+    /// Whether what the sieve looks for may be in a field or in the text: false only if it is not.
+    bool mayHold(const text::TextSieve &sieve) const;
     QByteArray textRTFD() const;
     QString name() const;
     QString createdBy() const;

@@ -8,6 +8,7 @@
 #include "model/RecordKey.h"
 #include "model/XmlRecordIndexer.h"
 #include "plist/XmlReader.h"
+#include "text/TextSieve.h"
 
 #include <algorithm>
 
@@ -51,6 +52,15 @@ TextView textOf(plist::XmlCursor &cursor)
     cursor.skipValue();
     const Result<plist::Value> value = plist::readXml({start, cursor.at()});
     return TextView(value ? value->toText() : QString());
+}
+
+/// Whether something passes that stands neither in a tag nor in a key.
+bool passes(QByteArrayView element, const text::TextSieve &sieve)
+{
+    return sieve.passes(element, [element](qsizetype place) {
+        const qsizetype tag = element.lastIndexOf('<', place);
+        return element.indexOf('>', tag) < place && !element.sliced(tag).startsWith("<key>");
+    });
 }
 
 } // namespace
@@ -167,6 +177,16 @@ TextView XmlRecords::fieldValue(quint32 place, const QString &fieldIdentifier) c
         cursor.skipValue();
     }
     return {};
+}
+
+bool XmlRecords::mayHold(quint32 place, const text::TextSieve &sieve) const
+{
+    const Record &record = g_records[place];
+    if (record.hasHiddenText)
+        return true;
+    const QByteArrayView bytes = xml(place);
+    return passes(bytes.sliced(record.textString, record.textStringSize), sieve)
+           || passes(bytes.sliced(record.fields, record.fieldsSize), sieve);
 }
 
 TextView XmlRecords::textString(quint32 place) const
