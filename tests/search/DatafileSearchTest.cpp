@@ -118,7 +118,7 @@ void DatafileSearchTest::steppingComesByAllHitsInOrder()
 {
     std::mt19937 random(20260104);
     const QSet<qsizetype> hidden{1};
-    for (int file = 0; file < 12; ++file) {
+    for (int file = 0; file < 8; ++file) {
         QList<TestRecord> records;
         for (int i = 0; i < 40; ++i)
             records.append({{randomContent(random, 6), randomContent(random, 6), randomContent(random, 6)},
@@ -129,7 +129,7 @@ void DatafileSearchTest::steppingComesByAllHitsInOrder()
         // One record is an object already.
         document->storeText(u"r39"_s, records.last().text = u"kiss &amp; kiss"_s);
         const qint64 count = document->datafileCatalog().countSelected();
-        for (int i = 0; i < 60; ++i) {
+        for (int i = 0; i < 40; ++i) {
             const QString key = TestRecord::seen(randomContent(random, 1 + i % 3));
             const KeyOptions options{.caseSensitive = i % 2 == 0, .wholeWord = i % 5 == 0};
             const DatafileSearch search(*document, options, FieldsToSearchIn::everything);
