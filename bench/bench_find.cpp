@@ -9,6 +9,8 @@
 #include "document/DatafileDocument.h"
 #include "search/DatafileSearch.h"
 
+#include <QFile>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
