@@ -39,6 +39,8 @@ public:
 
     /// Whether what the sieve looks for may be in a field or in the plain text: false only if it is not.
     virtual bool mayHold(quint32 /*place*/, const text::TextSieve & /*sieve*/) const { return true; }
+    /// Has the memory bring what mayHold() is about to read.
+    virtual void fetch(quint32 /*place*/) const {}
 
     /// The record's element as it stands in an XML datafile; empty for a record that came from elsewhere.
     virtual QByteArrayView xml(quint32 /*place*/) const { return {}; }

@@ -34,6 +34,12 @@ bool RecordView::mayHold(const text::TextSieve &sieve) const
     return g_record || g_source->mayHold(g_place, sieve);
 }
 
+void RecordView::fetch() const
+{
+    if (!g_record)
+        g_source->fetch(g_place);
+}
+
 QByteArray RecordView::textRTFD() const
 {
     const plist::Value data = value(RecordKey::textRTFD);

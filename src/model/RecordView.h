@@ -33,6 +33,8 @@ public:
     TextView textString() const;
     /// Whether what the sieve looks for may be in a field or in the text: false only if it is not.
     bool mayHold(const text::TextSieve &sieve) const;
+    /// Has the memory bring what mayHold() is about to read.
+    void fetch() const;
     QByteArray textRTFD() const;
     QString name() const;
     QString createdBy() const;

@@ -40,6 +40,7 @@ public:
     TextView fieldValue(quint32 place, const QString &fieldIdentifier) const override;
     TextView textString(quint32 place) const override;
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
+    void fetch(quint32 place) const override;
     QByteArrayView xml(quint32 place) const override;
 
 private:

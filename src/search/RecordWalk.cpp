@@ -23,6 +23,8 @@ bool RecordWalk::visit(qint64 first, qint64 last, const Visitor &visitor)
     // The next hit is often near.
     constexpr qint64 firstPiece = 16;
     constexpr qint64 largestPiece = 4096;
+    // What is looked at has to come from memory, mostly; meanwhile the ones before it are looked at.
+    constexpr qint64 ahead = 3;
     const SubsetSortedData &catalog = g_document.datafileCatalog();
     const DatafileRecordsData &records = g_document.datafileRecords();
     const qint64 step = first <= last ? 1 : -1;
@@ -31,9 +33,13 @@ bool RecordWalk::visit(qint64 first, qint64 last, const Visitor &visitor)
     for (qint64 at = first; at != end; size = std::min(2 * size, largestPiece)) {
         const qint64 count = std::min(size, std::abs(end - at));
         const std::vector<quint32> numbers = catalog.selectedNumbers(step > 0 ? at : at - count + 1, count);
+        const auto viewOf = [&](qint64 i) {
+            return records.view(numbers[static_cast<size_t>(step > 0 ? i : count - 1 - i)]);
+        };
         for (qint64 i = 0; i < count; ++i, at += step) {
-            const quint32 number = numbers[static_cast<size_t>(step > 0 ? i : count - 1 - i)];
-            const std::optional<RecordView> view = records.view(number);
+            if (const auto next = i + ahead < count ? viewOf(i + ahead) : std::nullopt)
+                next->fetch();
+            const std::optional<RecordView> view = viewOf(i);
             if (!goesOn() || (view && !visitor(at, *view)))
                 return false;
         }
