@@ -238,6 +238,12 @@ QByteArray freeformText(Random &random, const QByteArray &name, const QByteArray
     return text;
 }
 
+/// For who looks for a word that one record in ten thousand has.
+QByteArray rareWord(quint64 number)
+{
+    return number % 10000 == 99 ? "Quixotry" : "";
+}
+
 QByteArray rtfCharacters(const QString &text)
 {
     QByteArray result;
@@ -328,7 +334,7 @@ MadeRecord RecordMaker::record(quint64 number) const
     MadeRecord made;
     if (g_size == RecordSize::Small) {
         made.fields[0] = last + ", " + first;
-        made.text = sentence(random);
+        made.text = sentence(random) + rareWord(number);
         made.fields[5] = amount(random);
         return made;
     }
@@ -339,7 +345,7 @@ MadeRecord RecordMaker::record(quint64 number) const
                    city,
                    amount(random),
                    random.oneIn(2) ? QByteArray() : "https://" + bench::number(random, 5) + ".example.com/"};
-    made.text = freeformText(random, first + ' ' + last, city);
+    made.text = freeformText(random, first + ' ' + last, city) + rareWord(number);
     if (g_size == RecordSize::Rich)
         made.textRTFD = flatRtfd(rtf(random, made.text));
     made.createdBy = random.pick(users);

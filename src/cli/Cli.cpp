@@ -24,6 +24,8 @@ QList<Command> commands()
             setCommand(),
             sortCommand(),
             selectCommand(),
+            findCommand(),
+            replaceCommand(),
             settingsCommand()};
 }
 

@@ -47,9 +47,11 @@ QList<Option> writingOptions();
 QList<Option> commonOptions();
 
 Command checkCommand();
+Command findCommand();
 Command infoCommand();
 Command listCommand();
 Command newCommand();
+Command replaceCommand();
 Command saveCommand();
 Command selectCommand();
 Command setCommand();

@@ -3,6 +3,7 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/RecordAccess.h"
+#include "model/FieldText.h"
 
 namespace tavrin {
 
@@ -16,17 +17,6 @@ struct Changes
     QList<std::pair<QString, QString>> fieldValues; ///< By field identifier, in the order given.
     std::optional<QString> text;
 };
-
-/// Field values are single-line by rule.
-QString fieldValueOf(QString text)
-{
-    for (QChar &character : text) {
-        if (character == u'\n' || character == u'\r' || character == u'\t'
-            || character == QChar::LineSeparator || character == QChar::ParagraphSeparator)
-            character = u' ';
-    }
-    return text;
-}
 
 Result<Changes> changesIn(const Arguments &arguments, const DatafileSettingsData &settings)
 {
@@ -47,7 +37,7 @@ Result<Changes> changesIn(const Arguments &arguments, const DatafileSettingsData
         if (field->isText())
             changes.text = value;
         else
-            changes.fieldValues.append({field->identifier, fieldValueOf(value)});
+            changes.fieldValues.append({field->identifier, singleLineFieldText(value)});
     }
     return changes;
 }

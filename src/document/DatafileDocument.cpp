@@ -113,12 +113,19 @@ void DatafileDocument::storeText(const QString &recordIdentifier, const QString 
     announce(RecordChanged{recordIdentifier});
 }
 
-void DatafileDocument::storePlainText(const QString &recordIdentifier, const QString &text)
+void DatafileDocument::storeFormattedText(const QString &recordIdentifier,
+                                          const QString &text,
+                                          const QByteArray &textRTFD)
 {
     RecordData &record = recordToChange(recordIdentifier);
     record.setTextString(text);
-    record.setTextRTFD({});
+    record.setTextRTFD(textRTFD);
     announce(RecordChanged{recordIdentifier});
+}
+
+void DatafileDocument::storePlainText(const QString &recordIdentifier, const QString &text)
+{
+    storeFormattedText(recordIdentifier, text, {});
 }
 
 void DatafileDocument::markRecordModified(const QString &recordIdentifier)

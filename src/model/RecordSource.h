@@ -9,6 +9,10 @@
 
 namespace tavrin {
 
+namespace text {
+class TextSieve;
+}
+
 /// The records of a datafile as it was read, each at a place from 0 on.
 ///
 /// Immutable, and so usable on any thread. Nothing is kept of what is read from it.
@@ -33,6 +37,11 @@ public:
     /// As RecordData::fieldValue() and textString() give them.
     virtual TextView fieldValue(quint32 place, const FieldKey &field) const = 0;
     virtual TextView textString(quint32 place) const = 0;
+
+    /// Whether what the sieve looks for may be in a field or in the plain text: false only if it is not.
+    virtual bool mayHold(quint32 /*place*/, const text::TextSieve & /*sieve*/) const { return true; }
+    /// Has the memory bring what mayHold() is about to read.
+    virtual void fetch(quint32 /*place*/) const {}
 
     /// The record's element as it stands in an XML datafile; empty for a record that came from elsewhere.
     virtual QByteArrayView xml(quint32 /*place*/) const { return {}; }

@@ -29,6 +29,17 @@ TextView RecordView::textString() const
     return g_record ? TextView(g_record->textString()) : g_source->textString(g_place);
 }
 
+bool RecordView::mayHold(const text::TextSieve &sieve) const
+{
+    return g_record || g_source->mayHold(g_place, sieve);
+}
+
+void RecordView::fetch() const
+{
+    if (!g_record)
+        g_source->fetch(g_place);
+}
+
 QByteArray RecordView::textRTFD() const
 {
     const plist::Value data = value(RecordKey::textRTFD);

@@ -13,6 +13,10 @@ namespace tavrin {
 class RecordData;
 class RecordSource;
 
+namespace text {
+class TextSieve;
+}
+
 /// One record's parts, read without making the record an object: from its object where there is one, else
 /// from where the datafile was read to.
 ///
@@ -28,6 +32,10 @@ public:
 
     TextView fieldValue(const FieldKey &field) const;
     TextView textString() const;
+    /// Whether what the sieve looks for may be in a field or in the text: false only if it is not.
+    bool mayHold(const text::TextSieve &sieve) const;
+    /// Has the memory bring what mayHold() is about to read.
+    void fetch() const;
     QByteArray textRTFD() const;
     QString name() const;
     QString createdBy() const;

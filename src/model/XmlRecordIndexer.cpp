@@ -84,8 +84,13 @@ bool XmlRecordIndexer::indexRecord()
                 g_record.textString = distance;
             if (known == RecordKey::fieldsPlace)
                 g_record.fields = distance;
-            if (!(known == RecordKey::fieldsPlace ? indexFields() : g_cursor.skipValue()))
+            if (!indexValue(known))
                 return false;
+            const auto size = static_cast<quint32>(g_cursor.at() - start) - distance;
+            if (known == RecordKey::textStringPlace)
+                g_record.textStringSize = size;
+            if (known == RecordKey::fieldsPlace)
+                g_record.fieldsSize = size;
         }
     }
     if (g_cursor.hasFailed())
@@ -101,6 +106,33 @@ bool XmlRecordIndexer::indexRecord()
     return true;
 }
 
+bool XmlRecordIndexer::indexValue(size_t knownKey)
+{
+    switch (knownKey) {
+    case RecordKey::fieldsPlace:
+        return indexFields();
+    case RecordKey::textStringPlace:
+        return indexText();
+    default:
+        return g_cursor.skipValue();
+    }
+}
+
+// The value of a field, or the plain text. What is no string has a text that the bytes need not show.
+bool XmlRecordIndexer::indexText()
+{
+    if (g_cursor.tag().element != plist::Element::String) {
+        g_record.hasHiddenText = true;
+        return g_cursor.skipValue();
+    }
+    QByteArrayView content;
+    if (!g_cursor.readString(content))
+        return false;
+    if (g_cursor.isEncoded() && (content.contains("&#") || content.contains("<")))
+        g_record.hasHiddenText = true;
+    return true;
+}
+
 bool XmlRecordIndexer::indexFields()
 {
     if (g_cursor.tag().element != plist::Element::Dict)
@@ -111,7 +143,7 @@ bool XmlRecordIndexer::indexFields()
     bool isReference = false;
     for (bool isFirst = true; g_fieldKeys.next(g_cursor); isFirst = false) {
         isReference = (isFirst || isReference) && g_cursor.key() == referenceKey;
-        if (!g_cursor.skipValue())
+        if (!indexText())
             return false;
     }
     g_record.needsOpening = g_record.needsOpening || isReference || g_fieldKeys.hasRepeated();

@@ -33,7 +33,9 @@ public:
 private:
     bool indexEntry();
     bool indexRecord();
+    bool indexValue(size_t knownKey);
     bool indexFields();
+    bool indexText();
     QByteArrayView identifier();
     bool isUnusual();
 

@@ -9,6 +9,7 @@
 #include "model/RecordKey.h"
 #include "model/XmlRecordIndexer.h"
 #include "plist/XmlReader.h"
+#include "text/TextSieve.h"
 
 #include <algorithm>
 
@@ -52,6 +53,24 @@ TextView textOf(plist::XmlCursor &cursor)
     cursor.skipValue();
     const Result<plist::Value> value = plist::readXml({start, cursor.at()});
     return TextView(value ? value->toText() : QString());
+}
+
+void fetchBytes(QByteArrayView bytes)
+{
+    constexpr qsizetype line = 64;
+    // Of long texts the memory brings the rest by itself.
+    constexpr qsizetype most = 2048;
+    for (qsizetype at = 0; at < std::min(bytes.size(), most); at += line)
+        __builtin_prefetch(bytes.data() + at);
+}
+
+/// Whether something passes that stands neither in a tag nor in a key.
+bool passes(QByteArrayView element, const text::TextSieve &sieve)
+{
+    return sieve.passes(element, [element](qsizetype place) {
+        const qsizetype tag = element.lastIndexOf('<', place);
+        return element.indexOf('>', tag) < place && !element.sliced(tag).startsWith("<key>");
+    });
 }
 
 } // namespace
@@ -185,6 +204,23 @@ TextView XmlRecords::fieldValue(quint32 place, const FieldKey &field) const
         cursor.skipValue();
     }
     return {};
+}
+
+bool XmlRecords::mayHold(quint32 place, const text::TextSieve &sieve) const
+{
+    const Record &record = g_records[place];
+    if (record.hasHiddenText)
+        return true;
+    const QByteArrayView bytes = xml(place);
+    return passes(bytes.sliced(record.textString, record.textStringSize), sieve)
+           || passes(bytes.sliced(record.fields, record.fieldsSize), sieve);
+}
+
+void XmlRecords::fetch(quint32 place) const
+{
+    const Record &record = g_records[place];
+    fetchBytes(xml(place).sliced(record.textString, record.textStringSize));
+    fetchBytes(xml(place).sliced(record.fields, record.fieldsSize));
 }
 
 TextView XmlRecords::textString(quint32 place) const

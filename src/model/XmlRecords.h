@@ -39,6 +39,8 @@ public:
     plist::Value value(quint32 place, const QString &key) const override;
     TextView fieldValue(quint32 place, const FieldKey &field) const override;
     TextView textString(quint32 place) const override;
+    bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
+    void fetch(quint32 place) const override;
     QByteArrayView xml(quint32 place) const override;
 
 private:
@@ -49,8 +51,11 @@ private:
         quint64 start = 0;      ///< Of the record's element, in g_text.
         quint32 size = 0;       ///< Of the element, in bytes.
         quint32 fields = 0;     ///< From the start of the element to the value under "Fields".
+        quint32 fieldsSize = 0; ///< Of that value, in bytes.
         quint32 textString = 0; ///< The same for the plain text.
+        quint32 textStringSize = 0;
         bool needsOpening = false;
+        bool hasHiddenText = false; ///< A text is not in the bytes, or is not to be recognised there.
     };
 
     Outcome take(std::span<const XmlRecordIndexer> indexers, IdentifierTable &identifiers);

@@ -45,6 +45,22 @@ public:
         }
     }
 
+    /// The same from an index on, as long as visitor gives true.
+    template <typename Visitor>
+    void visitFrom(qint64 index, Visitor &&visitor) const
+    {
+        if (index >= count())
+            return;
+        const Place first = placeOf(index);
+        size_t offset = first.offset;
+        for (size_t chunk = first.chunk; chunk < g_chunks.size(); ++chunk, offset = 0) {
+            for (; offset < g_chunks[chunk].size(); ++offset) {
+                if (!visitor(g_chunks[chunk][offset]))
+                    return;
+            }
+        }
+    }
+
     /// Calls change(CatalogEntry &) for each, in order; it may change what is selected.
     template <typename Change>
     void changeEach(Change &&change)

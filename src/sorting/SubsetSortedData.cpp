@@ -168,6 +168,19 @@ QStringList SubsetSortedData::selectedIdentifiers() const
     return identifiers;
 }
 
+std::vector<quint32> SubsetSortedData::selectedNumbers(qint64 from, qint64 most) const
+{
+    const auto wanted = static_cast<size_t>(std::min(most, countSelected() - from));
+    std::vector<quint32> numbers;
+    numbers.reserve(wanted);
+    g_order.visitFrom(g_order.indexOfSelectedPlace(from), [&](const CatalogEntry &entry) {
+        if (entry.currentlySelected())
+            numbers.push_back(entry.identifier());
+        return numbers.size() < wanted;
+    });
+    return numbers;
+}
+
 void SubsetSortedData::selectAll()
 {
     SubsetSortCriteriaData everything = g_criteria;

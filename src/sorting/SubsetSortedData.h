@@ -80,6 +80,9 @@ public:
     QString selectedIdentifierAtIndex(qint64 index) const;
     qint64 indexOfSelectedIdentifier(const QString &identifier) const;
     QStringList selectedIdentifiers() const;
+    /// The numbers of the identifiers of so many selected records from a valid index on, or of as many as
+    /// there are.
+    std::vector<quint32> selectedNumbers(qint64 from, qint64 most) const;
 
     // Changing the selection.
 

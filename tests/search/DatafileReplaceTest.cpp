@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "search/DatafileReplace.h"
+
+#include "search/SearchFixture.h"
+
+using namespace tavrin;
+using namespace Qt::StringLiterals;
+
+class DatafileReplaceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyOccurrenceIsReplaced();
+    void codesAndWordsLimitWhatIsReplaced();
+    void whatIsLockedOmittedOrFormattedStays();
+    void undoPutsBackWhatWasThere();
+    void nothingToReplaceChangesNothing();
+    void oneHitIsReplacedAndTheSearchGoesOnBehindIt();
+
+private:
+    std::unique_ptr<DatafileDocument> document(const QList<TestRecord> &records,
+                                               const QSet<qsizetype> &hidden = {}) const
+    {
+        return DatafileFixture::opened(g_folder.make(u"replaced.tv3"_s, searchedDatafile(records, hidden)));
+    }
+    ReplaceAllOutcome replace(DatafileDocument &document,
+                              const Replacement &replacement,
+                              const ReplaceExtent &extent = {},
+                              UnkeptFormatting formatting = UnkeptFormatting::Leave)
+    {
+        return replaceAll(document, replacement, extent, formatting, g_progress);
+    }
+    /// Fields and text of all records, in one line each.
+    static QStringList contents(const DatafileDocument &document)
+    {
+        QStringList contents;
+        document.datafileRecords().forEach([&](quint32, const RecordView &record) {
+            QStringList parts;
+            for (const FieldDefinition &field : document.datafileSettings().fields())
+                parts.append(record.fieldValue(field.identifier()).toString());
+            contents.append((parts << record.textString().toString()).join(u'|'));
+        });
+        return contents;
+    }
+
+    DatafileFixture g_folder;
+    Progress g_progress;
+};
+
+void DatafileReplaceTest::everyOccurrenceIsReplaced()
+{
+    const auto document =
+        this->document({{{u"aXa"_s, u"cafe\u0301"_s}, u"A & a<a>"_s}, {{u"b"_s, u"b"_s}, u"b"_s}}, {0});
+
+    // What is put in is not searched again, and a field stays one line.
+    const ReplaceAllOutcome outcome = replace(*document, {u"a"_s, u"a\na"_s, {}});
+    QCOMPARE(outcome.replacements, 6);
+    QCOMPARE(outcome.records, 1);
+    QCOMPARE(contents(*document), (QStringList{u"a aXa a|ca afe\u0301|a\na & a\na<a\na>"_s, u"b|b|b"_s}));
+    QVERIFY(document->isModified());
+    QCOMPARE(document->datafileRecords().view(u"r0"_s)->modifiedBy(), u"Test Person"_s);
+    QVERIFY(document->datafileRecords().view(u"r1"_s)->modifiedBy().isEmpty());
+
+    QCOMPARE(replace(*document, {u"\u00E9"_s, {}, {}}).replacements, 1);
+    QVERIFY(contents(*document).constFirst().startsWith(u"a aXa a|ca af|"));
+}
+
+void DatafileReplaceTest::codesAndWordsLimitWhatIsReplaced()
+{
+    const QList<TestRecord> records{{{u"cat, catalog"_s, u"cat"_s}, u"Cat"_s},
+                                    {{u"cat"_s, u"cat"_s}, u"cat"_s}};
+    const auto replaced = [&](KeyOptions options, const ReplaceExtent &extent) {
+        const auto document = this->document(records);
+        replace(*document, {u"cat"_s, u"dog"_s, options}, extent);
+        return contents(*document).join(u'/');
+    };
+    const KeyOptions word{.wholeWord = true};
+    QCOMPARE(replaced(word, {0, 0}), u"dog, catalog|cat|Cat/cat|cat|cat"_s);
+    QCOMPARE(replaced(word, {FieldsToSearchIn::freeformText, {}}), u"cat, catalog|cat|dog/cat|cat|dog"_s);
+    QCOMPARE(replaced({.caseSensitive = true}, {FieldsToSearchIn::everything, 0}),
+             u"dog, dogalog|dog|Cat/cat|cat|cat"_s);
+    QCOMPARE(replaced({}, {1, {}}), u"cat, catalog|dog|Cat/cat|dog|cat"_s);
+    QCOMPARE(replaced({}, {1, 9}), u"cat, catalog|cat|Cat/cat|cat|cat"_s);
+}
+
+void DatafileReplaceTest::whatIsLockedOmittedOrFormattedStays()
+{
+    const auto document = this->document({{{u"x"_s}, u"x"_s, true, true},
+                                          {{u"x"_s}, u"x"_s, false},
+                                          {{u"x"_s}, u"x"_s, true, false, "rtfd"},
+                                          {{u"o"_s}, u"o"_s, true, false, "rtfd"}});
+    ReplaceAllOutcome outcome = replace(*document, {u"x"_s, u"y"_s, {}});
+    QCOMPARE(contents(*document), (QStringList{u"x|x"_s, u"x|x"_s, u"y|x"_s, u"o|o"_s}));
+    QCOMPARE(outcome.leftRecords, QStringList{u"r2"_s});
+    QCOMPARE(outcome.replacements, 1);
+
+    outcome = replace(*document, {u"x"_s, u"y"_s, {}}, {}, UnkeptFormatting::Drop);
+    QCOMPARE(contents(*document), (QStringList{u"x|x"_s, u"x|x"_s, u"y|y"_s, u"o|o"_s}));
+    QVERIFY(document->datafileRecords().view(u"r2"_s)->textRTFD().isEmpty());
+    QCOMPARE(document->datafileRecords().view(u"r3"_s)->textRTFD(), QByteArray("rtfd"));
+    outcome.undo.exchange(*document);
+    QCOMPARE(contents(*document)[2], u"y|x"_s);
+    QCOMPARE(document->datafileRecords().view(u"r2"_s)->textRTFD(), QByteArray("rtfd"));
+}
+
+void DatafileReplaceTest::undoPutsBackWhatWasThere()
+{
+    const auto document = this->document({{{u"ab"_s, u"ba"_s}, u"a"_s}, {{u"b"_s, u"a"_s}, u"b"_s}});
+    const QStringList before = contents(*document);
+    ReplaceAllOutcome outcome = replace(*document, {u"a"_s, u"long"_s, {}});
+    const QStringList after = contents(*document);
+    QCOMPARE(outcome.undo.count(), 2);
+    document->deleteRecord(document->addRecord({}));
+    outcome.undo.exchange(*document);
+    QCOMPARE(contents(*document), before);
+    outcome.undo.exchange(*document);
+    QCOMPARE(contents(*document), after);
+}
+
+void DatafileReplaceTest::nothingToReplaceChangesNothing()
+{
+    const auto document = this->document({{{u"a"_s}, u"a"_s}});
+    class Cancelled : public Progress
+    {
+        bool isCancelled() const override { return true; }
+    } cancelled;
+    for (const QString &key : {u"none"_s, u""_s})
+        QCOMPARE(replace(*document, {key, u"y"_s, {}}).replacements, 0);
+    QCOMPARE(replaceAll(*document, {u"a"_s, u"y"_s, {}}, {}, UnkeptFormatting::Drop, cancelled).replacements,
+             0);
+    QVERIFY(!document->isModified());
+    QCOMPARE(contents(*document), QStringList{u"a|a"_s});
+}
+
+void DatafileReplaceTest::oneHitIsReplacedAndTheSearchGoesOnBehindIt()
+{
+    const auto document = this->document({{{u"a aa"_s}, u"a a"_s}, {{u"a"_s}, u"a"_s, true, true}});
+    const DatafileSearch search(*document, {}, FieldsToSearchIn::everything);
+    SearchStart start;
+    for (int count = 0; const auto hit = search.forwardSearchForString(u"A"_s, start, {}, g_progress);
+         ++count) {
+        const auto place = replaceString(*document, *hit, {u"A"_s, u"a.a"_s, {}});
+        QCOMPARE(place.has_value(), count < 5);
+        // Not a second time: something else stands there now, or the record is locked.
+        QVERIFY(!replaceString(*document, *hit, {u"a "_s, u"b"_s, {}}));
+        if (!place)
+            break;
+        start = {hit->record, *place, {}};
+    }
+    QCOMPARE(contents(*document), (QStringList{u"a.a a.aa.a|a.a a.a"_s, u"a|a"_s}));
+    QVERIFY(!replaceString(*document, {0, u"gone"_s, {}}, {u"a"_s, u"b"_s, {}}));
+}
+
+QTEST_GUILESS_MAIN(DatafileReplaceTest)
+#include "DatafileReplaceTest.moc"
