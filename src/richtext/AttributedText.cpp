@@ -151,7 +151,8 @@ void AttributedText::dropStrayAttachments(qsizetype position, qsizetype length)
 {
     CharacterRuns kept;
     qsizetype start = 0;
-    for (const auto &run : g_characters.part(position, length).runs()) {
+    const CharacterRuns before = g_characters.part(position, length);
+    for (const auto &run : before.runs()) {
         if (!run.format->attachment) {
             kept.append(run.end - start, run.format);
             start = run.end;

@@ -91,7 +91,10 @@ std::optional<int> codePageOfCharset(int charset)
     return {};
 }
 
-CodePageDecoder::CodePageDecoder(int codePage) : g_singles{}, g_converter(openConverter(codePage))
+CodePageDecoder::CodePageDecoder(int codePage)
+    : g_singles{}
+    , g_converter(openConverter(codePage))
+    , g_isUtf8(codePage == utf8CodePage)
 {
     for (size_t i = 0; i < g_singles.size(); ++i)
         g_singles[i] = static_cast<char16_t>(i);
@@ -101,10 +104,6 @@ CodePageDecoder::CodePageDecoder(int codePage) : g_singles{}, g_converter(openCo
         macRoman80toFF.copy(g_singles.data() + 0x80, macRoman80toFF.size());
     else if (g_converter != none)
         readSingles();
-    if (codePage == utf8CodePage) {
-        std::fill(g_singles.begin() + 0x80, g_singles.end(), needsMore);
-        g_utf8.emplace(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
-    }
 }
 
 CodePageDecoder::~CodePageDecoder()
@@ -128,11 +127,8 @@ void CodePageDecoder::readSingles()
 
 void CodePageDecoder::take(uchar byte, QString &text)
 {
-    if (g_utf8 && (byte >= 0x80 || g_isInsideUtf8)) {
-        const char bytes[] = {static_cast<char>(byte)};
-        const QString completed = g_utf8->decode(QByteArrayView(bytes, 1));
-        g_isInsideUtf8 = completed.isEmpty();
-        text += completed;
+    if (g_isUtf8 && (byte >= 0x80 || isInside())) {
+        takeUtf8(byte, text);
         return;
     }
     if (g_lead != 0) {
@@ -150,15 +146,30 @@ void CodePageDecoder::take(uchar byte, QString &text)
         text += QChar(g_singles[byte]);
 }
 
+void CodePageDecoder::takeUtf8(uchar byte, QString &text)
+{
+    const bool continues = (byte & 0xC0) == 0x80;
+    if (isInside() && !continues) {
+        finish(text);
+        take(byte, text);
+        return;
+    }
+    g_utf8 += static_cast<char>(byte);
+    const auto first = static_cast<uchar>(g_utf8.front());
+    const qsizetype size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC0 ? 2 : 1;
+    if (g_utf8.size() < size)
+        return;
+    text += QString::fromUtf8(g_utf8);
+    g_utf8.clear();
+}
+
 void CodePageDecoder::finish(QString &text)
 {
     if (!isInside())
         return;
     text += QChar(replacement);
     g_lead = 0;
-    g_isInsideUtf8 = false;
-    if (g_utf8)
-        g_utf8->resetState();
+    g_utf8.clear();
 }
 
 char16_t CodePageDecoder::pair(uchar lead, uchar trail)

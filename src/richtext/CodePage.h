@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QString>
-#include <QStringDecoder>
 
 #include <array>
 #include <memory>
@@ -38,7 +38,7 @@ public:
     /// Appends what the byte completes: nothing, a character, or two.
     void take(uchar byte, QString &text);
     /// True when the next byte belongs to the last one, whatever it is.
-    bool isInside() const { return g_lead != 0 || g_isInsideUtf8; }
+    bool isInside() const { return g_lead != 0 || !g_utf8.isEmpty(); }
     /// The end of the bytes: appends U+FFFD for a character that is not complete.
     void finish(QString &text);
 
@@ -46,13 +46,14 @@ private:
     static constexpr char16_t needsMore = 0xFFFF;
 
     void readSingles();
+    void takeUtf8(uchar byte, QString &text);
     char16_t pair(uchar lead, uchar trail);
 
     std::array<char16_t, 256> g_singles;
     void *g_converter;
     std::vector<char16_t> g_pairs; ///< By lead and trail byte; 0: not asked yet.
-    std::optional<QStringDecoder> g_utf8;
-    bool g_isInsideUtf8 = false;
+    bool g_isUtf8;
+    QByteArray g_utf8; ///< The bytes of a character that is not complete.
     uchar g_lead = 0;
 };
 

@@ -102,7 +102,8 @@ public:
     {
         FormatRuns changed;
         qsizetype from = 0;
-        for (const Run &run : part(position, length).g_runs) {
+        const FormatRuns before = part(position, length);
+        for (const Run &run : before.g_runs) {
             Format format = *run.format;
             change(format);
             changed.append(run.end - from, SharedFormat<Format>(std::move(format)));

@@ -86,6 +86,7 @@ void RtfParser::open()
     }
     g_groups.push_back(g_groups.back());
     group().mayBeSkipped = false;
+    group().isFresh = true;
 }
 
 bool RtfParser::close()
@@ -124,9 +125,10 @@ void RtfParser::beginPurpose(RtfGroupPurpose begun)
     switch (begun) {
     case Purpose::Field:
         g_fields.push_back({g_groups.size(), -1});
+        begun = purpose();
         break;
     case Purpose::FieldResult:
-        begun = purpose() == Purpose::Field ? purposeAround() : purpose();
+        begun = purpose();
         if (!g_fields.empty() && g_fields.back().link >= 0)
             group().look.link = g_fields.back().link;
         break;

@@ -36,6 +36,7 @@ private:
     {
         RtfGroupPurpose purpose = RtfGroupPurpose::Body;
         bool mayBeSkipped = false; ///< It begins with \*: of a purpose that we need not know.
+        bool isFresh = true;       ///< Nothing else stands in it yet.
         qint32 unicodeSkip = 1;
         RtfLook look;
     };

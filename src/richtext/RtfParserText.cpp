@@ -32,6 +32,7 @@ void RtfParser::text(QByteArrayView text)
     const qsizetype skipped = std::min<qsizetype>(g_fallback, text.size());
     g_fallback -= skipped;
     text = text.sliced(skipped);
+    group().isFresh = false;
     switch (purpose()) {
     case RtfGroupPurpose::Body:
         bodyText(text);

@@ -36,6 +36,7 @@ void RtfParser::word(const RtfToken &token)
         g_fallback = 0;
     else if (isFallback())
         return;
+    const bool isFirst = std::exchange(group().isFresh, false);
     const bool isOptional = std::exchange(group().mayBeSkipped, false);
     if (isOptional && (!found || found->kind != RtfWordKind::Group)) {
         group().purpose = RtfGroupPurpose::Skipped;
@@ -49,7 +50,8 @@ void RtfParser::word(const RtfToken &token)
         characters(QStringView(&code, 1));
         break;
     case RtfWordKind::Group:
-        beginPurpose(static_cast<RtfGroupPurpose>(found->value));
+        if (isFirst)
+            beginPurpose(static_cast<RtfGroupPurpose>(found->value));
         break;
     case RtfWordKind::Text:
         textWord(static_cast<RtfTextWord>(found->value), token);

@@ -157,7 +157,8 @@ Result<AttributedText> readRichText(QByteArrayView stored)
 QByteArray writeRichText(const AttributedText &text)
 {
     QList<std::pair<QByteArray, QByteArray>> files{{nameOfText.toByteArray(), writeRtf(text)}};
-    for (const AttachmentFiles::File &file : AttachmentFiles(text).files()) {
+    const AttachmentFiles attachments(text);
+    for (const AttachmentFiles::File &file : attachments.files()) {
         if (!file.bytes.isNull())
             files.append({file.key.toUtf8(), file.bytes});
     }

@@ -101,7 +101,8 @@ Result<> writeRtfdFolder(const QString &path, const AttributedText &text)
     const Result<> written = writeDurably(folder.filePath(nameOfText), writeRtf(text));
     if (!written)
         return written;
-    for (const AttachmentFiles::File &file : AttachmentFiles(text).files()) {
+    const AttachmentFiles attachments(text);
+    for (const AttachmentFiles::File &file : attachments.files()) {
         if (file.bytes.isNull())
             continue;
         if (const Result<> copied = writeDurably(folder.filePath(file.key), file.bytes); !copied)
