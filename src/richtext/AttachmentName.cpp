@@ -30,11 +30,15 @@ QString fileName(const QString &name)
 
 QString nameOfAttachmentKey(const QString &key)
 {
-    const qsizetype found = key.indexOf(separator);
-    const bool isNumber = found > 0 && std::all_of(key.cbegin(), key.cbegin() + found, [](QChar digit) {
-                              return digit.isDigit();
-                          });
-    return isNumber ? key.sliced(found + separator.size()) : key;
+    QStringView name(key);
+    const auto isDigit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
+    for (qsizetype found = name.indexOf(separator); found > 0; found = name.indexOf(separator)) {
+        const QStringView number = name.first(found);
+        if (!std::ranges::all_of(number, isDigit))
+            break;
+        name = name.sliced(found + separator.size());
+    }
+    return name.toString();
 }
 
 AttachmentFiles::AttachmentFiles(const AttributedText &text)

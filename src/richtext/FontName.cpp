@@ -31,23 +31,43 @@ constexpr QStringView families[][2] = {
     {u"CourierNewPSMT", u"Courier New"},
 };
 
+/// Null when the name ends with no style, or is nothing else.
+const Style *styleAtEnd(QStringView name)
+{
+    for (const Style &style : styles) {
+        if (name.size() > style.ending.size() && name.endsWith(style.ending))
+            return &style;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 FontFace faceOfName(const QString &name)
 {
-    FontFace face{name};
+    FontFace face;
+    QStringView family(name);
     // "Arial-BoldMT": the mark of the maker stands behind the style.
-    const QString maker = name.endsWith(u"MT") ? QStringLiteral("MT") : QString();
-    const QString rest = name.chopped(maker.size());
-    for (const Style &style : styles) {
-        if (!rest.endsWith(style.ending) || rest.size() == style.ending.size())
-            continue;
-        face = {rest.chopped(style.ending.size()) + maker, style.bold, style.italic};
-        break;
+    constexpr QStringView maker = u"MT";
+    bool hasMaker = false;
+    while (true) {
+        if (const Style *style = styleAtEnd(family)) {
+            face.bold = face.bold || style->bold;
+            face.italic = face.italic || style->italic;
+            family.chop(style->ending.size());
+        } else if (!hasMaker && family.endsWith(maker) && styleAtEnd(family.chopped(maker.size()))) {
+            hasMaker = true;
+            family.chop(maker.size());
+        } else {
+            break;
+        }
     }
-    for (const auto &[called, family] : families) {
+    face.family = family.toString();
+    if (hasMaker)
+        face.family += maker;
+    for (const auto &[called, known] : families) {
         if (face.family == called)
-            face.family = family.toString();
+            face.family = known.toString();
     }
     return face;
 }

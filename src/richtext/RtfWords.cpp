@@ -4,6 +4,7 @@
 #include "richtext/RtfWords.h"
 
 #include <array>
+#include <iterator>
 
 namespace tavrin::richtext {
 
@@ -49,7 +50,7 @@ constexpr RtfWord word(QByteArrayView name, Value value)
     return {name, kindOf(value), static_cast<quint16>(value)};
 }
 
-constexpr std::array words{
+constexpr RtfWord words[] = {
     character("line", 0x2028),
     character("lbr", 0x2028),
     character("softline", 0x2028),
@@ -353,7 +354,7 @@ constexpr quint32 slotOf(QByteArrayView name)
 /// For each slot the number of its word, from 1; a word whose slot is taken has the next free one.
 constexpr std::array<quint16, slotCount> wordsBySlot = [] {
     std::array<quint16, slotCount> filled{};
-    for (quint16 i = 0; i < words.size(); ++i) {
+    for (quint16 i = 0; i < std::size(words); ++i) {
         quint32 slot = slotOf(words[i].name);
         while (filled[slot] != 0)
             slot = (slot + 1) % slotCount;

@@ -259,9 +259,11 @@ void RtfReaderTest::anyDepthIsFollowed()
 
 void RtfReaderTest::whatIsCutShortIsReadUpToTheCut()
 {
-    for (quint32 seed = 1; seed <= 3; ++seed) {
+    for (quint32 seed = 1; seed <= 60; ++seed) {
         const AttributedText whole = RandomRichText(seed).text();
         const QByteArray rtf = writeRtf(whole);
+        if (rtf.size() > 1500)
+            continue;
         for (qsizetype size = 0; size < rtf.size(); ++size) {
             const Result<AttributedText> part = readRtf(rtf.first(size));
             QCOMPARE(part.has_value(), size >= 5);
