@@ -5,6 +5,8 @@
 
 #include "base/InternalInconsistency.h"
 
+#include <algorithm>
+
 namespace tavrin::richtext {
 
 AttributedText::AttributedText(const QString &text,
@@ -149,6 +151,13 @@ void AttributedText::unifyParagraphAt(qsizetype position)
 
 void AttributedText::dropStrayAttachments(qsizetype position, qsizetype length)
 {
+    const QList<CharacterRuns::Run> &runs = g_characters.runs();
+    const auto first = runs.cbegin() + g_characters.indexAt(position);
+    const auto last = std::find_if(
+        first, runs.cend(), [end = position + length](const auto &run) { return run.end >= end; });
+    const auto hasAttachment = [](const auto &run) { return run.format->attachment.has_value(); };
+    if (std::none_of(first, last == runs.cend() ? last : last + 1, hasAttachment))
+        return;
     CharacterRuns kept;
     qsizetype start = 0;
     const CharacterRuns before = g_characters.part(position, length);

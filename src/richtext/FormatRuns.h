@@ -38,18 +38,21 @@ private:
     std::shared_ptr<const Format> g_format;
 };
 
+template <typename Format>
+struct FormatRun
+{
+    qsizetype end = 0; ///< It begins where the one before it ends.
+    SharedFormat<Format> format;
+
+    friend bool operator==(const FormatRun &, const FormatRun &) = default;
+};
+
 /// Which format holds from where to where. No run is empty, and neighbours differ.
 template <typename Format>
 class FormatRuns
 {
 public:
-    struct Run
-    {
-        qsizetype end = 0; ///< It begins where the one before it ends.
-        SharedFormat<Format> format;
-
-        friend bool operator==(const Run &, const Run &) = default;
-    };
+    using Run = FormatRun<Format>;
 
     FormatRuns() = default;
     FormatRuns(qsizetype length, const SharedFormat<Format> &format) { append(length, format); }
@@ -129,3 +132,7 @@ private:
 };
 
 } // namespace tavrin::richtext
+
+// Texts have many runs, and lists of such elements grow in place.
+template <typename Format>
+Q_DECLARE_TYPEINFO_BODY(tavrin::richtext::FormatRun<Format>, Q_RELOCATABLE_TYPE);

@@ -4,6 +4,8 @@
 #include "richtext/RtfLook.h"
 
 #include <algorithm>
+#include <cstring>
+#include <type_traits>
 
 namespace tavrin::richtext {
 
@@ -169,22 +171,17 @@ RtfLook::format(const RtfFontTable &fonts, const RtfColorTable &colors, const QS
     return format;
 }
 
+// They are compared and looked up at every change of the look.
+static_assert(std::has_unique_object_representations_v<RtfLook>);
+
+bool operator==(const RtfLook &one, const RtfLook &other)
+{
+    return std::memcmp(&one, &other, sizeof(RtfLook)) == 0;
+}
+
 size_t qHash(const RtfLook &look, size_t seed)
 {
-    const auto number = [](auto value) { return static_cast<int>(value); };
-    return qHashMulti(seed,
-                      look.font,
-                      look.size,
-                      look.foreground,
-                      look.background,
-                      look.underlineColor,
-                      look.strikeColor,
-                      look.baseline,
-                      look.expansion,
-                      look.link,
-                      look.bold | look.italic << 1 | look.isUnkerned << 2 | look.isHighlighted << 3
-                          | number(look.underline) << 4 | number(look.strike) << 8 | number(look.script) << 12
-                          | number(look.ligatures) << 16);
+    return qHashBits(&look, sizeof(look), seed);
 }
 
 } // namespace tavrin::richtext

@@ -40,7 +40,7 @@ struct RtfLook
     CharacterFormat
     format(const RtfFontTable &fonts, const RtfColorTable &colors, const QStringList &links) const;
 
-    friend bool operator==(const RtfLook &, const RtfLook &) = default;
+    friend bool operator==(const RtfLook &one, const RtfLook &other);
 
 private:
     void changeLine(RtfLookWord word, const RtfToken &token);
