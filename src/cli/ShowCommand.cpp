@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "cli/DatafileAccess.h"
-#include "cli/FlatRichText.h"
 #include "cli/Json.h"
 #include "cli/RecordAccess.h"
+#include "richtext/Rtfd.h"
 
 namespace tavrin {
 
@@ -16,7 +16,7 @@ QJsonObject wholeRecordObject(const PlacedRecord &placed, const DatafileSettings
 {
     const RecordView &record = *placed.record;
     // RTF is 7-bit text; a byte beyond is kept as it is by the one encoding that has all 256.
-    const std::optional<QByteArray> rtf = rtfOfRichText(record.textRTFD());
+    const std::optional<QByteArray> rtf = richtext::rtfOfRichText(record.textRTFD());
     QJsonObject object = recordObject(placed, allFields(settings));
     object.insert(u"createdBy"_s, record.createdBy());
     object.insert(u"modifiedBy"_s, record.modifiedBy());
