@@ -27,9 +27,13 @@ public:
         if (g_passesAll)
             return true;
         for (const AsciiSearch &search : g_searches) {
-            for (qsizetype at = 0; (at = search.find(bytes, at)) >= 0; ++at) {
-                if (isText(at))
+            for (qsizetype from = 0;;) {
+                const qsizetype place = search.find(bytes.sliced(from)).place;
+                if (place < 0)
+                    break;
+                if (isText(from + place))
                     return true;
+                from += place + 1;
             }
         }
         return !g_foreign.empty() && !isAscii(QUtf8StringView(bytes)) && hasForeign(bytes);
