@@ -31,8 +31,8 @@ constexpr std::u16string_view macRoman80toFF =
 
 struct CharsetRow
 {
-    int charset;
-    int codePage;
+    int charset = 0;
+    int codePage = 0;
 };
 
 constexpr CharsetRow charsets[] = {

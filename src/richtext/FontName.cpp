@@ -10,8 +10,8 @@ namespace {
 struct Style
 {
     QStringView ending;
-    bool bold;
-    bool italic;
+    bool bold = false;
+    bool italic = false;
 };
 
 constexpr Style styles[] = {

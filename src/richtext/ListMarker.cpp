@@ -18,10 +18,10 @@ constexpr int bulletKind = 23;
 struct MarkerName
 {
     QStringView name;
-    Kind kind;
-    bool isUpper;
-    char16_t bullet;
-    int numberKind;
+    Kind kind = Kind::Bullet;
+    bool isUpper = false;
+    char16_t bullet = 0;
+    int numberKind = bulletKind;
 };
 
 constexpr std::array markerNames{
@@ -55,7 +55,7 @@ QString roman(qint32 number)
 {
     static constexpr struct
     {
-        int value;
+        int value = 0;
         QLatin1StringView digits;
     } signs[] = {{1000, "M"_L1},
                  {900, "CM"_L1},

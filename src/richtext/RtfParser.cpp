@@ -208,9 +208,13 @@ void RtfParser::appendAttachment(Attachment attachment)
 {
     if (purpose() != RtfGroupPurpose::Body)
         return;
-    CharacterFormat format = *currentFormat();
-    format.attachment = std::move(attachment);
-    g_builder.append(QStringView(&attachmentCharacter, 1), SharedFormat(std::move(format)));
+    SharedFormat<CharacterFormat> shared = currentFormat();
+    if (g_builder.takeFormat()) {
+        CharacterFormat format = *shared;
+        format.attachment = std::move(attachment);
+        shared = SharedFormat(std::move(format));
+    }
+    g_builder.append(QStringView(&attachmentCharacter, 1), shared);
 }
 
 const SharedFormat<CharacterFormat> &RtfParser::currentFormat()

@@ -113,7 +113,8 @@ void SearchCommandsTest::replaceReplacesAll()
         return QJsonObject{{u"replacements"_s, replacements}, {u"records"_s, records}};
     };
     const auto written = [&] {
-        const auto record = DatafileFixture::opened(output)->datafileRecords().recordForIdentifier(u"r0"_s);
+        const auto document = DatafileFixture::opened(output);
+        const RecordData *record = document->datafileRecords().recordForIdentifier(u"r0"_s);
         return QString(record->fieldValue(u"f0"_s) + u'|' + record->textString());
     };
     QCOMPARE(replace({}), counts(4, 1));
