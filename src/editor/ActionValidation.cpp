@@ -62,6 +62,11 @@ bool hasSortTasks(const EditorWindowController &window)
     return !window.sorting().sortTaskNames().isEmpty();
 }
 
+bool hasSorted(const EditorWindowController &window)
+{
+    return window.sorting().hasSorted();
+}
+
 bool mayDelete(const EditorWindowController &window)
 {
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
@@ -100,7 +105,7 @@ constexpr std::array actionRules{
     ActionRule{"saveCopyAs:"_L1, permitsSaving},
     ActionRule{"saveDocument:"_L1, permitsSave},
     ActionRule{"saveDocumentAs:"_L1, permitsSaving},
-    ActionRule{"saveSortTask:"_L1, always},
+    ActionRule{"saveSortTask:"_L1, hasSorted},
     ActionRule{"selectAllRecords:"_L1, hasOmittedRecords},
     ActionRule{"selectFromOmitted:"_L1, hasOmittedRecords},
     ActionRule{"selectRecords:"_L1, hasRecord},

@@ -56,6 +56,8 @@ void EditorSelecting::select(const SubsetSortCriteriaData &criteria, bool fromOm
         return;
     auto work = std::make_unique<SelectingWork>(g_window.document(), criteria, fromOmitted);
     connect(work.get(), &LongWork::ended, this, [this, work = work.get(), criteria, fromOmitted] {
+        // What was typed since the work began is stored before a record is shown anew.
+        g_window.leaveEditing();
         const Result<bool> selected = work->selecting().apply(g_window.document());
         if (!selected && selected.error().kind == Error::Kind::Refused)
             select(criteria, fromOmitted); // Of the records as they are now.

@@ -86,17 +86,17 @@ void EditorSorting::ask(std::unique_ptr<SortSheetController> sheet)
         g_preview.reset();
         if (code != QVSheetController::FirstButton)
             return;
-        if (const QStringList titles = sheet->titles(); !titles.isEmpty())
-            setSortTitleList(titles, g_preferences);
-        sortUnlessCustom(sheet->criteria());
+        sortUnlessCustom(sheet->criteria(), sheet->titles());
     });
     g_sheets.begin(std::move(sheet));
 }
 
 void EditorSorting::sortByKind(SortKind kind)
 {
-    SubsetSortCriteriaData criteria;
+    // The rest stays as it was chosen last, for the sheets.
+    SubsetSortCriteriaData criteria = storedCriteria();
     criteria.setCompareSelector(codeOf(kind));
+    criteria.setDescending(false);
     sortUnlessCustom(criteria);
 }
 
@@ -118,8 +118,10 @@ void EditorSorting::sortByModifiedDate()
 void EditorSorting::sortByColumn(int column, bool descending)
 {
     const ListTableModel &list = g_window.tableController().listTableModel();
-    SubsetSortCriteriaData criteria;
+    SubsetSortCriteriaData criteria = storedCriteria();
     criteria.setCompareSelector(codeOf(SortKind::Text));
+    criteria.setPrimaryFieldIdentifier(u"Text"_s);
+    criteria.setSecondaryFieldIdentifier({});
     if (!list.isTextColumn(column)) {
         const QList<FieldDefinition> &fields = g_window.document().datafileSettings().fields();
         criteria.setPrimaryFieldIdentifier(fields.at(list.shownFields().at(column)).identifier());
@@ -130,16 +132,21 @@ void EditorSorting::sortByColumn(int column, bool descending)
 
 // Sorting.
 
-void EditorSorting::sortUnlessCustom(const SubsetSortCriteriaData &criteria)
+void EditorSorting::sortUnlessCustom(const SubsetSortCriteriaData &criteria, const QStringList &titles)
 {
-    if (!g_window.document().datafileSettings().customSorting()) {
+    const auto begin = [this, criteria, titles] {
+        if (!titles.isEmpty())
+            setSortTitleList(titles, g_preferences);
         sort(criteria);
+    };
+    if (!g_window.document().datafileSettings().customSorting()) {
+        begin();
         return;
     }
     askFirst(tr("This datafile uses custom sorting."),
              tr("Sorting replaces the order you have made. Continue?"),
              tr("Sort"),
-             [this, criteria] { sort(criteria); });
+             begin);
 }
 
 void EditorSorting::sort(const SubsetSortCriteriaData &criteria)
@@ -148,6 +155,8 @@ void EditorSorting::sort(const SubsetSortCriteriaData &criteria)
         return;
     auto work = std::make_unique<SortingWork>(g_window.document(), criteria.sortCriteria());
     connect(work.get(), &LongWork::ended, this, [this, work = work.get(), criteria] {
+        // What was typed since the work began is stored before the record is shown anew.
+        g_window.leaveEditing();
         auto sorted = work->sorting().apply(g_window.document());
         if (sorted) {
             g_window.document().undoHistory().push(*std::move(sorted));
@@ -176,13 +185,24 @@ QStringList EditorSorting::sortTaskNames() const
     return g_window.document().datafileSettings().sortTasksList().keys();
 }
 
+bool EditorSorting::hasSorted() const
+{
+    return storedCriteria().settingExistsForKey(u"SortCompareSelector"_s);
+}
+
 void EditorSorting::runSortTask(const QString &name)
 {
     const DatafileSettingsData &settings = g_window.document().datafileSettings();
     const plist::Value task = settings.sortTasksList().value(name);
     const auto criteria =
         task.dictionary() ? SubsetSortCriteriaData::criteriaWithDictionary(*task.dictionary()) : std::nullopt;
-    if (!criteria || sortsByLostField(*criteria, settings)) {
+    if (!criteria) {
+        showAlert(g_sheets,
+                  tr("This sort task cannot be read."),
+                  tr("A newer version may have made it. Edit the task or delete it."));
+        return;
+    }
+    if (sortsByLostField(*criteria, settings)) {
         showAlert(g_sheets,
                   tr("This sort task uses a field that no longer exists."),
                   tr("Edit the task or delete it."));
@@ -204,10 +224,12 @@ void EditorSorting::saveSortTask()
             storeSortTask(name, criteria);
             return;
         }
-        askFirst(filledIn(tr("Replace the sort task \"%@\"?"), {name}),
-                 {},
-                 tr("Replace"),
-                 [this, name, criteria] { storeSortTask(name, criteria); });
+        askFirst(
+            filledIn(tr("Replace the sort task \"%@\"?"), {name}),
+            {},
+            tr("Replace"),
+            [this, name, criteria] { storeSortTask(name, criteria); },
+            Loses::Something);
     });
     g_sheets.begin(std::move(sheet));
 }
@@ -227,13 +249,16 @@ void EditorSorting::storeSortTasks(const plist::Dictionary &tasks)
     settings.setSortTasksList(tasks);
     settings.setDatafileSettingsDidChange(true);
     g_window.setDatafileChanged();
+    Q_EMIT g_window.operationsChanged();
 }
 
 void EditorSorting::editSortTasks()
 {
     const DatafileSettingsData &settings = g_window.document().datafileSettings();
     auto sheet = std::make_unique<SortTasksSheetController>(
-        settings.sortTasksList(), [this](const plist::Dictionary &task) {
+        settings.sortTasksList(),
+        storedCriteria().sortCriteria().dictionary(),
+        [this](const plist::Dictionary &task) {
             const auto criteria = SortCriteriaData::criteriaWithDictionary(task);
             return criteria ? sortDescription(*criteria, g_window.document().datafileSettings()) : QString();
         });
@@ -247,10 +272,13 @@ void EditorSorting::editSortTasks()
 void EditorSorting::askFirst(const QString &message,
                              const QString &informativeText,
                              const QString &button,
-                             const std::function<void()> &agreed)
+                             const std::function<void()> &agreed,
+                             Loses loses)
 {
     auto alert =
         std::make_unique<AlertSheetController>(message, informativeText, QStringList{button, tr("Cancel")});
+    if (loses == Loses::Something)
+        alert->setDestructiveButton(0);
     connect(alert.get(), &QVSheetController::finished, this, [agreed](int code) {
         if (code == QVSheetController::FirstButton)
             agreed();

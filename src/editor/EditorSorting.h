@@ -51,15 +51,20 @@ public:
     // Sort tasks.
     QStringList sortTaskNames() const;
     void runSortTask(const QString &name);
+    /// There is a sort that was done last.
+    bool hasSorted() const;
     /// Keeps the sort that was done last under a name.
     void saveSortTask();
     void editSortTasks();
 
 private:
+    /// Whether agreeing throws something away.
+    enum class Loses { Nothing, Something };
+
     SubsetSortCriteriaData storedCriteria() const;
     void ask(std::unique_ptr<SortSheetController> sheet);
     void sortByKind(SortKind kind);
-    void sortUnlessCustom(const SubsetSortCriteriaData &criteria);
+    void sortUnlessCustom(const SubsetSortCriteriaData &criteria, const QStringList &titles = {});
     void sort(const SubsetSortCriteriaData &criteria);
     void tellUnreadableDate(const SortRefusal &refusal);
     void storeSortTask(const QString &name, SortCriteriaData criteria);
@@ -68,7 +73,8 @@ private:
     void askFirst(const QString &message,
                   const QString &informativeText,
                   const QString &button,
-                  const std::function<void()> &agreed);
+                  const std::function<void()> &agreed,
+                  Loses loses = Loses::Nothing);
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;

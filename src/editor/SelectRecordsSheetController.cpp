@@ -111,6 +111,13 @@ QString SelectRecordsSheetController::hint() const
         return isActive(number) && tested.treatAsItem().code == codeOf(TreatAs::Dates)
                && !tested.value().isEmpty() && !text::DateReader().read(tested.value());
     });
+    const bool hasNumbersOutsideFields = std::ranges::any_of(std::array{0, 1}, [this](int number) {
+        const SelectionCondition &tested = condition(number);
+        return isActive(number) && tested.treatAsItem().code == codeOf(TreatAs::Numbers)
+               && tested.basedOnItem().identifier.isEmpty();
+    });
+    if (hasNumbersOutsideFields)
+        return tr("Numbers are looked for in a field only.");
     return hasUnreadableDate ? tr("A date is written as Mar 5, 2007 or 2007-03-05.") : QString();
 }
 

@@ -5,7 +5,6 @@
 
 #include "document/DatafileDocument.h"
 #include "document/StoredTexts.h"
-#include "editor/CodedItem.h"
 #include "editor/SortSheetController.h"
 #include "sorting/RecordSort.h"
 
@@ -15,23 +14,40 @@ namespace tavrin {
 
 namespace {
 
-/// A record's line: what it is sorted by.
+/// What a record is sorted by, as a person would read it.
+QStringList partsOf(quint32 record, const RecordTerms &terms, const SortCriteriaData &criteria)
+{
+    const auto rawText = [&](const QString &identifier) {
+        QString buffer;
+        return terms.termForField(identifier)(record, buffer).toString();
+    };
+    switch (static_cast<SortKind>(criteria.compareSelector())) {
+    case SortKind::FreeformName:
+        return rawText(QStringLiteral("Name")).split(u'\t');
+    case SortKind::FreeformWord:
+        return {rawText(QStringLiteral("Word"))};
+    case SortKind::PostalCode:
+        return {rawText(QStringLiteral("Postal"))};
+    case SortKind::FreeformText:
+        return {rawText(QStringLiteral("Text"))};
+    default:
+        break;
+    }
+    QStringList parts{rawText(criteria.primaryFieldIdentifier())};
+    if (const QString second = criteria.secondaryFieldIdentifier(); !second.isEmpty())
+        parts.append(rawText(second));
+    return parts;
+}
+
 QString lineOf(quint32 record, const RecordTerms &terms, const SortCriteriaData &criteria)
 {
-    QString buffer;
-    QString line;
-    if (terms.areNumbers()) {
-        line = terms.termForField(criteria.primaryFieldIdentifier())(record, buffer).toString();
-    } else if (const auto term = terms.text(record, buffer)) {
-        line = term->toString();
-    }
-    // A name is sorted by as last name, tab, first name.
-    if (criteria.compareSelector() == codeOf(SortKind::FreeformName))
-        line.replace(u'\t', QStringLiteral(", "));
     constexpr qsizetype longest = 200;
-    line.truncate(longest);
-    line = line.simplified();
-    return line.isEmpty() ? SortPreview::tr("(empty)") : line;
+    QStringList shown;
+    for (const QString &part : partsOf(record, terms, criteria)) {
+        if (const QString text = part.left(longest).simplified(); !text.isEmpty())
+            shown.append(text);
+    }
+    return shown.isEmpty() ? SortPreview::tr("(empty)") : shown.join(QStringLiteral(", "));
 }
 
 } // namespace

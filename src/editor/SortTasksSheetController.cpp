@@ -7,8 +7,11 @@
 
 namespace tavrin {
 
-SortTasksSheetController::SortTasksSheetController(const plist::Dictionary &tasks, Describe describe)
-    : g_describe(std::move(describe))
+SortTasksSheetController::SortTasksSheetController(const plist::Dictionary &tasks,
+                                                   plist::Dictionary lastSort,
+                                                   Describe describe)
+    : g_lastSort(std::move(lastSort))
+    , g_describe(std::move(describe))
 {
     tasks.forEach([this](const QString &name, const plist::Value &criteria) {
         g_tasks.append({name, criteria});
@@ -21,10 +24,25 @@ QString SortTasksSheetController::descriptionAt(qsizetype index) const
     return criteria ? g_describe(*criteria) : QString();
 }
 
+QString SortTasksSheetController::renameProblem(qsizetype index, const QString &name) const
+{
+    const QString wanted = name.trimmed();
+    if (wanted.isEmpty())
+        return tr("A sort task must have a name.");
+    return wanted != nameAt(index) && hasName(wanted) ? tr("There is another sort task of that name.")
+                                                      : QString();
+}
+
+void SortTasksSheetController::useLastSort(qsizetype index)
+{
+    g_tasks[index].criteria = g_lastSort;
+    Q_EMIT changed();
+}
+
 bool SortTasksSheetController::renameTask(qsizetype index, const QString &name)
 {
     const QString wanted = name.trimmed();
-    if (wanted.isEmpty() || (wanted != nameAt(index) && hasName(wanted)))
+    if (!renameProblem(index, name).isEmpty())
         return false;
     g_tasks[index].name = wanted;
     Q_EMIT changed();

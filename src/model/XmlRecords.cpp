@@ -11,6 +11,8 @@
 #include "plist/XmlReader.h"
 #include "text/TextSieve.h"
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 
 namespace tavrin {
@@ -61,7 +63,7 @@ void fetchBytes(QByteArrayView bytes)
     // Of long texts the memory brings the rest by itself.
     constexpr qsizetype most = 2048;
     for (qsizetype at = 0; at < std::min(bytes.size(), most); at += line)
-        __builtin_prefetch(bytes.data() + at);
+        hwy::Prefetch(bytes.data() + at);
 }
 
 /// Whether something passes that stands neither in a tag nor in a key.
@@ -181,8 +183,8 @@ void XmlRecords::fetchAhead(quint32 place, quint32 Record::*distance) const
     const Record &record = g_records[place + ahead];
     constexpr qsizetype line = 64;
     const char *start = g_text.data() + record.start + record.*distance;
-    __builtin_prefetch(start);
-    __builtin_prefetch(start + line);
+    hwy::Prefetch(start);
+    hwy::Prefetch(start + line);
 }
 
 TextView XmlRecords::fieldValue(quint32 place, const FieldKey &field) const

@@ -34,8 +34,13 @@ bool selectForFind(DatafileDocument &document,
     if (!finished || std::ranges::find(holds, true) == holds.end())
         return false;
     size_t place = 0;
-    return catalog.selectWhere(
-        [&](const CatalogEntry &entry) { return entry.currentlySelected() && holds[place++]; });
+    std::vector<bool> states;
+    for (const CatalogEntry &entry : catalog.entries())
+        states.push_back(entry.currentlySelected() && holds[place++]);
+    const bool isDone = catalog.setFindSelection(states);
+    if (isDone)
+        document.announceCatalogChange();
+    return isDone;
 }
 
 } // namespace tavrin

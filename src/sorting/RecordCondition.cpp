@@ -138,8 +138,11 @@ bool RecordCondition::isWanted(std::partial_ordering order) const
 /// count; none of them may be the one that is not to be equalled.
 bool RecordCondition::dateMatches(quint32 record, QString &buffer) const
 {
-    if (!g_date || record == RecordTexts::noRecord)
+    if (record == RecordTexts::noRecord)
         return false;
+    // No date equals what the person typed, if that is none.
+    if (!g_date)
+        return g_terms.wherePopup == Operator::DateDoesNotEqual;
     const auto isDateWanted = [&](const RecordTextReader &reader) -> std::optional<bool> {
         const auto date = g_dateReader.read(Utf16Text(read(reader, record, buffer)).view());
         return date ? std::optional(isWanted(*date <=> *g_date)) : std::nullopt;

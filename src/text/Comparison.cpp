@@ -16,32 +16,40 @@ namespace {
 
 using Key = std::string;
 
-char byte(unsigned value)
+char byte(char32_t value)
 {
-    return static_cast<char>(value);
+    return static_cast<char>(static_cast<unsigned char>(value));
 }
 
-// A key has one to three bytes for each unit, as UTF-8 has for a character, so that bytes order as the units
-// do. ASCII moves up by one: zero gets free, and the leading bytes of longer forms, which begin at 0xC2, stay
-// above.
-void appendUnit(Key &key, unsigned unit)
+// A key is UTF-8, in which bytes order as code points do, save that ASCII moves up by one: zero gets free,
+// and the leading bytes of longer forms, which begin at 0xC2, stay above.
+void appendCodePoint(Key &key, char32_t codePoint)
 {
-    if (unit < 0x80) {
-        key += byte(unit + 1U);
-    } else if (unit < 0x800) {
-        key += byte(0xC0 | unit >> 6);
-        key += byte(0x80 | (unit & 0x3F));
+    if (codePoint < 0x80) {
+        key += byte(codePoint + 1);
+    } else if (codePoint < 0x800) {
+        key += byte(0xC0 | codePoint >> 6);
+        key += byte(0x80 | (codePoint & 0x3F));
+    } else if (codePoint < 0x10000) {
+        key += byte(0xE0 | codePoint >> 12);
+        key += byte(0x80 | (codePoint >> 6 & 0x3F));
+        key += byte(0x80 | (codePoint & 0x3F));
     } else {
-        key += byte(0xE0 | unit >> 12);
-        key += byte(0x80 | (unit >> 6 & 0x3F));
-        key += byte(0x80 | (unit & 0x3F));
+        key += byte(0xF0 | codePoint >> 18);
+        key += byte(0x80 | (codePoint >> 12 & 0x3F));
+        key += byte(0x80 | (codePoint >> 6 & 0x3F));
+        key += byte(0x80 | (codePoint & 0x3F));
     }
 }
 
 void appendFolded(Key &key, QStringView text, Sameness sameness)
 {
-    for (const QChar unit : folded(text, sameness))
-        appendUnit(key, unit.unicode());
+    const QString form = folded(text, sameness);
+    for (qsizetype i = 0; i < form.size();) {
+        const char32_t codePoint = codePointAt(form, i);
+        appendCodePoint(key, codePoint);
+        i += unitsOf(codePoint);
+    }
 }
 
 /// The keys of single letters in the scripts of Europe, which need no folding of the whole text.

@@ -10,7 +10,7 @@
 
 namespace tavrin::text {
 
-/// The order of texts in a datafile, which is the same for everybody, wherever they live: by 16-bit units,
+/// The order of texts in a datafile, which is the same for everybody, wherever they live: by code points,
 /// canonically decomposed and, unless case-sensitive, case-folded first; a shorter text first.
 
 /// Appends the key of the text, whose bytes compare as the texts do. A key has no zero bytes, so that a key

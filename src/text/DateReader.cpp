@@ -185,7 +185,10 @@ std::optional<Date> DateReader::readIso(QStringView text) const
         return Date{greenwich.secondsSinceReference + *time - static_cast<double>(*zone)};
     }
     const double whole = std::floor(*time);
-    const QDateTime local(date, QTime(0, 0).addSecs(static_cast<int>(whole)), g_zone);
+    constexpr int secondsOfDay = 24 * 60 * 60;
+    const int seconds = static_cast<int>(whole);
+    const QDateTime local(
+        date.addDays(seconds / secondsOfDay), QTime(0, 0).addSecs(seconds % secondsOfDay), g_zone);
     return Date{Date::fromDateTime(local).secondsSinceReference + (*time - whole)};
 }
 

@@ -86,6 +86,7 @@ private:
     void buildViewMenu();
     void buildSortMenu();
     void buildColumnMenu();
+    void showColumnMenu(int column, const QPoint &position);
     void addCommands(QMenu *menu, std::span<const Command> commands);
     void buildToolbar();
     void buildStatusBar();

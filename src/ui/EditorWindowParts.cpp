@@ -211,29 +211,37 @@ void EditorWindow::buildSortMenu()
     });
 }
 
-/// A column's own menu: sorting by it.
+/// A column's own menu: sorting by it. By keyboard it comes at the cell that is the current one.
 void EditorWindow::buildColumnMenu()
 {
     QHeaderView *header = g_listTable->horizontalHeader();
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(header, &QHeaderView::customContextMenuRequested, this, [this, header](const QPoint &position) {
-        const int column = header->logicalIndexAt(position);
-        if (column < 0)
-            return;
-        auto *menu = new QMenu(this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        const auto add = [&](const QString &text, bool descending) {
-            menu->addAction(text, &g_controller, [this, column, descending] {
-                g_controller.sorting().sortByColumn(column, descending);
-            });
-        };
-        add(tr("Sort &Ascending"), false);
-        add(tr("Sort &Descending"), true);
-        menu->addSeparator();
-        menu->addAction(actionFor(u"sortByFields:"_s));
-        menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
-        menu->popup(header->mapToGlobal(position));
+        showColumnMenu(header->logicalIndexAt(position), header->mapToGlobal(position));
     });
+    g_listTable->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(g_listTable, &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
+        showColumnMenu(g_listTable->columnAt(position.x()), g_listTable->viewport()->mapToGlobal(position));
+    });
+}
+
+void EditorWindow::showColumnMenu(int column, const QPoint &position)
+{
+    if (column < 0)
+        return;
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString &text, bool descending) {
+        menu->addAction(text, &g_controller, [this, column, descending] {
+            g_controller.sorting().sortByColumn(column, descending);
+        });
+    };
+    add(tr("Sort &Ascending"), false);
+    add(tr("Sort &Descending"), true);
+    menu->addSeparator();
+    menu->addAction(actionFor(u"sortByFields:"_s));
+    menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
+    menu->popup(position);
 }
 
 void EditorWindow::buildViewMenu()

@@ -43,8 +43,15 @@ SelectRecordsDialog::SelectRecordsDialog(SelectRecordsSheetController &sheet, QW
     joining->addWidget(g_or);
     joining->addStretch(1);
     grid->addLayout(joining, 3, 0, 1, 4);
-    connect(g_and, &QCheckBox::clicked, &sheet, &Sheet::handleAndSelectClick);
-    connect(g_or, &QCheckBox::clicked, &sheet, &Sheet::handleOrSelectClick);
+    const auto connectJoining = [this](QCheckBox *box, void (Sheet::*choose)(bool)) {
+        connect(box, &QCheckBox::clicked, &g_sheet, [this, choose](bool on) {
+            (g_sheet.*choose)(on);
+            if (on)
+                g_rows[1].value->setFocus();
+        });
+    };
+    connectJoining(g_and, &Sheet::handleAndSelectClick);
+    connectJoining(g_or, &Sheet::handleOrSelectClick);
 
     g_rows[1] = makeRow(1, grid, 4);
     g_note = makeNoteLabel(this);

@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableWidget>
@@ -49,13 +50,22 @@ SortTasksDialog::SortTasksDialog(SortTasksSheetController &sheet, QWidget *paren
         auto *button = new QPushButton(text, this);
         button->setAutoDefault(false);
         commands->addWidget(button);
-        connect(button, &QPushButton::clicked, this, run);
+        connect(button, &QPushButton::clicked, this, [this, run] {
+            g_table->setFocus(); // A name that is being typed counts.
+            run();
+        });
         return button;
     };
     g_rename = addCommand(tr("&Rename"),
                           [this] { g_table->editItem(g_table->item(g_table->currentRow(), nameColumn)); });
     g_duplicate = addCommand(
         tr("D&uplicate"), [this] { fill(static_cast<int>(g_sheet.duplicateTask(g_table->currentRow()))); });
+    g_useLastSort = addCommand(tr("Use &Last Sort"), [this] {
+        const int row = g_table->currentRow();
+        g_sheet.useLastSort(row);
+        fill(row);
+    });
+    g_useLastSort->setToolTip(tr("The task sorts from now on as the datafile was sorted last"));
     g_delete = addCommand(tr("&Delete"), [this] {
         const int row = g_table->currentRow();
         g_sheet.deleteTask(row);
@@ -63,6 +73,8 @@ SortTasksDialog::SortTasksDialog(SortTasksSheetController &sheet, QWidget *paren
     });
     commands->addStretch(1);
     layout->addLayout(commands);
+    g_note = makeNoteLabel(this);
+    layout->addWidget(g_note);
     layout->addWidget(makeSheetButtons(sheet, tr("&Keep Changes"), this));
     fill(0);
     resize(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 20);
@@ -80,7 +92,7 @@ void SortTasksDialog::fill(int currentRow)
     }
     if (currentRow >= 0)
         g_table->setCurrentCell(currentRow, nameColumn);
-    for (QPushButton *button : {g_rename, g_duplicate, g_delete})
+    for (QPushButton *button : {g_rename, g_duplicate, g_useLastSort, g_delete})
         button->setEnabled(g_sheet.count() > 0);
 }
 
@@ -89,7 +101,9 @@ void SortTasksDialog::nameEdited(int row, int column)
     if (column != nameColumn)
         return;
     // A name that cannot be given leaves the old one standing.
-    g_sheet.renameTask(row, g_table->item(row, nameColumn)->text());
+    const QString name = g_table->item(row, nameColumn)->text();
+    setNote(g_note, g_sheet.renameProblem(row, name));
+    g_sheet.renameTask(row, name);
     fill(row);
 }
 

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QPushButton;
 class QTableWidget;
 
@@ -29,7 +30,9 @@ private:
     QTableWidget *g_table;
     QPushButton *g_rename;
     QPushButton *g_duplicate;
+    QPushButton *g_useLastSort;
     QPushButton *g_delete;
+    QLabel *g_note;
 };
 
 } // namespace tavrin

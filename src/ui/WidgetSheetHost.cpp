@@ -7,6 +7,9 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 
 namespace tavrin {
 
@@ -33,6 +36,11 @@ void WidgetSheetHost::showNext()
     QWidget *window = g_parent();
     g_focusBefore = QApplication::focusWidget();
     g_dialog = makeSheetDialog(*g_current, window);
+    // Whose sheet it is. Alerts and file panels have titles of their own.
+    const QString title = g_dialog->windowTitle();
+    const QString file = window ? QFileInfo(window->windowFilePath()).fileName() : QString();
+    if (!file.isEmpty() && !qobject_cast<QMessageBox *>(g_dialog) && !qobject_cast<QFileDialog *>(g_dialog))
+        g_dialog->setWindowTitle(QStringLiteral("%1 – %2").arg(title, file));
     g_dialog->setWindowModality(window ? Qt::WindowModal : Qt::ApplicationModal);
 
     QVSheetController *sheet = g_current.get();

@@ -3,6 +3,7 @@
 
 #include "document/DatafileArrangement.h"
 #include "document/DatafileFixture.h"
+#include "document/UndoHistory.h"
 
 #include <QSignalSpy>
 
@@ -141,11 +142,15 @@ void ArrangementTest::undoRestoresTheOrderAndTheCriteria()
     QCOMPARE(criteria().primaryFieldIdentifier(), u"f"_s);
     QCOMPARE(criteria().wordNumber(), 1);
     QVERIFY(document->datafileSettings().datafileSettingsDidChange());
-    change->undo(*document);
+    UndoHistory &history = document->undoHistory();
+    history.push(*std::move(change));
+    QCOMPARE(history.undoName(), u"Sort"_s);
+    history.undo();
+    QVERIFY(!history.canUndo() && history.canRedo());
     QVERIFY(document->datafileCatalog().sortedArray() == before && !document->isModified());
     QCOMPARE(criteria().primaryFieldIdentifier(), u"Text"_s);
     QCOMPARE(criteria().wordNumber(), 3);
-    change->redo(*document);
+    history.redo();
     QVERIFY(document->datafileCatalog().sortedArray() == after && document->isModified());
     QCOMPARE(criteria().primaryFieldIdentifier(), u"f"_s);
     QCOMPARE(changes.size(), 3);
@@ -161,7 +166,7 @@ void ArrangementTest::undoKeepsWhatHappenedSince()
     document->deleteRecord(u"r2"_s);
     document->datafileCatalog().omitIdentifier(u"r0"_s);
 
-    change->undo(*document);
+    (*change)->undo(*document);
 
     QCOMPARE(document->datafileCatalog().identifiers(),
              (QStringList{u"r4"_s, u"r3"_s, u"r1"_s, u"r0"_s, added}));

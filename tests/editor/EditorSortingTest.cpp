@@ -21,6 +21,7 @@ private Q_SLOTS:
     void anOrderOfOnesOwnIsNotLostUnasked();
     void anUnreadableDateIsShown();
     void aCancelledSortChangesNothing();
+    void typingDuringASortIsKept();
     void columnsAreFoundBesideHiddenOnes();
     void theFirstResultsAreShown();
     void titlesAreKept();
@@ -127,6 +128,21 @@ void EditorSortingTest::aCancelledSortChangesNothing()
     editor.work.finishNext(true);
     QCOMPARE(editor.identifiers(), (QStringList{u"r0"_s, u"r1"_s}));
     QVERIFY(!editor.document->isModified());
+}
+
+void EditorSortingTest::typingDuringASortIsKept()
+{
+    EditorFixture editor({u"B"_s, u"A"_s});
+    editor.open(u"r0"_s);
+    editor.work.g_holds = true;
+    editor.window->sorting().sortDatafileByWholeRecord();
+    editor.view.type(*editor.window, u"typed meanwhile"_s);
+    editor.view.typeInCell(*editor.window, editor.basic(), 1, 1, u"b"_s);
+    editor.work.finishNext();
+    QCOMPARE(editor.identifiers(), (QStringList{u"r1"_s, u"r0"_s}));
+    QCOMPARE(editor.record(u"r0"_s).textString(), u"typed meanwhile"_s);
+    QCOMPARE(editor.record(u"r0"_s).fieldValue(u"b"_s), u"b"_s);
+    QCOMPARE(editor.view.text, u"typed meanwhile"_s);
 }
 
 void EditorSortingTest::columnsAreFoundBesideHiddenOnes()

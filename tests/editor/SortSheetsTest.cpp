@@ -150,8 +150,12 @@ void SortSheetsTest::editsTasks()
     const plist::Dictionary criteria{{u"SortCompareSelector"_s, qint64(2)}};
     SortTasksSheetController sheet(
         {{u"One"_s, criteria}, {u"Two"_s, plist::Dictionary()}},
+        {{u"SortCompareSelector"_s, qint64(9)}, {u"QVSortDescending"_s, true}},
         [](const plist::Dictionary &task) { return QString::number(task.size()); });
     QCOMPARE(sheet.descriptionAt(0), u"1"_s);
+    sheet.useLastSort(1);
+    QCOMPARE(sheet.descriptionAt(1), u"2"_s);
+    QVERIFY(!sheet.renameProblem(0, u"Two"_s).isEmpty() && sheet.renameProblem(0, u"One"_s).isEmpty());
     QVERIFY(!sheet.renameTask(0, u" Two "_s));
     QVERIFY(!sheet.renameTask(0, u" "_s));
     QVERIFY(sheet.renameTask(0, u" First "_s));
