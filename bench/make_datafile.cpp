@@ -36,7 +36,8 @@ int main(int argc, char **argv)
     const QCommandLineOption seedOption(
         u"seed"_s, u"Number from which everything follows (1)."_s, u"N"_s, u"1"_s);
     const QCommandLineOption richOption(u"rich"_s, u"About 1.5 KB of rich text data in each record."_s);
-    const QCommandLineOption smallOption(u"small"_s, u"Only two fields and a sentence in each record: 1 KB."_s);
+    const QCommandLineOption smallOption(u"small"_s,
+                                         u"Only two fields and a sentence in each record: 1 KB."_s);
     parser.addOptions({seedOption, richOption, smallOption});
     parser.addPositionalArgument(u"count"_s, u"How many records, 1,000,000 at most."_s, u"COUNT"_s);
     parser.addPositionalArgument(u"file"_s, u"The file to write, - for standard output."_s, u"FILE"_s);

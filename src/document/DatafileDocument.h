@@ -184,8 +184,7 @@ public:
     storeFieldValue(const QString &recordIdentifier, const QString &fieldIdentifier, const QString &value);
     void storeText(const QString &recordIdentifier, const QString &text);
     /// As storeText, with the rich text of which that is the plain text.
-    void
-    storeFormattedText(const QString &recordIdentifier, const QString &text, const QByteArray &textRTFD);
+    void storeFormattedText(const QString &recordIdentifier, const QString &text, const QByteArray &textRTFD);
     /// As storeText, and empties the rich text: its formatting is lost.
     void storePlainText(const QString &recordIdentifier, const QString &text);
     /// Stamps the record as modified now by the user.

@@ -36,8 +36,9 @@ public:
     void run(Progress &progress);
 
     /// Stores the criteria, if that is how it was selected, and the selection, and announces it. False when
-    /// nothing would be selected: then the selection stays as it was, and for criteria, which stay stored, the
-    /// document sends selectionWouldBeEmptyError(). Cancelled; Refused when the catalog changed meanwhile.
+    /// nothing would be selected: then the selection stays as it was, and for criteria, which stay stored,
+    /// the document sends selectionWouldBeEmptyError(). Cancelled; Refused when the catalog changed
+    /// meanwhile.
     Result<bool> apply(DatafileDocument &document) const;
 
 private:

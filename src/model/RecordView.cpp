@@ -20,8 +20,7 @@ Date dateIn(const plist::Value &value)
 
 TextView RecordView::fieldValue(const FieldKey &field) const
 {
-    return g_record ? TextView(g_record->fieldValue(field.text))
-                    : g_source->fieldValue(g_place, field);
+    return g_record ? TextView(g_record->fieldValue(field.text)) : g_source->fieldValue(g_place, field);
 }
 
 TextView RecordView::textString() const

@@ -19,7 +19,7 @@ namespace tavrin {
 class FakeWindow : public DatafileWindow
 {
 public:
-    FakeWindow(DatafileDocument &document, SheetHost &sheets, const Preferences &preferences)
+    FakeWindow(DatafileDocument &document, SheetHost &sheets, Preferences &preferences)
         : g_controller(document, sheets, g_work, preferences)
     {
         g_controller.attachView(g_view);
@@ -37,10 +37,7 @@ public:
 class FakeWindows : public DatafileWindowFactory
 {
 public:
-    FakeWindows(SheetHost &sheets, const Preferences &preferences)
-        : g_sheets(sheets)
-        , g_preferences(preferences)
-    {}
+    FakeWindows(SheetHost &sheets, Preferences &preferences) : g_sheets(sheets), g_preferences(preferences) {}
 
     std::unique_ptr<DatafileWindow> makeWindow(DatafileDocument &document,
                                                const QString &firstRecord) override
@@ -52,7 +49,7 @@ public:
 
 private:
     SheetHost &g_sheets;
-    const Preferences &g_preferences;
+    Preferences &g_preferences;
 };
 
 /// The application's controller with its surroundings, and datafiles "a.tv3", "b.tv3" and "c.tv3" to open.

@@ -57,9 +57,11 @@ inline QByteArray searchedDatafile(const QList<TestRecord> &testRecords, const Q
         definitions.append(plist::Dictionary{{u"Identifier"_s, u"f%1"_s.arg(i)},
                                              {u"Name"_s, u"Field %1"_s.arg(i)},
                                              {u"Show"_s, !hidden.contains(i)}});
-    return plist::toXml(plist::Dictionary{{u"Settings"_s, plist::Dictionary{{u"DataFormat"_s, 1}, {u"Fields"_s, definitions}}},
-                         {u"Records"_s, records},
-                         {u"Catalog"_s, catalog}})
+    return plist::toXml(
+               plist::Dictionary{
+                   {u"Settings"_s, plist::Dictionary{{u"DataFormat"_s, 1}, {u"Fields"_s, definitions}}},
+                   {u"Records"_s, records},
+                   {u"Catalog"_s, catalog}})
         .replace("\xEE\x80\x80", "&#115;")
         .replace("\xEE\x80\x81", "<![CDATA[s]]>");
 }
