@@ -140,9 +140,11 @@ bool RecordCondition::dateMatches(quint32 record, QString &buffer) const
 {
     if (record == RecordTexts::noRecord)
         return false;
-    // No date equals what the person typed, if that is none.
+    // A record's own date differs from whatever the person typed, if that is no date.
+    const bool isOfRecord =
+        g_terms.basedOnPopup == Basis::CreatedDate || g_terms.basedOnPopup == Basis::ModifiedDate;
     if (!g_date)
-        return g_terms.wherePopup == Operator::DateDoesNotEqual;
+        return isOfRecord && g_terms.wherePopup == Operator::DateDoesNotEqual;
     const auto isDateWanted = [&](const RecordTextReader &reader) -> std::optional<bool> {
         const auto date = g_dateReader.read(Utf16Text(read(reader, record, buffer)).view());
         return date ? std::optional(isWanted(*date <=> *g_date)) : std::nullopt;
