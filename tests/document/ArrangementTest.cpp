@@ -271,8 +271,9 @@ void ArrangementTest::selectingStoresCriteriaAndMarks()
 void ArrangementTest::aSelectionOfNothingIsNotKept()
 {
     plist::Dictionary stored = root();
+    const plist::Array before = *stored.value(u"Catalog"_s).array();
     plist::Array catalog;
-    for (const plist::Value &entry : *stored.value(u"Catalog"_s).array()) {
+    for (const plist::Value &entry : before) {
         plist::Dictionary changed = *entry.dictionary();
         changed.insert(u"PreviouslySelected"_s, false);
         catalog.append(changed);
