@@ -19,6 +19,17 @@ constexpr quint32 bitOf(size_t knownKey)
     return quint32(1) << knownKey;
 }
 
+/// Whether characters of a text stand there as numbers, or in a CDATA section. Single bytes are looked for,
+/// as that is much quicker than looking for "&#".
+bool hidesText(QByteArrayView content)
+{
+    for (qsizetype at = content.indexOf('&'); at >= 0; at = content.indexOf('&', at + 1)) {
+        if (content.sliced(at + 1).startsWith('#'))
+            return true;
+    }
+    return content.contains('<');
+}
+
 } // namespace
 
 void XmlRecordIndexer::run(const char *stop)
@@ -128,7 +139,7 @@ bool XmlRecordIndexer::indexText()
     QByteArrayView content;
     if (!g_cursor.readString(content))
         return false;
-    if (g_cursor.isEncoded() && (content.contains("&#") || content.contains("<")))
+    if (g_cursor.isEncoded() && hidesText(content))
         g_record.hasHiddenText = true;
     return true;
 }
