@@ -89,6 +89,8 @@ void RecordMatcherTest::operatorsMatch_data()
     row("begins, text", 1004, freeform, u""_s, u"HELLO"_s, u"1000"_s);
     row("begins, any field", 1004, anyField, u""_s, u"hello"_s, u"1000"_s);
     row("begins not, field", 1005, field, u"B"_s, u"st"_s, u"1110"_s);
+    row("only holds it, text", 1004, freeform, u""_s, u"world"_s, u"0000"_s);
+    row("only holds it, field", 1005, field, u"B"_s, u"ra"_s, u"1111"_s);
     row("begins with nothing", 1004, field, u"B"_s, u""_s, u"0000"_s);
     row("empty, text", 1006, freeform, u""_s, u""_s, u"0010"_s);
     row("not empty, field", 1007, field, u"A"_s, u""_s, u"1010"_s);
