@@ -10,13 +10,14 @@ namespace tavrin::plist {
 /// The elements of the XML form.
 enum class Element { Plist, Dict, List, Key, String, Integer, Real, True, False, Date, Data, Unknown };
 
-/// A short name as one number, so that a tag is told by one comparison; 0 for a long one.
+/// A short name as one number, so that a tag is told by one comparison; 0 for a long one, and for one that
+/// begins with a zero byte, which would not show in the number.
 constexpr quint64 packed(QByteArrayView name)
 {
     quint64 number = 0;
     for (const char letter : name)
         number = number << 8 | static_cast<uchar>(letter);
-    return name.size() <= 8 ? number : 0;
+    return name.size() <= 8 && !name.isEmpty() && name[0] != 0 ? number : 0;
 }
 
 /// The element of the name, Unknown when there is none.
