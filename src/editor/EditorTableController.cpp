@@ -6,6 +6,7 @@
 #include "editor/BasicTableModel.h"
 #include "editor/EditorWindowController.h"
 #include "editor/ListTableModel.h"
+#include "model/FieldText.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -54,16 +55,7 @@ bool EditorTableController::mayEditRecord(const RecordData *record) const
 
 QString EditorTableController::cleanedFieldValue(const QString &value)
 {
-    constexpr char16_t unwanted[] = {u'\n', u'\r', u'\t', QChar::LineSeparator, QChar::ParagraphSeparator};
-    const auto isUnwanted = [&unwanted](QChar unit) {
-        return std::ranges::find(unwanted, unit.unicode()) != std::end(unwanted);
-    };
-    // Nearly every value is clean already, and then shares its characters with the stored one.
-    if (std::ranges::none_of(value, isUnwanted))
-        return value;
-    QString cleaned = value;
-    std::ranges::replace_if(cleaned, isUnwanted, u' ');
-    return cleaned;
+    return singleLineFieldText(value);
 }
 
 bool EditorTableController::editFieldValue(const RecordData *record,
