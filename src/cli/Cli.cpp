@@ -15,17 +15,12 @@ namespace {
 
 QList<Command> commands()
 {
-    return {infoCommand(),
-            checkCommand(),
-            listCommand(),
-            showCommand(),
-            newCommand(),
-            saveCommand(),
-            setCommand(),
-            sortCommand(),
-            selectCommand(),
-            findCommand(),
-            replaceCommand(),
+    return {infoCommand(),     checkCommand(),     listCommand(),         showCommand(),
+            newCommand(),      saveCommand(),      setCommand(),          addCommand(),
+            deleteCommand(),   duplicateCommand(), moveCommand(),         lockCommand(),
+            dedupeCommand(),   fieldsCommand(),    fillCommand(),         replaceContentsCommand(),
+            transferCommand(), totalCommand(),     textToFieldsCommand(), extractCommand(),
+            sortCommand(),     selectCommand(),    findCommand(),         replaceCommand(),
             settingsCommand()};
 }
 

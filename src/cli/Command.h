@@ -59,4 +59,21 @@ Command settingsCommand();
 Command showCommand();
 Command sortCommand();
 
+// Record commands.
+Command addCommand();
+Command dedupeCommand();
+Command deleteCommand();
+Command duplicateCommand();
+Command lockCommand();
+Command moveCommand();
+
+// Field commands.
+Command extractCommand();
+Command fieldsCommand();
+Command fillCommand();
+Command replaceContentsCommand();
+Command textToFieldsCommand();
+Command totalCommand();
+Command transferCommand();
+
 } // namespace tavrin

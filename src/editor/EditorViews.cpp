@@ -174,12 +174,9 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const RecordWillBeDeleted &deleted) { recordWillBeDeleted(deleted.identifier); },
                    [this](const RecordDeleted &) { catalogDidChange(); },
                    [this](const RecordChanged &changed) { recordDidChange(changed.identifier); },
+                   [this](const RecordsChanged &) { recordsDidChange(); },
                    [this](const CatalogChanged &) { catalogDidChange(); },
-                   [this](const FieldFormatChanged &) {
-                       g_tableController->setupTables();
-                       setDatafileChanged();
-                       Q_EMIT operationsChanged();
-                   },
+                   [this](const FieldFormatChanged &) { fieldFormatDidChange(); },
                    [this](const SettingsChanged &) {
                        g_tableController->setupTables();
                        Q_EMIT titleChanged();
@@ -215,6 +212,24 @@ void EditorWindowController::recordDidChange(const QString &identifier)
         Q_EMIT statusChanged();
         Q_EMIT operationsChanged();
     }
+}
+
+void EditorWindowController::fieldFormatDidChange()
+{
+    // Without fields there is nothing that Basic View could show.
+    if (settings().fields().isEmpty() && isBasicView())
+        setMode(listMode);
+    g_tableController->setupTables();
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::recordsDidChange()
+{
+    g_tableController->reload();
+    if (g_freeformTextEditable != isFreeformTextEditable())
+        updateFreeformTextEditability();
+    Q_EMIT statusChanged();
+    Q_EMIT operationsChanged();
 }
 
 void EditorWindowController::catalogDidChange()

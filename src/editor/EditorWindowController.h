@@ -205,6 +205,8 @@ private:
     void documentDidChange(const DatafileChange &change);
     void recordWillBeDeleted(const QString &identifier);
     void recordDidChange(const QString &identifier);
+    void fieldFormatDidChange();
+    void recordsDidChange();
     void catalogDidChange();
     void datafileReverted();
 
