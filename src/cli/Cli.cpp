@@ -26,6 +26,7 @@ QList<Command> commands()
             selectCommand(),
             findCommand(),
             replaceCommand(),
+            importCommand(),
             settingsCommand()};
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
+#include "io/LineEnd.h"
 #include "io/MarkScanner.h"
 #include "io/ReadProgress.h"
 #include "io/TableReaders.h"
@@ -17,7 +18,12 @@ public:
         , g_separator(dialect.separator)
         , g_quote(dialect.quote)
         , g_scanner(text.utf8,
-                    {dialect.separator, dialect.quote ? dialect.quote : '\n', '\n', '\r', '\n', '\n'})
+                    {dialect.separator,
+                     dialect.quote ? dialect.quote : '\n',
+                     '\n',
+                     '\r',
+                     '\t',
+                     LineEnd::separatorLead})
         , g_table(std::make_shared<TextTable>(text.bytes, text.utf8))
     {}
 
@@ -34,7 +40,7 @@ private:
     void next();
     void readValue();
     void readQuoted();
-    void append(qsizetype start, qsizetype end, bool hasDoubled);
+    void passMark();
     TextTable::Cell cellOf(qsizetype start, qsizetype end, bool hasDoubled);
     bool endLine();
 
@@ -46,7 +52,7 @@ private:
     qsizetype g_at = 0;   ///< Where the next value begins.
     qsizetype g_mark = 0; ///< The first mark at g_at or behind it, or inside of the value being read.
     quint64 g_malformedCount = 0;
-    bool g_isRowEmpty = true;
+    bool g_hasLineEnd = false; ///< In the value that is read, or a tab: a field would hold it otherwise.
 };
 
 Result<> StandardReader::read(qint64 mostRows, Progress &progress)
@@ -92,9 +98,18 @@ bool StandardReader::endLine()
     return !isSeparator;
 }
 
+// A mark inside of the value.
+void StandardReader::passMark()
+{
+    const bool isTab = g_text[g_mark] == '\t';
+    g_hasLineEnd = g_hasLineEnd || isTab || LineEnd::sizeAt(g_text, g_mark) > 0;
+    g_mark = g_scanner.next();
+}
+
 // Leaves g_at at what ended the value.
 void StandardReader::readValue()
 {
+    g_hasLineEnd = false;
     if (isQuote(g_at)) {
         readQuoted();
         return;
@@ -102,8 +117,10 @@ void StandardReader::readValue()
     // Inside of a value that does not begin with a quote, quotes are text.
     const qsizetype start = g_at;
     while (g_mark < g_text.size() && !endsValue(g_mark))
-        g_mark = g_scanner.next();
-    append(start, g_mark, false);
+        passMark();
+    const qsizetype size = g_mark - start;
+    g_table->appendCell(g_hasLineEnd ? g_table->ownCell(g_text.sliced(start, size).toByteArray())
+                                     : g_table->cellAt(start, size, TextTable::Form::Plain));
     g_at = g_mark;
 }
 
@@ -114,9 +131,9 @@ void StandardReader::readQuoted()
     next();
     for (;;) {
         while (g_mark < g_text.size() && !isQuote(g_mark))
-            g_mark = g_scanner.next();
+            passMark();
         if (g_mark >= g_text.size()) {
-            append(start, g_text.size(), hasDoubled);
+            g_table->appendCell(cellOf(start, g_text.size(), hasDoubled));
             ++g_malformedCount;
             g_at = g_text.size();
             return;
@@ -131,7 +148,7 @@ void StandardReader::readQuoted()
     g_at = end + 1;
     next();
     if (endsValue(g_at)) {
-        append(start, end, hasDoubled);
+        g_table->appendCell(cellOf(start, end, hasDoubled));
         return;
     }
     // Text behind the closing quote belongs to the value; quotes in it are text.
@@ -144,17 +161,13 @@ void StandardReader::readQuoted()
     g_at = g_mark;
 }
 
-void StandardReader::append(qsizetype start, qsizetype end, bool hasDoubled)
-{
-    g_table->appendCell(cellOf(start, end, hasDoubled));
-}
-
+// Of what stood between quotes.
 TextTable::Cell StandardReader::cellOf(qsizetype start, qsizetype end, bool hasDoubled)
 {
-    if (!hasDoubled)
+    if (!hasDoubled && !g_hasLineEnd)
         return g_table->cellAt(start, end - start, TextTable::Form::Plain);
     if (g_quote == '"')
-        return g_table->cellAt(start, end - start, TextTable::Form::Doubled);
+        return g_table->cellAt(start, end - start, TextTable::Form::Encoded);
     QByteArray single = g_text.sliced(start, end - start).toByteArray();
     return g_table->ownCell(single.replace(QByteArray(2, g_quote), QByteArray(1, g_quote)));
 }

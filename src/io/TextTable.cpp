@@ -25,22 +25,13 @@ QByteArray withSingleQuotes(QByteArrayView bytes)
     return single;
 }
 
-/// Whether there may be something in it that ends a line, or a tab.
-bool mayHaveLineEnds(QByteArrayView bytes)
-{
-    constexpr char lineSeparatorLead = '\xE2';
-    return std::ranges::any_of(bytes, [](char byte) {
-        return byte == '\n' || byte == '\r' || byte == '\t' || byte == lineSeparatorLead;
-    });
-}
-
 } // namespace
 
 TextTable::Cell TextTable::cellAt(qsizetype start, qsizetype size, Form form)
 {
     if (size > largestSize) {
         const QByteArrayView bytes = g_text.sliced(start, size);
-        return ownCell(form == Form::Doubled ? withSingleQuotes(bytes) : bytes.toByteArray());
+        return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
     }
     Cell cell;
     cell.start = static_cast<quint64>(start) & 0xffffffffff;
@@ -70,7 +61,7 @@ QByteArray TextTable::bytesOf(Cell cell) const
     switch (static_cast<Form>(cell.form)) {
     case Form::Own:
         return g_own[cell.start];
-    case Form::Doubled:
+    case Form::Encoded:
         return withSingleQuotes(g_text.sliced(static_cast<qsizetype>(cell.start), cell.size));
     case Form::Plain:
         break;
@@ -86,7 +77,7 @@ TextView TextTable::cell(quint32 row, quint32 column) const
     switch (static_cast<Form>(cell.form)) {
     case Form::Own:
         return {g_own[cell.start], false};
-    case Form::Doubled: {
+    case Form::Encoded: {
         const QString text = plist::fromUtf8(bytesOf(cell));
         return TextView(text.isNull() ? QStringLiteral("") : text);
     }
@@ -98,12 +89,10 @@ TextView TextTable::cell(quint32 row, quint32 column) const
 
 TextView TextTable::cellAsLine(quint32 row, quint32 column) const
 {
-    TextView text = this->cell(row, column);
-    if (text.form() == TextView::Form::Decoded)
-        return TextView(singleLineFieldText(text.string()));
-    if (!mayHaveLineEnds(text.bytes()))
-        return text;
-    return TextView(singleLineFieldText(text.toString()));
+    const TextView text = cell(row, column);
+    const bool isPlain =
+        text.isAbsent() || g_cells[firstCell(row) + size_t(column)].form == static_cast<quint64>(Form::Plain);
+    return isPlain ? text : TextView(singleLineFieldText(text.toString()));
 }
 
 QStringList TextTable::row(quint32 row) const
@@ -114,13 +103,13 @@ QStringList TextTable::row(quint32 row) const
     return texts;
 }
 
-bool TextTable::hasOwnText(quint32 row) const
+bool TextTable::isPlain(quint32 row) const
 {
     for (quint32 place = firstCell(row); place < g_rowEnds[row]; ++place) {
         if (g_cells[place].form != static_cast<quint64>(Form::Plain))
-            return true;
+            return false;
     }
-    return false;
+    return true;
 }
 
 QByteArrayView TextTable::bytesOf(quint32 row) const

@@ -20,8 +20,8 @@ class TextTable
 public:
     /// How a cell's bytes become its text.
     enum class Form : quint8 {
-        Plain,   ///< They are its UTF-8.
-        Doubled, ///< Two quotes stand for one.
+        Plain,   ///< They are its UTF-8; of a table read by readStandard(), they are one line without tabs.
+        Encoded, ///< The same, but two quotes stand for one.
         Own,     ///< They stand beside the text, because it does not hold them so.
     };
 
@@ -42,12 +42,12 @@ public:
 
     /// Absent where the row is too short.
     TextView cell(quint32 row, quint32 column) const;
-    /// The same as one line, as a field holds it: line ends and tabs are blanks.
+    /// The same of a table read by readStandard() as a field holds it: line ends and tabs are blanks.
     TextView cellAsLine(quint32 row, quint32 column) const;
     QStringList row(quint32 row) const;
-    /// Whether a reader has marked the row: something in it has to be decoded before it is looked at.
-    bool hasOwnText(quint32 row) const;
-    /// From the first cell of the row to the end of its last, in the text. Only of a row without own text.
+    /// Whether the texts of all cells of the row stand in the text as they are.
+    bool isPlain(quint32 row) const;
+    /// From the first cell of a plain row to the end of its last.
     QByteArrayView bytesOf(quint32 row) const;
 
     // For readers.

@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tavrin {
@@ -113,6 +114,10 @@ public:
     void removeRecord(const RecordData *record) { removeRecordForIdentifier(identifierForRecord(record)); }
     /// Removes the record and hands it over; null when there is none.
     std::unique_ptr<RecordData> takeRecordForIdentifier(const QString &identifier);
+
+    /// Adds the records of a source behind the others, each under the identifier of the number at its place.
+    /// None of the numbers is that of a record here.
+    void addRecords(const std::shared_ptr<const RecordSource> &source, std::span<const quint32> numbers);
 
     RecordsSnapshot snapshot() const;
     /// The same without the table of identifiers, for those who know the records by number.
