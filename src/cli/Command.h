@@ -61,4 +61,12 @@ Command settingsCommand();
 Command showCommand();
 Command sortCommand();
 
+// Record commands.
+Command addCommand();
+Command dedupeCommand();
+Command deleteCommand();
+Command duplicateCommand();
+Command lockCommand();
+Command moveCommand();
+
 } // namespace tavrin

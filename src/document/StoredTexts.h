@@ -32,9 +32,12 @@ public:
     Date modifiedDate(quint32 record) const override;
     QStringList fieldIdentifiers() const override { return g_fieldIdentifiers; }
 
-private:
+    /// Whether there is a record of that number.
+    bool contains(quint32 record) const { return record < g_places.size() && g_places[record] != noRecord; }
+    /// Of a record that is there; outlived by this.
     RecordView view(quint32 record) const;
 
+private:
     std::shared_ptr<const RecordSource> g_source; ///< The records as they stand in the file,
     std::unique_ptr<RecordSource> g_changed;      ///< and those that were changed or added since.
     quint32 g_sourceCount;

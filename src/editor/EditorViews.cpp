@@ -174,6 +174,7 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const RecordWillBeDeleted &deleted) { recordWillBeDeleted(deleted.identifier); },
                    [this](const RecordDeleted &) { catalogDidChange(); },
                    [this](const RecordChanged &changed) { recordDidChange(changed.identifier); },
+                   [this](const RecordsChanged &) { recordsDidChange(); },
                    [this](const CatalogChanged &) { catalogDidChange(); },
                    [this](const FieldFormatChanged &) {
                        g_tableController->setupTables();
@@ -215,6 +216,15 @@ void EditorWindowController::recordDidChange(const QString &identifier)
         Q_EMIT statusChanged();
         Q_EMIT operationsChanged();
     }
+}
+
+void EditorWindowController::recordsDidChange()
+{
+    g_tableController->reload();
+    if (g_freeformTextEditable != isFreeformTextEditable())
+        updateFreeformTextEditability();
+    Q_EMIT statusChanged();
+    Q_EMIT operationsChanged();
 }
 
 void EditorWindowController::catalogDidChange()

@@ -205,6 +205,7 @@ private:
     void documentDidChange(const DatafileChange &change);
     void recordWillBeDeleted(const QString &identifier);
     void recordDidChange(const QString &identifier);
+    void recordsDidChange();
     void catalogDidChange();
     void datafileReverted();
 

@@ -83,6 +83,12 @@ RecordData *QVKeyedCollectionData::recordForIdentifier(const QString &identifier
     return slot ? opened(*slot) : nullptr;
 }
 
+RecordData *QVKeyedCollectionData::recordForNumber(quint32 identifierNumber) const
+{
+    Slot *slot = slotOf(identifierNumber);
+    return slot ? opened(*slot) : nullptr;
+}
+
 QString QVKeyedCollectionData::identifierForRecord(const RecordData *record) const
 {
     if (!record)
@@ -170,14 +176,31 @@ std::unique_ptr<RecordData> QVKeyedCollectionData::takeRecordForIdentifier(const
     if (!slot)
         return nullptr;
     opened(*slot);
-    g_slotOfIdentifier[slot->identifier] = noPlace;
+    std::optional<Taken> taken = take(slot->identifier);
+    return std::move(taken->g_slot.record);
+}
+
+std::optional<QVKeyedCollectionData::Taken> QVKeyedCollectionData::take(quint32 identifierNumber)
+{
+    Slot *slot = slotOf(identifierNumber);
+    if (!slot)
+        return {};
+    Taken taken(std::move(*slot));
+    g_slotOfIdentifier[identifierNumber] = noPlace;
     slot->identifier = IdentifierTable::none;
-    std::unique_ptr<RecordData> record = std::move(slot->record);
     --g_count;
     constexpr size_t fewSlots = 64;
     if (g_slots.size() > 2 * static_cast<size_t>(g_count) + fewSlots)
         closeUp();
-    return record;
+    return taken;
+}
+
+void QVKeyedCollectionData::putBack(Taken record)
+{
+    if (slotOf(record.g_slot.identifier))
+        return;
+    addSlot(std::move(record.g_slot));
+    ++g_count;
 }
 
 // Walking over the slots stays proportional to the number of records.
