@@ -33,6 +33,7 @@ QList<Command> commands()
             findCommand(),
             replaceCommand(),
             importCommand(),
+            exportCommand(),
             settingsCommand()};
 }
 

@@ -101,7 +101,8 @@ ExitStatus importIntoNew(Call &call, const ReadTable &table, const ImportOptions
         return call.failed(allowed.error());
     const DatafileKind kind = call.kind().value_or(datafileKindOfPath(path).value_or(DatafileKind::Pro));
     const auto document = newDatafileForImport(call.services, kind, importedFieldNames(table, options));
-    Result<ImportOutcome> outcome = importTable(*document, table, options);
+    Progress progress;
+    const Result<ImportOutcome> outcome = importTable(*document, table, options, progress);
     if (!outcome)
         return call.failed(outcome.error());
     if (const Result<> written = document->writeToURL(path, typeNameOf(kind)); !written)
@@ -122,7 +123,8 @@ importIntoExisting(Call &call, const QString &path, const ReadTable &table, cons
                             Cli::tr("The file has %1 fields in its first row, the datafile has %2.")
                                 .arg(table.incomingFieldCount())
                                 .arg(fieldCount)});
-    const Result<ImportOutcome> outcome = importTable(edit->document(), table, options);
+    Progress progress;
+    const Result<ImportOutcome> outcome = importTable(edit->document(), table, options, progress);
     if (!outcome)
         return call.failed(outcome.error());
     if (const Result<> written = edit->write(); !written)

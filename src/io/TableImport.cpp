@@ -157,8 +157,10 @@ newDatafileForImport(const DocumentServices &services, DatafileKind kind, const 
     return document;
 }
 
-Result<ImportOutcome>
-importTable(DatafileDocument &document, const ReadTable &table, const ImportOptions &options)
+Result<ImportOutcome> importTable(DatafileDocument &document,
+                                  const ReadTable &table,
+                                  const ImportOptions &options,
+                                  Progress &progress)
 {
     const TableMapping mapping = usualMapping(table, options, document.datafileSettings().fields());
     if (table.table->rowCount() <= mapping.firstRow)
@@ -166,11 +168,13 @@ importTable(DatafileDocument &document, const ReadTable &table, const ImportOpti
     const Result<RecordBatch> batch = recordsOfTable(table, mapping, document.services().environment);
     if (!batch)
         return batch.error();
-    addBatch(document, *batch);
-    DatafileArrangement(document).selectAll();
+    const Result<quint64> removed = addToDatafile(document, *batch, options.destination, progress);
+    if (!removed)
+        return removed.error();
     return ImportOutcome{.imported = batch->count(),
                          .malformed = table.malformedCount,
-                         .dropped = droppedCount(table, mapping)};
+                         .dropped = droppedCount(table, mapping),
+                         .removed = *removed};
 }
 
 Error nothingImported()

@@ -72,11 +72,20 @@ recordsOfTable(const ReadTable &table, const TableMapping &mapping, const Enviro
 std::unique_ptr<DatafileDocument>
 newDatafileForImport(const DocumentServices &services, DatafileKind kind, const QStringList &fieldNames);
 
-/// Makes records of the rows and puts them into the datafile, column j into field j. All records are selected
-/// and, when a datafile takes them that is not new, it is one step of Undo. Announced once. When it fails
-/// (Corrupt: there is nothing to import), the datafile is as it was.
-Result<ImportOutcome>
-importTable(DatafileDocument &document, const ReadTable &table, const ImportOptions &options);
+/// Makes records of the rows and puts them into the datafile, column j into field j. See addToDatafile().
+/// Corrupt when there is nothing to import.
+Result<ImportOutcome> importTable(DatafileDocument &document,
+                                  const ReadTable &table,
+                                  const ImportOptions &options,
+                                  Progress &progress);
+
+/// Puts records behind the others and selects all. When the datafile is no new one it is one step of Undo,
+/// with the removal of duplicates that belongs to merging. How many were removed. When it fails (Cancelled),
+/// the datafile is as it was.
+Result<quint64> addToDatafile(DatafileDocument &document,
+                              const RecordBatch &batch,
+                              ImportDestination destination,
+                              Progress &progress);
 
 /// "No records were imported." with its detail.
 Error nothingImported();
