@@ -21,7 +21,7 @@ QList<Command> commands()
             dedupeCommand(),   fieldsCommand(),    fillCommand(),         replaceContentsCommand(),
             transferCommand(), totalCommand(),     textToFieldsCommand(), extractCommand(),
             sortCommand(),     selectCommand(),    findCommand(),         replaceCommand(),
-            settingsCommand()};
+            importCommand(),   exportCommand(),    settingsCommand()};
 }
 
 QString synopsisOf(const Option &option)

@@ -47,7 +47,9 @@ QList<Option> writingOptions();
 QList<Option> commonOptions();
 
 Command checkCommand();
+Command exportCommand();
 Command findCommand();
+Command importCommand();
 Command infoCommand();
 Command listCommand();
 Command newCommand();

@@ -40,6 +40,13 @@ PresenceChange::added(quint32 record, const QString &name, std::optional<NumberC
     return change;
 }
 
+std::unique_ptr<PresenceChange> PresenceChange::added(std::vector<quint32> records, const QString &name)
+{
+    std::unique_ptr<PresenceChange> change(new PresenceChange(name));
+    change->g_numbers = std::move(records);
+    return change;
+}
+
 void PresenceChange::exchange(DatafileDocument &document)
 {
     if (std::exchange(g_areIn, !g_areIn))

@@ -34,6 +34,9 @@ public:
     static std::unique_ptr<PresenceChange>
     added(quint32 record, const QString &name, std::optional<NumberCount> numberCount = {});
 
+    /// Of records that were just added.
+    static std::unique_ptr<PresenceChange> added(std::vector<quint32> records, const QString &name);
+
     QString name() const override { return g_name; }
     void undo(DatafileDocument &document) override { exchange(document); }
     void redo(DatafileDocument &document) override { exchange(document); }

@@ -4,6 +4,7 @@
 #include "model/QVKeyedCollectionData.h"
 
 #include "base/InternalInconsistency.h"
+#include "model/JoinedRecords.h"
 #include "model/ValueRecords.h"
 
 #include <algorithm>
@@ -208,6 +209,21 @@ void QVKeyedCollectionData::closeUp()
     std::erase_if(g_slots, [](const Slot &slot) { return slot.identifier == IdentifierTable::none; });
     for (size_t i = 0; i < g_slots.size(); ++i)
         g_slotOfIdentifier[g_slots[i].identifier] = static_cast<quint32>(i);
+}
+
+void QVKeyedCollectionData::addRecords(const std::shared_ptr<const RecordSource> &source,
+                                       std::span<const quint32> numbers)
+{
+    const bool isFirst = !g_source || g_source->count() == 0;
+    const quint32 start = isFirst ? 0 : g_source->count();
+    g_source = isFirst ? source : JoinedRecords::join(g_source, source);
+    g_slots.reserve(g_slots.size() + numbers.size());
+    for (quint32 place = 0; place < numbers.size(); ++place) {
+        addSlot({numbers[place], start + place, nullptr});
+        if (source->needsOpening(place))
+            opened(g_slots.back());
+    }
+    g_count += static_cast<qsizetype>(numbers.size());
 }
 
 RecordsSnapshot QVKeyedCollectionData::snapshot() const

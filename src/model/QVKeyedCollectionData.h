@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tavrin {
@@ -135,6 +136,10 @@ public:
     std::optional<Taken> take(quint32 identifierNumber);
     /// As it stood, at the end. Nothing when another record has its identifier by now.
     void putBack(Taken record);
+
+    /// Adds the records of a source behind the others, each under the identifier of the number at its place.
+    /// None of the numbers is that of a record here.
+    void addRecords(const std::shared_ptr<const RecordSource> &source, std::span<const quint32> numbers);
 
     RecordsSnapshot snapshot() const;
     /// The same without the table of identifiers, for those who know the records by number.

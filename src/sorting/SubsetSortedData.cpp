@@ -298,6 +298,16 @@ void SubsetSortedData::insertAt(qint64 index, const QString &identifier)
         g_order.insert(index, CatalogEntry(g_forms.identifiers().add(identifier)));
 }
 
+void SubsetSortedData::insertNumbersAtEnd(std::span<const quint32> numbers)
+{
+    std::vector<CatalogEntry> all;
+    all.reserve(static_cast<size_t>(count()) + numbers.size());
+    g_order.forEach([&](const CatalogEntry &entry) { all.push_back(entry); });
+    for (const quint32 number : numbers)
+        all.emplace_back(number);
+    g_order.assign(std::move(all));
+}
+
 void SubsetSortedData::moveIdentifier(const QString &identifier, qint64 toIndex)
 {
     const qint64 index = indexOfIdentifier(identifier);

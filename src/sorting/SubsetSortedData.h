@@ -122,6 +122,8 @@ public:
     void insertIdentifier(const QString &identifier, const QString &afterIdentifier);
     void insertIdentifierAtBeginning(const QString &identifier);
     void insertIdentifierAtEnd(const QString &identifier);
+    /// The same for many, by number, in one pass.
+    void insertNumbersAtEnd(std::span<const quint32> numbers);
     /// The index counts without the moved entry; past the end means the end.
     void moveIdentifier(const QString &identifier, qint64 toIndex);
     void deleteIdentifier(const QString &identifier);
