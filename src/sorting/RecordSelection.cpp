@@ -11,40 +11,6 @@ namespace tavrin {
 
 namespace {
 
-/// Looks for keys in the text and in every field of a record.
-class KeyFinder
-{
-public:
-    KeyFinder(const QStringList &keys, bool caseSensitive, const RecordTexts &texts)
-    {
-        for (const QString &key : keys)
-            g_matchers.emplace_back(key, text::Sameness{.caseInsensitive = !caseSensitive, .literal = true});
-        g_readers.push_back(texts.textReader());
-        for (const QString &identifier : texts.fieldIdentifiers())
-            g_readers.push_back(texts.fieldReader(identifier));
-    }
-
-    bool areAllIn(quint32 record)
-    {
-        return !g_matchers.empty() && std::ranges::all_of(g_matchers, [&](const text::TextMatcher &key) {
-            return isKeyIn(key, record);
-        });
-    }
-
-private:
-    bool isKeyIn(const text::TextMatcher &key, quint32 record)
-    {
-        return record != RecordTexts::noRecord
-               && std::ranges::any_of(g_readers, [&](const RecordTextReader &reader) {
-                      return key.isIn(reader(record, g_buffer));
-                  });
-    }
-
-    std::vector<text::TextMatcher> g_matchers;
-    std::vector<RecordTextReader> g_readers;
-    QString g_buffer;
-};
-
 /// What the rule says of each entry that is no inert one. Cancelled.
 template <typename Rule>
 Result<std::vector<bool>> statesOf(const CatalogRecords &catalog, Progress &progress, Rule rule)
@@ -75,18 +41,6 @@ Result<std::vector<bool>> selectionByCriteria(const CatalogRecords &catalog,
     return statesOf(catalog, progress, [&](const CatalogEntry &entry, quint32 record) {
         const bool isJudged = entry.currentlySelected() != fromOmitted;
         return selectsAll || (isJudged ? matcher.matches(record) : entry.currentlySelected());
-    });
-}
-
-Result<std::vector<bool>> selectionForFind(const CatalogRecords &catalog,
-                                           const QStringList &keys,
-                                           bool caseSensitive,
-                                           const RecordTexts &texts,
-                                           Progress &progress)
-{
-    KeyFinder finder(keys, caseSensitive, texts);
-    return statesOf(catalog, progress, [&](const CatalogEntry &entry, quint32 record) {
-        return entry.currentlySelected() && finder.areAllIn(record);
     });
 }
 
