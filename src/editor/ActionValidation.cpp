@@ -3,6 +3,7 @@
 
 // Which commands may run now: the one place that menus, toolbar and shortcuts ask.
 
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
@@ -87,6 +88,16 @@ bool mayGoForward(const EditorWindowController &window)
     return window.viewedRecordList().canGoForward();
 }
 
+bool isClassicStyle(const EditorWindowController &window)
+{
+    return !window.search().isInternetStyle();
+}
+
+bool mayChangeFindOptions(const EditorWindowController &window)
+{
+    return !window.search().areOptionsLocked();
+}
+
 constexpr std::array actionRules{
     ActionRule{"addRecord:"_L1, always},
     ActionRule{"deleteRecord:"_L1, mayDelete},
@@ -117,6 +128,19 @@ constexpr std::array actionRules{
     ActionRule{"sortTask:"_L1, hasSortTasks},
     ActionRule{"switchToOmitted:"_L1, hasOmittedRecords},
     ActionRule{"switchView:"_L1, hasFields},
+    // Finding.
+    ActionRule{"activateFindBox:"_L1, always},
+    ActionRule{"forwardSearch:"_L1, always},
+    ActionRule{"forwardSearchAfterRecord:"_L1, always},
+    ActionRule{"forwardSearchToHit:"_L1, always},
+    ActionRule{"insertAmpersand:"_L1, isClassicStyle},
+    ActionRule{"quickSelectAll:"_L1, hasOmittedRecords},
+    ActionRule{"reverseSearch:"_L1, always},
+    ActionRule{"toggleCaseSensitivity:"_L1, mayChangeFindOptions},
+    ActionRule{"toggleEntryStyle:"_L1, mayChangeFindOptions},
+    ActionRule{"toggleFindOptionsLock:"_L1, always},
+    ActionRule{"toggleSelectMode:"_L1, mayChangeFindOptions},
+    ActionRule{"useSelectionForFind:"_L1, always},
 };
 
 } // namespace

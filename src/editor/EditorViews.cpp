@@ -6,6 +6,7 @@
 #include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/ListTableModel.h"
@@ -77,13 +78,22 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
 {
     if (focus == EditorFocus::FreeformText)
         focusFreeformText();
+    if (focus == EditorFocus::Elsewhere)
+        g_search->activateFindBox();
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
-    g_lastHitField = g_tableController->currentField();
+    const int field = g_tableController->currentField();
+    g_lastHitField = field;
     if (isBasicView())
-        g_view->editTableCell(g_lastHitField, BasicTableModel::ValueColumn);
+        g_view->editTableCell(field, BasicTableModel::ValueColumn);
     else
-        g_view->editTableCell(static_cast<int>(indexOfCurrentRecord()), g_lastHitField);
+        g_view->editTableCell(static_cast<int>(indexOfCurrentRecord()), field);
+}
+
+void EditorWindowController::freshenWindowContentSettings()
+{
+    g_search->selectSearchField();
+    g_lastHitField = -1;
 }
 
 void EditorWindowController::showCurrentRow()

@@ -9,9 +9,11 @@
 #include "base/Log.h"
 #include "editor/EditorPermission.h"
 #include "editor/EditorSaving.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
+#include "model/Preferences.h"
 
 #include <QFontDatabase>
 #include <QLocale>
@@ -64,8 +66,13 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
     , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
     , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
+    , g_search(std::make_unique<EditorSearchController>(*this, work, preferences))
 {
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
+    connect(g_search.get(),
+            &EditorSearchController::modesChanged,
+            this,
+            &EditorWindowController::operationsChanged);
 }
 
 EditorWindowController::~EditorWindowController()
@@ -212,6 +219,8 @@ bool EditorWindowController::canSaveChanges() const
 void EditorWindowController::windowDidBecomeMain()
 {
     updateFreeformTextEditability();
+    if (g_preferences.boolForKey(u"GeneralHighlightFindField"_s))
+        g_search->finding().view().selectFindText();
     g_permission->windowDidBecomeMain();
 }
 

@@ -18,6 +18,7 @@ namespace tavrin {
 
 class EditorPermission;
 class EditorSaving;
+class EditorSearchController;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
@@ -52,6 +53,8 @@ public:
     EditorSelecting &selecting() { return *g_selecting; }
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
+    EditorSearchController &search() { return *g_search; }
+    const EditorSearchController &search() const { return *g_search; }
 
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }
@@ -108,6 +111,11 @@ public:
     void viewGeometryDidChange(); ///< The window or the divider was moved.
     void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
     void showCurrentRow();        ///< In List View.
+    /// Where the last search or the last editing of a field ended: a LastHitField, or the field's index.
+    qint64 lastHitField() const { return g_lastHitField; }
+    void setLastHitField(qint64 field) { g_lastHitField = field; }
+    /// Searching begins anew, from the find box.
+    void freshenWindowContentSettings();
     void focusFreeformText() { g_view->setFocus(EditorFocus::FreeformText); }
 
     // What can be undone beside the typing; null names when there is nothing.
@@ -185,7 +193,6 @@ private:
     void updateFreeformTextEditability();
     void insertInViewedRecordList(const RecordData *record);
     void markEdited(const QString &identifier);
-    void freshenWindowContentSettings() { g_lastHitField = -1; }
 
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
@@ -219,10 +226,11 @@ private:
     std::unique_ptr<EditorSaving> g_saving;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
+    std::unique_ptr<EditorSearchController> g_search;
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;
-    int g_lastHitField = -1;
+    qint64 g_lastHitField = -1;
     bool g_currentRecordDirty = false;
     bool g_freeformTextEditable = false; ///< As last told to the view.
     bool g_movingInViewedRecordList = false;

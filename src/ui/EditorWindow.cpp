@@ -9,6 +9,7 @@
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 #include "ui/WindowFrame.h"
 
 #include <QApplication>
@@ -41,6 +42,7 @@ EditorWindow::EditorWindow(DatafileDocument &document,
     setCentralWidget(g_splitter);
     buildMenus(menus);
     buildToolbar();
+    buildFinding();
     buildStatusBar();
     followController();
 
@@ -262,8 +264,10 @@ void EditorWindow::closeEvent(QCloseEvent *event)
 void EditorWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         g_controller.windowDidBecomeMain();
+        Q_EMIT activated();
+    }
 }
 
 void EditorWindow::showEvent(QShowEvent *event)

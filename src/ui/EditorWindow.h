@@ -26,9 +26,11 @@ namespace tavrin {
 class ApplicationMenus;
 class CellDelegate;
 struct Command;
+class FindBox;
 class FormattedTextBanner;
 class FreeformTextEdit;
 class RecordTableView;
+class WindowFindView;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
 class EditorWindow : public QMainWindow, public DatafileWindow, public EditorView
@@ -68,6 +70,8 @@ public:
 
 Q_SIGNALS:
     void datafilesDropped(const QStringList &paths);
+    /// The person turned to this window.
+    void activated();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -85,6 +89,7 @@ private:
     void buildEditMenu();
     void buildViewMenu();
     void buildSortMenu();
+    void buildFinding();
     void buildColumnMenu();
     void showColumnMenu(int column, const QPoint &position);
     void addCommands(QMenu *menu, std::span<const Command> commands);
@@ -107,6 +112,8 @@ private:
     WidgetWorkHost g_work;
     EditorWindowController g_controller;
     QHash<QString, QAction *> g_actions;
+    FindBox *g_findBox = nullptr;
+    std::unique_ptr<WindowFindView> g_findView;
     QStackedWidget *g_tables = nullptr;
     RecordTableView *g_basicTable = nullptr;
     RecordTableView *g_listTable = nullptr;

@@ -4,6 +4,7 @@
 // How an editor window is put together: its tables, text area, menus, toolbar and status bar.
 
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/ListTableModel.h"
@@ -11,10 +12,12 @@
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
+#include "ui/FindBox.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -87,9 +90,15 @@ void EditorWindow::buildTables()
     connect(
         &tables.listTableModel(), &QAbstractItemModel::modelReset, this, &EditorWindow::applyColumnWidths);
 
-    for (const CellDelegate *delegate : {basicDelegate, listDelegate})
+    for (const CellDelegate *delegate : {basicDelegate, listDelegate}) {
         connect(
             delegate, &CellDelegate::textEdited, &g_controller, &EditorWindowController::cellTextDidChange);
+        // A search goes on behind the field that was edited last.
+        connect(delegate, &CellDelegate::editingBegan, this, [this, &tables](const QModelIndex &index) {
+            const bool isBasic = g_controller.isBasicView();
+            g_controller.setLastHitField(isBasic ? index.row() : tables.fieldForListColumn(index.column()));
+        });
+    }
     g_tables->addWidget(g_basicTable);
     g_tables->addWidget(g_listTable);
 }
@@ -155,6 +164,7 @@ QAction *EditorWindow::actionFor(const QString &selector)
         action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
     if (*command->icon)
         action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
+    action->setCheckable(command->isOn != nullptr);
     connect(action, &QAction::triggered, &g_controller, [this, run = command->run] { run(g_controller); });
     g_actions.insert(selector, action);
     return action;
@@ -176,6 +186,9 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
+    QMenu *find = menuBar()->addMenu(tr("F&ind"));
+    addCommands(find, findCommands());
+    menus.addFindItems(*find);
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
@@ -298,6 +311,22 @@ void EditorWindow::buildToolbar()
     }
 }
 
+void EditorWindow::buildFinding()
+{
+    addToolBarBreak();
+    QToolBar *row = addToolBar(tr("Find"));
+    row->setObjectName(u"findRow"_s);
+    row->setMovable(false);
+    g_findBox = new FindBox(g_controller.search(), row);
+    row->addWidget(g_findBox);
+    g_findView = std::make_unique<WindowFindView>(
+        *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
+    g_controller.search().attachView(*g_findView);
+    connect(&g_controller.search(), &EditorSearchController::counted, this, [this](const QString &line) {
+        statusBar()->showMessage(line);
+    });
+}
+
 void EditorWindow::buildStatusBar()
 {
     const auto makeButton = [this](const QString &name, const QString &toolTip) {
@@ -351,8 +380,11 @@ void EditorWindow::moveInListView(bool forward, bool byReturn)
 
 void EditorWindow::updateOperations()
 {
-    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action)
+    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action) {
         action.value()->setEnabled(g_controller.validateAction(action.key()));
+        if (const Command *command = commandForSelector(action.key()); command && command->isOn)
+            action.value()->setChecked(command->isOn(g_controller));
+    }
     const bool canSwitch = g_controller.validateAction(u"switchView:"_s);
     g_basicViewAction->setEnabled(canSwitch);
     g_listViewAction->setEnabled(canSwitch);
