@@ -199,8 +199,12 @@ std::span<const Command> sortCommands()
 
 const Command *commandForSelector(const QString &selector)
 {
-    for (const std::span<const Command> table :
-         {fileCommands(), recordCommands(), selectCommands(), sortCommands()}) {
+    for (const std::span<const Command> table : {fileCommands(),
+                                                 recordCommands(),
+                                                 selectCommands(),
+                                                 sortCommands(),
+                                                 viewCommands(),
+                                                 textCommands()}) {
         if (const Command *command = find(table, selector))
             return command;
     }
