@@ -78,7 +78,7 @@ Qt::ItemFlags ListTableModel::flags(const QModelIndex &index) const
     if (!index.isValid() || isTextColumn(index.column()))
         return flags;
     const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
-    if (record && !record->recordLocked() && !g_window.nowSyncing())
+    if (record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone())
         flags |= Qt::ItemIsEditable;
     return flags;
 }

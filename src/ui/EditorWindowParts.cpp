@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// How an editor window is put together: its tables, text area, menus, toolbar and status bar.
+// How an editor window is put together: its tables, text area, menus and status bar.
 
 #include "editor/BasicTableModel.h"
 #include "editor/EditorSearchController.h"
@@ -27,7 +27,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -158,6 +157,8 @@ QAction *EditorWindow::actionFor(const QString &selector)
     if (QAction *made = g_actions.value(selector))
         return made;
     const Command *command = commandForSelector(selector);
+    if (!command)
+        return nullptr;
     auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
     action->setObjectName(selector);
     if (*command->shortcut)
@@ -271,44 +272,9 @@ void EditorWindow::buildViewMenu()
     };
     g_basicViewAction = add(tr("&Basic View"), u"TB_C_basicView"_s, Qt::Key_1, u"Basic"_s);
     g_listViewAction = add(tr("&List View"), u"TB_C_listView"_s, Qt::Key_2, u"List"_s);
-}
-
-void EditorWindow::buildToolbar()
-{
-    QToolBar *toolbar = addToolBar(tr("Toolbar"));
-    toolbar->setObjectName(u"toolbar"_s);
-    toolbar->setMovable(false);
-    toolbar->setIconSize(QSize(22, 22));
-    const auto add = [&](const char *selector, const QString &label) {
-        QAction *action = actionFor(QString::fromLatin1(selector));
-        action->setIconText(label);
-        action->setToolTip(u"%1 (%2)"_s.arg(label, action->shortcut().toString(QKeySequence::NativeText)));
-        toolbar->addAction(action);
-    };
-    add("addRecord:", tr("New Record"));
-    add("deleteRecord:", tr("Delete Record"));
-    toolbar->addSeparator();
-    add("goToFirstRecord:", tr("First Record"));
-    add("goToPreviousRecord:", tr("Previous Record"));
-    add("goToNextRecord:", tr("Next Record"));
-    add("goToLastRecord:", tr("Last Record"));
-    toolbar->addSeparator();
-    add("goBackOneRecord:", tr("Back"));
-    add("goForwardOneRecord:", tr("Forward"));
-    toolbar->addSeparator();
-    add("selectRecords:", tr("Select Records"));
-    add("selectAllRecords:", tr("Select All Records"));
-    add("switchToOmitted:", tr("Switch to Omitted"));
-    add("sortByFields:", tr("Sort"));
-    auto *space = new QWidget(toolbar);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    toolbar->addWidget(space);
-    toolbar->addAction(g_basicViewAction);
-    toolbar->addAction(g_listViewAction);
-    for (QAction *action : {g_basicViewAction, g_listViewAction}) {
-        if (auto *button = qobject_cast<QToolButton *>(toolbar->widgetForAction(action)))
-            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    }
+    addCommands(menu, viewCommands().first(3));
+    buildTextScaleMenu(*menu);
+    addCommands(menu, viewCommands().subspan(3));
 }
 
 void EditorWindow::buildFinding()
@@ -332,6 +298,7 @@ void EditorWindow::buildStatusBar()
     const auto makeButton = [this](const QString &name, const QString &toolTip) {
         auto *button = new QToolButton(this);
         button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(name);
         button->setToolTip(toolTip);
         button->setPopupMode(QToolButton::InstantPopup);
@@ -340,10 +307,7 @@ void EditorWindow::buildStatusBar()
         statusBar()->addPermanentWidget(button);
         return button;
     };
-    g_recordLocked = new QLabel(this);
-    g_recordLocked->setPixmap(imageNamed(u"TB_C_recordlocked"_s).pixmap(16, 16));
-    g_recordLocked->setToolTip(tr("This record is locked"));
-    statusBar()->addPermanentWidget(g_recordLocked);
+    buildLockButton();
     g_readOnlyMark = new QLabel(tr("Read-only"), this);
     g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
     statusBar()->addPermanentWidget(g_readOnlyMark);
