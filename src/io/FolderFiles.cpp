@@ -114,7 +114,8 @@ filesOfFolder(const QString &folder, const QStringList &extensions, bool includi
                 folders.append(entry.filePath());
         }
     }
-    QCollator natural;
+    // Of a language: the collator of the locale "C" knows no numbers.
+    QCollator natural{QLocale(QLocale::English)};
     natural.setNumericMode(true);
     natural.setCaseSensitivity(Qt::CaseInsensitive);
     std::ranges::stable_sort(files.paths, [&natural](const QString &one, const QString &other) {
