@@ -69,4 +69,13 @@ Command duplicateCommand();
 Command lockCommand();
 Command moveCommand();
 
+// Field commands.
+Command extractCommand();
+Command fieldsCommand();
+Command fillCommand();
+Command replaceContentsCommand();
+Command textToFieldsCommand();
+Command totalCommand();
+Command transferCommand();
+
 } // namespace tavrin

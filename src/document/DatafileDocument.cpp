@@ -180,6 +180,7 @@ void DatafileDocument::addFieldNamesToDocument(const QStringList &names)
     if (names.isEmpty())
         return;
     g_settings->setFields(g_settings->fields() + arrayForFieldNames(names));
+    updateChangeCount(ChangeCount::Done);
     announce(FieldFormatChanged{});
     Q_EMIT datafileFieldFormatChanged();
 }

@@ -57,7 +57,10 @@ QString RecordAdding::addRecord(const QString &afterIdentifier,
     DatafileSettingsData &settings = g_document.datafileSettings();
     auto record = std::make_unique<RecordData>(g_document.services().environment);
     const qint64 numberBefore = settings.lastAutoAddInteger();
-    updateAutoAddContentField(*record, settings);
+    if (content.isSum)
+        record->setIsSum(true);
+    else
+        updateAutoAddContentField(*record, settings);
     for (const auto &[field, value] : content.fields)
         record->setFieldValue(singleLineFieldText(value), field);
     if (content.text) {

@@ -31,6 +31,7 @@ public:
     {
         QList<std::pair<QString, QString>> fields; ///< By field identifier; cleaned to one line.
         std::optional<RecordText> text;
+        bool isSum = false; ///< It holds the totals of others, and gets no number.
     };
 
     /// The document outlives it.

@@ -151,7 +151,7 @@ void EditorWindowController::focusFirstField()
 
 void EditorWindowController::deleteIfEmptyRecordAtIndex(qint64 index)
 {
-    const RecordData *record = isNavigable() ? recordAtIndex(index) : nullptr;
+    const RecordData *record = isNavigable() && !isClone() ? recordAtIndex(index) : nullptr;
     if (record && mayVanish(*record, settings()))
         removeRecord(identifierOf(record), index);
 }

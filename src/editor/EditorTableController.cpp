@@ -27,6 +27,7 @@ EditorTableController::~EditorTableController() = default;
 void EditorTableController::setupTables()
 {
     g_fieldsFont = g_window.fieldsFont();
+    g_fieldsFont.setPointSizeF(g_fieldsFont.pointSizeF() * g_window.textScale());
     g_basicTableModel->reset();
     g_listTableModel->reset();
     reload();
@@ -50,7 +51,7 @@ bool EditorTableController::mayEdit() const
 
 bool EditorTableController::mayEditRecord(const RecordData *record) const
 {
-    return record && !record->recordLocked() && !g_window.nowSyncing();
+    return record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone();
 }
 
 QString EditorTableController::cleanedFieldValue(const QString &value)

@@ -230,17 +230,6 @@ bool SubsetSortedData::setFindSelection(const std::vector<bool> &states)
     return isAnySelected;
 }
 
-Result<bool> SubsetSortedData::selectForFind(const QStringList &keys,
-                                             bool caseSensitive,
-                                             const RecordTexts &texts,
-                                             Progress &progress)
-{
-    const auto states = selectionForFind(catalogRecords(), keys, caseSensitive, texts, progress);
-    if (!states)
-        return states.error();
-    return setFindSelection(*states);
-}
-
 bool SubsetSortedData::hasOnlyInertEntries() const
 {
     bool onlyInert = true;

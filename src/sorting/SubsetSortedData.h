@@ -103,10 +103,8 @@ public:
                                     const RecordTexts &texts,
                                     const SelectionSettings &settings,
                                     Progress &progress);
-    /// Leaves selected what selectionForFind() says; false, and no change, when that is nothing.
+    /// Gives each entry the state of its place; false, and no change, when that would select nothing.
     bool setFindSelection(const std::vector<bool> &states);
-    Result<bool>
-    selectForFind(const QStringList &keys, bool caseSensitive, const RecordTexts &texts, Progress &progress);
     /// Swaps the selection with the one before; a second time swaps back. False when that left nothing.
     bool revertToPrevious();
     /// Shows the omitted records instead. False, and no change, when there are none.

@@ -6,6 +6,7 @@
 #include "app/MainController.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
+#include "ui/RecordInfoPalette.h"
 #include "ui/StartWindow.h"
 
 #include <QApplication>
@@ -39,6 +40,9 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
 {
     auto window = std::make_unique<EditorWindow>(document, g_preferences, *g_menus, firstRecord);
     connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
+    if (!g_recordInfoPalette)
+        g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
+    window->setRecordInfoPalette(g_recordInfo);
     window->show();
     return window;
 }
@@ -47,6 +51,8 @@ void ApplicationWindows::updateStartWindow()
 {
     if (!g_controller->isFullyStarted())
         return;
+    if (g_controller->openDatafileCount() == 0)
+        g_recordInfo.setShown(false);
     if (g_controller->openDatafileCount() > 0) {
         if (g_startWindow)
             g_startWindow->hide();

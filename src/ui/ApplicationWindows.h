@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/DatafileWindow.h"
+#include "editor/RecordInfoPaletteController.h"
 #include "ui/WidgetSheetHost.h"
 #include "ui/WidgetWorkHost.h"
 
@@ -16,6 +17,7 @@ namespace tavrin {
 class ApplicationMenus;
 class MainController;
 class Preferences;
+class RecordInfoPalette;
 class StartWindow;
 
 /// Makes the editor windows, and keeps the start window on screen while there are none.
@@ -50,6 +52,8 @@ private:
     WidgetSheetHost g_sheets;
     WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
+    RecordInfoPaletteController g_recordInfo;
+    std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
 };
 

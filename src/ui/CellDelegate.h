@@ -28,11 +28,13 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 Q_SIGNALS:
+    void editingBegan(const QModelIndex &index) const;
     void textEdited() const;
     /// The editing ended with Return, Tab (forward) or Backtab.
     void moved(bool forward, bool byReturn);
 
 private:
+    void paintWithHits(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
 
     EditorTableController &g_controller;

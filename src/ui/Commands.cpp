@@ -3,6 +3,7 @@
 
 #include "ui/Commands.h"
 
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
@@ -167,6 +168,70 @@ constexpr std::array sortTable{
             [](Controller &window) { window.sorting().editSortTasks(); }},
 };
 
+constexpr std::array findTable{
+    Command{"activateFindBox:",
+            QT_TRANSLATE_NOOP("Commands", "&Find"),
+            "Ctrl+F",
+            "",
+            [](Controller &window) { window.search().activateFindBox(); }},
+    // The keys of these are not the keys that are held down with a button: those are commands here.
+    Command{"forwardSearch:",
+            QT_TRANSLATE_NOOP("Commands", "Find &Next"),
+            "Ctrl+G; F3",
+            "TB_C_findFwd",
+            [](Controller &window) { window.search().forwardSearch({}); }},
+    Command{"reverseSearch:",
+            QT_TRANSLATE_NOOP("Commands", "Find &Previous"),
+            "Ctrl+Shift+G; Shift+F3",
+            "TB_C_findBwd",
+            [](Controller &window) { window.search().reverseSearch({}); }},
+    Command{"forwardSearchAfterRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Find Behind This &Record"),
+            "Ctrl+Alt+G; Alt+F3",
+            "",
+            [](Controller &window) { window.search().forwardSearch({.option = true}); }},
+    Command{"forwardSearchToHit:",
+            QT_TRANSLATE_NOOP("Commands", "Find Next and &Go There"),
+            "Ctrl+F3",
+            "",
+            [](Controller &window) { window.search().forwardSearch({.control = true}); }},
+    Command{"useSelectionForFind:",
+            QT_TRANSLATE_NOOP("Commands", "&Use Selection for Find"),
+            "Ctrl+E",
+            "",
+            [](Controller &window) { window.search().useSelectionForFind(); }},
+    Command{"insertAmpersand:",
+            QT_TRANSLATE_NOOP("Commands", "&Insert && Between Keys"),
+            "",
+            "",
+            [](Controller &window) { window.search().insertAmpersand(); }},
+    separator,
+    Command{"toggleSelectMode:",
+            QT_TRANSLATE_NOOP("Commands", "&Select Instead of Finding"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleSelectMode(); },
+            [](const Controller &window) { return window.search().isSelectMode(); }},
+    Command{"toggleEntryStyle:",
+            QT_TRANSLATE_NOOP("Commands", "Keys Between &Blanks, Phrases in Quotes"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleEntryStyle(); },
+            [](const Controller &window) { return window.search().isInternetStyle(); }},
+    Command{"toggleCaseSensitivity:",
+            QT_TRANSLATE_NOOP("Commands", "&Case Sensitive"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleCaseSensitivity(); },
+            [](const Controller &window) { return window.search().isCaseSensitive(); }},
+    Command{"toggleFindOptionsLock:",
+            QT_TRANSLATE_NOOP("Commands", "&Lock These Options"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleOptionsLock(); },
+            [](const Controller &window) { return window.search().areOptionsLocked(); }},
+};
+
 const Command *find(std::span<const Command> table, const QString &selector)
 {
     const auto found = std::ranges::find_if(table, [&selector](const Command &command) {
@@ -197,10 +262,20 @@ std::span<const Command> sortCommands()
     return sortTable;
 }
 
+std::span<const Command> findCommands()
+{
+    return findTable;
+}
+
 const Command *commandForSelector(const QString &selector)
 {
-    for (const std::span<const Command> table :
-         {fileCommands(), recordCommands(), selectCommands(), sortCommands()}) {
+    for (const std::span<const Command> table : {fileCommands(),
+                                                 recordCommands(),
+                                                 selectCommands(),
+                                                 sortCommands(),
+                                                 findCommands(),
+                                                 viewCommands(),
+                                                 textCommands()}) {
         if (const Command *command = find(table, selector))
             return command;
     }

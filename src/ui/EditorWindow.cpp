@@ -5,10 +5,12 @@
 
 #include "document/DatafileDocument.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorToolbarController.h"
 #include "ui/DatafileDrop.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 #include "ui/WindowFrame.h"
 
 #include <QApplication>
@@ -33,19 +35,44 @@ EditorWindow::EditorWindow(DatafileDocument &document,
     : g_sheets([this] { return this; })
     , g_work(this)
     , g_controller(document, g_sheets, g_work, preferences)
+    , g_menus(menus)
+{
+    build();
+    g_controller.attachView(*this);
+    g_controller.prepare(firstRecord);
+    updateAll();
+}
+
+EditorWindow::EditorWindow(CloneOf original)
+    : g_sheets([this] { return this; })
+    , g_work(this)
+    , g_controller(original.mainWindow.g_controller, g_sheets, g_work)
+    , g_menus(original.mainWindow.g_menus)
+{
+    build();
+    g_controller.attachView(*this);
+    const RecordData *shown = original.mainWindow.g_controller.currentRecord();
+    g_controller.prepare(shown ? shown->identifier() : QString());
+    updateAll();
+}
+
+void EditorWindow::build()
 {
     setAcceptDrops(true);
     resize(860, 620);
     buildTables();
     buildTextArea();
     setCentralWidget(g_splitter);
-    buildMenus(menus);
+    buildMenus(g_menus);
     buildToolbar();
+    buildFinding();
     buildStatusBar();
     followController();
+    followView();
+}
 
-    g_controller.attachView(*this);
-    g_controller.prepare(firstRecord);
+void EditorWindow::updateAll()
+{
     updateMode();
     updateRecord();
     updateStatus();
@@ -87,6 +114,7 @@ void EditorWindow::updateMode()
     g_listViewAction->setChecked(!basic);
     if (!basic)
         applyColumnWidths();
+    updateToolbar();
 }
 
 void EditorWindow::updateRecord()
@@ -94,13 +122,14 @@ void EditorWindow::updateRecord()
     g_banner->setVisible(g_controller.isFreeformTextFormatted());
     updateOperations();
     updateStatus();
+    updateRecordInfo();
 }
 
 void EditorWindow::updateStatus()
 {
     g_recordNumberButton->setText(g_controller.recordNumberText());
     g_selectionButton->setText(g_controller.selectionText());
-    g_recordLocked->setVisible(g_controller.currentRecordLocked());
+    updateLockButton();
     g_readOnlyMark->setVisible(g_controller.document().openedReadOnly());
 }
 
@@ -113,7 +142,8 @@ void EditorWindow::updateTitle()
     setWindowFilePath(g_controller.document().filePath());
     setWindowModified(g_controller.document().isModified());
     g_textTitle->setText(g_controller.textName());
-    g_text->setFont(g_controller.textFont());
+    setTextScale(g_controller.textScale());
+    updateToolbar();
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
     updateStatus();
 }
@@ -262,8 +292,11 @@ void EditorWindow::closeEvent(QCloseEvent *event)
 void EditorWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         g_controller.windowDidBecomeMain();
+        updateRecordInfo();
+        Q_EMIT activated();
+    }
 }
 
 void EditorWindow::showEvent(QShowEvent *event)

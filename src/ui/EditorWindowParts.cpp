@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// How an editor window is put together: its tables, text area, menus, toolbar and status bar.
+// How an editor window is put together: its tables, text area, menus and status bar.
 
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/ListTableModel.h"
@@ -11,10 +12,12 @@
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
+#include "ui/FindBox.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -24,7 +27,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -87,9 +89,15 @@ void EditorWindow::buildTables()
     connect(
         &tables.listTableModel(), &QAbstractItemModel::modelReset, this, &EditorWindow::applyColumnWidths);
 
-    for (const CellDelegate *delegate : {basicDelegate, listDelegate})
+    for (const CellDelegate *delegate : {basicDelegate, listDelegate}) {
         connect(
             delegate, &CellDelegate::textEdited, &g_controller, &EditorWindowController::cellTextDidChange);
+        // A search goes on behind the field that was edited last.
+        connect(delegate, &CellDelegate::editingBegan, this, [this, &tables](const QModelIndex &index) {
+            const bool isBasic = g_controller.isBasicView();
+            g_controller.setLastHitField(isBasic ? index.row() : tables.fieldForListColumn(index.column()));
+        });
+    }
     g_tables->addWidget(g_basicTable);
     g_tables->addWidget(g_listTable);
 }
@@ -149,12 +157,15 @@ QAction *EditorWindow::actionFor(const QString &selector)
     if (QAction *made = g_actions.value(selector))
         return made;
     const Command *command = commandForSelector(selector);
+    if (!command)
+        return nullptr;
     auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
     action->setObjectName(selector);
     if (*command->shortcut)
         action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
     if (*command->icon)
         action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
+    action->setCheckable(command->isOn != nullptr);
     connect(action, &QAction::triggered, &g_controller, [this, run = command->run] { run(g_controller); });
     g_actions.insert(selector, action);
     return action;
@@ -176,6 +187,9 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
+    QMenu *find = menuBar()->addMenu(tr("F&ind"));
+    addCommands(find, findCommands());
+    menus.addFindItems(*find);
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
@@ -258,44 +272,25 @@ void EditorWindow::buildViewMenu()
     };
     g_basicViewAction = add(tr("&Basic View"), u"TB_C_basicView"_s, Qt::Key_1, u"Basic"_s);
     g_listViewAction = add(tr("&List View"), u"TB_C_listView"_s, Qt::Key_2, u"List"_s);
+    addCommands(menu, viewCommands().first(3));
+    buildTextScaleMenu(*menu);
+    addCommands(menu, viewCommands().subspan(3));
 }
 
-void EditorWindow::buildToolbar()
+void EditorWindow::buildFinding()
 {
-    QToolBar *toolbar = addToolBar(tr("Toolbar"));
-    toolbar->setObjectName(u"toolbar"_s);
-    toolbar->setMovable(false);
-    toolbar->setIconSize(QSize(22, 22));
-    const auto add = [&](const char *selector, const QString &label) {
-        QAction *action = actionFor(QString::fromLatin1(selector));
-        action->setIconText(label);
-        action->setToolTip(u"%1 (%2)"_s.arg(label, action->shortcut().toString(QKeySequence::NativeText)));
-        toolbar->addAction(action);
-    };
-    add("addRecord:", tr("New Record"));
-    add("deleteRecord:", tr("Delete Record"));
-    toolbar->addSeparator();
-    add("goToFirstRecord:", tr("First Record"));
-    add("goToPreviousRecord:", tr("Previous Record"));
-    add("goToNextRecord:", tr("Next Record"));
-    add("goToLastRecord:", tr("Last Record"));
-    toolbar->addSeparator();
-    add("goBackOneRecord:", tr("Back"));
-    add("goForwardOneRecord:", tr("Forward"));
-    toolbar->addSeparator();
-    add("selectRecords:", tr("Select Records"));
-    add("selectAllRecords:", tr("Select All Records"));
-    add("switchToOmitted:", tr("Switch to Omitted"));
-    add("sortByFields:", tr("Sort"));
-    auto *space = new QWidget(toolbar);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    toolbar->addWidget(space);
-    toolbar->addAction(g_basicViewAction);
-    toolbar->addAction(g_listViewAction);
-    for (QAction *action : {g_basicViewAction, g_listViewAction}) {
-        if (auto *button = qobject_cast<QToolButton *>(toolbar->widgetForAction(action)))
-            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    }
+    addToolBarBreak();
+    QToolBar *row = addToolBar(tr("Find"));
+    row->setObjectName(u"findRow"_s);
+    row->setMovable(false);
+    g_findBox = new FindBox(g_controller.search(), row);
+    row->addWidget(g_findBox);
+    g_findView = std::make_unique<WindowFindView>(
+        *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
+    g_controller.search().attachView(*g_findView);
+    connect(&g_controller.search(), &EditorSearchController::counted, this, [this](const QString &line) {
+        statusBar()->showMessage(line);
+    });
 }
 
 void EditorWindow::buildStatusBar()
@@ -303,6 +298,7 @@ void EditorWindow::buildStatusBar()
     const auto makeButton = [this](const QString &name, const QString &toolTip) {
         auto *button = new QToolButton(this);
         button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(name);
         button->setToolTip(toolTip);
         button->setPopupMode(QToolButton::InstantPopup);
@@ -311,10 +307,7 @@ void EditorWindow::buildStatusBar()
         statusBar()->addPermanentWidget(button);
         return button;
     };
-    g_recordLocked = new QLabel(this);
-    g_recordLocked->setPixmap(imageNamed(u"TB_C_recordlocked"_s).pixmap(16, 16));
-    g_recordLocked->setToolTip(tr("This record is locked"));
-    statusBar()->addPermanentWidget(g_recordLocked);
+    buildLockButton();
     g_readOnlyMark = new QLabel(tr("Read-only"), this);
     g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
     statusBar()->addPermanentWidget(g_readOnlyMark);
@@ -351,8 +344,11 @@ void EditorWindow::moveInListView(bool forward, bool byReturn)
 
 void EditorWindow::updateOperations()
 {
-    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action)
+    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action) {
         action.value()->setEnabled(g_controller.validateAction(action.key()));
+        if (const Command *command = commandForSelector(action.key()); command && command->isOn)
+            action.value()->setChecked(command->isOn(g_controller));
+    }
     const bool canSwitch = g_controller.validateAction(u"switchView:"_s);
     g_basicViewAction->setEnabled(canSwitch);
     g_listViewAction->setEnabled(canSwitch);

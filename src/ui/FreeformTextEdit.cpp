@@ -4,6 +4,7 @@
 #include "ui/FreeformTextEdit.h"
 
 #include "ui/DatafileDrop.h"
+#include "ui/HitColors.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -47,6 +48,48 @@ void FreeformTextEdit::setPaperColor(const QColor &color)
         return;
     g_paperColor = color;
     applyPaperColor();
+}
+
+void FreeformTextEdit::showHits(const QList<text::Match> &hits, const QColor &color)
+{
+    const auto end = static_cast<qsizetype>(document()->characterCount() - 1);
+    g_hits.clear();
+    g_hitColor = color;
+    for (const text::Match &hit : hits) {
+        if (hit.start < 0 || hit.start + hit.length > end)
+            continue;
+        QTextCursor cursor(document());
+        cursor.setPosition(static_cast<int>(hit.start));
+        cursor.setPosition(static_cast<int>(hit.start + hit.length), QTextCursor::KeepAnchor);
+        g_hits.append(cursor);
+    }
+    applyHits();
+}
+
+void FreeformTextEdit::applyHits()
+{
+    // The last hit is selected as well: on what marks it, the hit's colour must be read, too.
+    QPalette colors = palette();
+    const QPalette usual = QApplication::palette(this);
+    const HitColors hitColors(g_hitColor, colors.color(QPalette::Active, QPalette::Base));
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const bool hasHits = !g_hits.isEmpty();
+        colors.setColor(
+            group, QPalette::Highlight, hasHits ? hitColors.mark : usual.color(group, QPalette::Highlight));
+        colors.setColor(group,
+                        QPalette::HighlightedText,
+                        hasHits ? hitColors.text : usual.color(group, QPalette::HighlightedText));
+    }
+    setPalette(colors);
+    QList<ExtraSelection> shown;
+    for (const QTextCursor &hit : g_hits) {
+        ExtraSelection selection;
+        selection.cursor = hit;
+        selection.format.setForeground(hitColors.text);
+        selection.format.setBackground(hitColors.mark);
+        shown.append(selection);
+    }
+    setExtraSelections(shown);
 }
 
 bool FreeformTextEdit::event(QEvent *event)
@@ -110,6 +153,8 @@ void FreeformTextEdit::applyPaperColor()
         colors.setColor(QPalette::Text, g_paperColor.lightnessF() > 0.45F ? Qt::black : Qt::white);
     }
     setPalette(colors);
+    if (!g_hits.isEmpty())
+        applyHits();
 }
 
 } // namespace tavrin

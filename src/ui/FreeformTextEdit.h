@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "text/TextMatcher.h"
+
 #include <QColor>
 #include <QTextEdit>
 
@@ -25,6 +27,9 @@ public:
     /// The colour behind the text; white, the paper nobody chose, follows the palette.
     void setPaperColor(const QColor &color);
 
+    /// Colours these ranges, and no others, until the text is another one. They are not part of the text.
+    void showHits(const QList<text::Match> &hits, const QColor &color);
+
 Q_SIGNALS:
     /// The person changed the text.
     void edited();
@@ -39,7 +44,10 @@ protected:
 
 private:
     void applyPaperColor();
+    void applyHits();
 
+    QList<QTextCursor> g_hits;
+    QColor g_hitColor;
     QColor g_paperColor;
     bool g_loading = false;
 };
