@@ -3,6 +3,8 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
+#include "io/HtmlExport.h"
+#include "io/RecordFiles.h"
 #include "io/TableExport.h"
 #include "io/TextExport.h"
 
@@ -98,6 +100,33 @@ Result<qsizetype> exportFolderOfRichTexts(ExportCall &call)
     return exportRtfdFolder(call.records, *options, call.progress);
 }
 
+Result<qsizetype> exportAsJson(ExportCall &call)
+{
+    if (const Result<> done = exportJson(call.records, call.path, call.progress); !done)
+        return done.error();
+    return call.records.count();
+}
+
+Result<qsizetype> exportAsHtml(ExportCall &call)
+{
+    if (const Result<> done = exportHtml(call.records, call.path, call.progress); !done)
+        return done.error();
+    return call.records.count();
+}
+
+Result<qsizetype> exportFolderOfHtml(ExportCall &call)
+{
+    const Result<FolderExportOptions> options = folderOptions(call);
+    if (!options)
+        return options.error();
+    return exportHtmlFolder(call.records, *options, call.progress);
+}
+
+Result<qsizetype> exportAsMarkdown(ExportCall &call)
+{
+    return exportMarkdown(call.records, call.path, call.arguments.has(u"--force"_s), call.progress);
+}
+
 struct ExportForm
 {
     QLatin1StringView name;
@@ -111,6 +140,10 @@ constexpr std::array exportForms = {
     ExportForm{"rtfd"_L1, exportRichText},
     ExportForm{"text-folder"_L1, exportFolderOfTexts},
     ExportForm{"rtfd-folder"_L1, exportFolderOfRichTexts},
+    ExportForm{"json"_L1, exportAsJson},
+    ExportForm{"html"_L1, exportAsHtml},
+    ExportForm{"html-folder"_L1, exportFolderOfHtml},
+    ExportForm{"markdown"_L1, exportAsMarkdown},
 };
 
 QString formNames()
@@ -153,23 +186,23 @@ ExitStatus runExport(Call &call)
 
 Command exportCommand()
 {
-    return {
-        u"export"_s,
-        formNames() + u" FILE"_s,
-        2,
-        2,
-        Cli::tr("Writes the selected records in another form."),
-        Cli::tr("The folder forms make a folder inside OUT, with one file for each record. What stands at "
-                "OUT is\nreplaced, but a folder only with --force."),
-        {{u"-o"_s, u"OUT"_s, Cli::tr("Where to write.")},
-         {u"--line-end"_s, u"lf|cr|crlf"_s, Cli::tr("How rows end, for csv and tab; lf without this.")},
-         {u"--utf16"_s, {}, Cli::tr("Write UTF-16 instead of UTF-8, for csv and tab.")},
-         {u"--names"_s, {}, Cli::tr("Write the names of the fields first, for csv and tab.")},
-         {u"--fields-only"_s, {}, Cli::tr("Leave the text out, for csv and tab.")},
-         {u"--standard"_s, {}, Cli::tr("Quote as RFC 4180 has it, for csv: nothing is lost.")},
-         {u"--name-field"_s, u"FIELD"_s, Cli::tr("Name the files by this field, for folders.")},
-         {u"--force"_s, {}, Cli::tr("Replace a folder that exists.")}},
-        runExport};
+    return {u"export"_s,
+            formNames() + u" FILE"_s,
+            2,
+            2,
+            Cli::tr("Writes the selected records in another form."),
+            Cli::tr("The folder forms make a folder inside OUT, with one file for each record; markdown\n"
+                    "makes the folder OUT. What stands at "
+                    "OUT is\nreplaced, but a folder only with --force."),
+            {{u"-o"_s, u"OUT"_s, Cli::tr("Where to write.")},
+             {u"--line-end"_s, u"lf|cr|crlf"_s, Cli::tr("How rows end, for csv and tab; lf without this.")},
+             {u"--utf16"_s, {}, Cli::tr("Write UTF-16 instead of UTF-8, for csv and tab.")},
+             {u"--names"_s, {}, Cli::tr("Write the names of the fields first, for csv and tab.")},
+             {u"--fields-only"_s, {}, Cli::tr("Leave the text out, for csv and tab.")},
+             {u"--standard"_s, {}, Cli::tr("Quote as RFC 4180 has it, for csv: nothing is lost.")},
+             {u"--name-field"_s, u"FIELD"_s, Cli::tr("Name the files by this field, for folders.")},
+             {u"--force"_s, {}, Cli::tr("Replace a folder that exists.")}},
+            runExport};
 }
 
 } // namespace tavrin

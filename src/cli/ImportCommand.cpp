@@ -3,6 +3,7 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
+#include "io/FolderFiles.h"
 #include "io/TableImport.h"
 
 #include <QFileInfo>
@@ -50,12 +51,13 @@ char separatorOf(TableKind kind)
 }
 
 /// What the options say; null when they contradict each other.
-QString faultOfOptions(const Arguments &arguments, TableKind kind)
+QString faultOfOptions(const Arguments &arguments, std::optional<TableKind> kind)
 {
     if (arguments.has(u"--delimiter"_s) != (kind == TableKind::Custom))
         return Cli::tr("--delimiter belongs to custom, and custom needs it.");
-    if (kind == TableKind::Custom && arguments.has(u"--standard"_s))
-        return Cli::tr("--standard does not go with custom.");
+    const bool isTable = kind && kind != TableKind::Custom;
+    if (!isTable && arguments.has(u"--standard"_s))
+        return Cli::tr("--standard goes with csv, ssv and tab.");
     return {};
 }
 
@@ -94,15 +96,17 @@ void writeOutcome(Call &call, const ImportOutcome &outcome, const DatafileDocume
         call.output.message(Cli::tr("Values without a field, which were dropped: %1").arg(outcome.dropped));
 }
 
-ExitStatus importIntoNew(Call &call, const ReadTable &table, const ImportOptions &options)
+/// Fills a datafile with what was read.
+using Fill = std::function<Result<ImportOutcome>(DatafileDocument &document)>;
+
+ExitStatus importIntoNew(Call &call, const QStringList &fieldNames, const Fill &fill)
 {
     const QString path = call.arguments.value(u"-o"_s);
     if (const Result<> allowed = mayCreate(call, path); !allowed)
         return call.failed(allowed.error());
     const DatafileKind kind = call.kind().value_or(datafileKindOfPath(path).value_or(DatafileKind::Pro));
-    const auto document = newDatafileForImport(call.services, kind, importedFieldNames(table, options));
-    Progress progress;
-    const Result<ImportOutcome> outcome = importTable(*document, table, options, progress);
+    const auto document = newDatafileForImport(call.services, kind, fieldNames);
+    const Result<ImportOutcome> outcome = fill(*document);
     if (!outcome)
         return call.failed(outcome.error());
     if (const Result<> written = document->writeToURL(path, typeNameOf(kind)); !written)
@@ -111,20 +115,12 @@ ExitStatus importIntoNew(Call &call, const ReadTable &table, const ImportOptions
     return ExitStatus::Done;
 }
 
-ExitStatus
-importIntoExisting(Call &call, const QString &path, const ReadTable &table, const ImportOptions &options)
+ExitStatus importIntoExisting(Call &call, const QString &path, const Fill &fill)
 {
     Result<DatafileEdit> edit = DatafileEdit::open(call, path);
     if (!edit)
         return call.failed(edit.error());
-    const qsizetype fieldCount = edit->document().datafileSettings().fields().size();
-    if (!fitsFieldCount(table, options.kind, fieldCount))
-        return call.failed({Error::Kind::Refused,
-                            Cli::tr("The file has %1 fields in its first row, the datafile has %2.")
-                                .arg(table.incomingFieldCount())
-                                .arg(fieldCount)});
-    Progress progress;
-    const Result<ImportOutcome> outcome = importTable(edit->document(), table, options, progress);
+    const Result<ImportOutcome> outcome = fill(edit->document());
     if (!outcome)
         return call.failed(outcome.error());
     if (const Result<> written = edit->write(); !written)
@@ -133,29 +129,101 @@ importIntoExisting(Call &call, const QString &path, const ReadTable &table, cons
     return ExitStatus::Done;
 }
 
+ExitStatus importInto(Call &call, const QStringList &fieldNames, const Fill &fill)
+{
+    const QString target = targetOption(call.arguments);
+    return target == u"-o" ? importIntoNew(call, fieldNames, fill)
+                           : importIntoExisting(call, call.arguments.value(target), fill);
+}
+
+ExitStatus importTableFile(Call &call, const ImportOptions &options)
+{
+    Progress progress;
+    const Result<TextContent> text = readTextFile(call.arguments.operand(1), {}, progress);
+    if (!text)
+        return call.failed(text.error());
+    const Result<ReadTable> table = readTable(*text, options, std::numeric_limits<qint64>::max(), progress);
+    if (!table)
+        return call.failed(table.error());
+    const auto fill = [&](DatafileDocument &document) -> Result<ImportOutcome> {
+        const qsizetype fieldCount = document.datafileSettings().fields().size();
+        const bool isNew = options.destination == ImportDestination::NewDatafile;
+        if (!isNew && !fitsFieldCount(*table, options.kind, fieldCount))
+            return Error{Error::Kind::Refused,
+                         Cli::tr("The file has %1 fields in its first row, the datafile has %2.")
+                             .arg(table->incomingFieldCount())
+                             .arg(fieldCount),
+                         {}};
+        return importTable(document, *table, options, progress);
+    };
+    return importInto(call, importedFieldNames(*table, options), fill);
+}
+
+ExitStatus importOthers(Call &call, const Result<ReadRecords> &records, ImportDestination destination)
+{
+    if (!records)
+        return call.failed(records.error());
+    const auto fill = [&](DatafileDocument &document) {
+        Progress progress;
+        return importRecords(document, *records, destination, progress);
+    };
+    if (records->skippedCount > 0)
+        call.output.message(Cli::tr("Files passed over: %1").arg(records->skippedCount));
+    return importInto(call, records->fieldNames, fill);
+}
+
+bool isRichText(const QString &path)
+{
+    const QString extension = QFileInfo(path).suffix().toLower();
+    return extension == u"rtf" || extension == u"rtfd";
+}
+
+Result<ReadRecords> readRichText(const QString &path, const QString &delimiter)
+{
+    const Result<richtext::AttributedText> text = readRichTextFile(path);
+    if (!text)
+        return text.error();
+    return cutRichText(*text, delimiter);
+}
+
+Result<ReadRecords> readOthers(const Arguments &arguments)
+{
+    Progress progress;
+    const QString path = arguments.operand(1);
+    if (arguments.operand(0) == u"json") {
+        const Result<TextContent> text = readTextFile(path, {}, progress);
+        if (!text)
+            return text.error();
+        return readJson(text->utf8);
+    }
+    if (arguments.operand(0) == u"markdown")
+        return readMarkdownFolder(path, progress);
+    const FolderImportOptions options{.includingSubfolders = arguments.has(u"--subfolders"_s),
+                                      .includingFileNames = arguments.has(u"--file-names"_s)};
+    return readTextFolder(path, options, progress);
+}
+
 ExitStatus runImport(Call &call)
 {
     const Arguments &arguments = call.arguments;
-    const std::optional<TableKind> kind = kindNamed(arguments.operand(0));
-    if (!kind)
-        return call.wrongUsage(Cli::tr("What is imported is csv, ssv, tab or custom."));
-    if (const QString fault = faultOfOptions(arguments, *kind); !fault.isNull())
+    const QString what = arguments.operand(0);
+    const bool isOther = QStringList{u"json"_s, u"markdown"_s, u"folder"_s}.contains(what);
+    const std::optional<TableKind> kind = kindNamed(what);
+    if (!kind && !isOther)
+        return call.wrongUsage(
+            Cli::tr("What is imported is csv, ssv, tab, custom, json, markdown or folder."));
+    if (const QString fault = faultOfOptions(arguments, kind); !fault.isNull())
         return call.wrongUsage(fault);
     const QString target = targetOption(arguments);
     if (target.isEmpty() || arguments.value(target).isEmpty())
         return call.wrongUsage(
             Cli::tr("Say where the records go: one of -o OUT, --append-to FILE and --merge-into FILE."));
-    Progress progress;
-    const Result<TextContent> text = readTextFile(arguments.operand(1), {}, progress);
-    if (!text)
-        return call.failed(text.error());
-    const ImportOptions options = optionsOf(arguments, *kind, target);
-    const Result<ReadTable> table = readTable(*text, options, std::numeric_limits<qint64>::max(), progress);
-    if (!table)
-        return call.failed(table.error());
-    return options.destination == ImportDestination::NewDatafile
-               ? importIntoNew(call, *table, options)
-               : importIntoExisting(call, arguments.value(target), *table, options);
+    const ImportOptions options = optionsOf(arguments, kind.value_or(TableKind::Csv), target);
+    if (isOther)
+        return importOthers(call, readOthers(arguments), options.destination);
+    if (kind == TableKind::Custom && isRichText(arguments.operand(1)))
+        return importOthers(call, readRichText(arguments.operand(1), options.delimiter), options.destination);
+    return importTableFile(call, options);
 }
 
 } // namespace
@@ -164,19 +232,21 @@ Command importCommand()
 {
     return {
         u"import"_s,
-        u"csv|ssv|tab|custom INPUT"_s,
+        u"csv|ssv|tab|custom|json|markdown|folder INPUT"_s,
         2,
         2,
-        Cli::tr("Makes records of a delimited text file."),
+        Cli::tr("Makes records of a text file, or of a folder of texts."),
         Cli::tr("A line is a row, and quotes go around a value. With --standard values may hold line ends\n"
                 "and any of them may be quoted, as RFC 4180 has it. A custom delimiter cuts the file into\n"
-                "texts."),
+                "texts; so it does with RTF. Of a folder, each text file becomes a record."),
         {{u"-o"_s, u"OUT"_s, Cli::tr("Make a new datafile.")},
          {u"--append-to"_s, u"FILE"_s, Cli::tr("Add the records to this datafile.")},
          {u"--merge-into"_s, u"FILE"_s, Cli::tr("The same, and remove duplicate records.")},
          {u"--names-in-first-record"_s, {}, Cli::tr("The first row holds the names of the fields.")},
          {u"--delimiter"_s, u"TEXT"_s, Cli::tr("What stands between records, for custom.")},
          {u"--standard"_s, {}, Cli::tr("Read quoted values as RFC 4180 has them.")},
+         {u"--file-names"_s, {}, Cli::tr("Put the files' names into the first field, for folder.")},
+         {u"--subfolders"_s, {}, Cli::tr("Read the folders inside, too, for folder.")},
          {u"--force"_s, {}, Cli::tr("Replace OUT when it exists.")}},
         runImport};
 }

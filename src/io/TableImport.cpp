@@ -51,6 +51,26 @@ QStringList completedNames(QStringList names, quint32 width)
     return names;
 }
 
+/// Where values of those names go: into the fields of the names if all are there, else by their order.
+QStringList fieldIdentifiersFor(const QStringList &names, const DatafileSettingsData &settings)
+{
+    QStringList byName;
+    QStringList byOrder;
+    QSet<QString> used;
+    for (const FieldDefinition &field : settings.fields())
+        byOrder.append(field.identifier());
+    for (const QString &name : names) {
+        const auto found = std::ranges::find_if(settings.fields(), [&](const FieldDefinition &field) {
+            return field.name() == name && !used.contains(field.identifier());
+        });
+        if (found == settings.fields().end())
+            return byOrder;
+        used.insert(found->identifier());
+        byName.append(found->identifier());
+    }
+    return byName;
+}
+
 } // namespace
 
 Result<ReadTable>
@@ -175,6 +195,31 @@ Result<ImportOutcome> importTable(DatafileDocument &document,
                          .malformed = table.malformedCount,
                          .dropped = droppedCount(table, mapping),
                          .removed = *removed};
+}
+
+Result<ImportOutcome> importRecords(DatafileDocument &document,
+                                    const ReadRecords &records,
+                                    ImportDestination destination,
+                                    Progress &progress)
+{
+    const DatafileSettingsData &settings = document.datafileSettings();
+    QSet<QString> taken;
+    if (destination != ImportDestination::NewDatafile) {
+        const QStringList identifiers = document.datafileRecords().allIdentifiers();
+        taken = QSet<QString>(identifiers.begin(), identifiers.end());
+    } else if (!records.textName.isEmpty()) {
+        document.datafileSettings().setTextName(records.textName);
+    }
+    const Result<RecordBatch> batch = records.make(
+        fieldIdentifiersFor(records.fieldNames, settings), taken, document.services().environment);
+    if (!batch)
+        return batch.error();
+    if (batch->count() == 0)
+        return nothingImported();
+    const Result<quint64> removed = addToDatafile(document, *batch, destination, progress);
+    if (!removed)
+        return removed.error();
+    return ImportOutcome{.imported = batch->count(), .malformed = 0, .dropped = 0, .removed = *removed};
 }
 
 Error nothingImported()

@@ -6,6 +6,7 @@
 #include "document/DatafileKind.h"
 #include "document/DocumentServices.h"
 #include "io/RecordBatch.h"
+#include "io/RecordFiles.h"
 #include "io/TableReaders.h"
 #include "io/TableRecords.h"
 #include "model/FieldDefinition.h"
@@ -78,6 +79,13 @@ Result<ImportOutcome> importTable(DatafileDocument &document,
                                   const ReadTable &table,
                                   const ImportOptions &options,
                                   Progress &progress);
+
+/// The same of records that were read from files. Values go into the fields of their names or, where not all
+/// names are fields, into the fields in their order; what has no field is dropped.
+Result<ImportOutcome> importRecords(DatafileDocument &document,
+                                    const ReadRecords &records,
+                                    ImportDestination destination,
+                                    Progress &progress);
 
 /// Puts records behind the others and selects all. When the datafile is no new one it is one step of Undo,
 /// with the removal of duplicates that belongs to merging. How many were removed. When it fails (Cancelled),
