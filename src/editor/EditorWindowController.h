@@ -222,6 +222,7 @@ private:
     void markEdited(const QString &identifier);
     void freshenWindowContentSettings() { g_lastHitField = -1; }
 
+    qint64 indexOfTitle(const QString &start) const;
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);

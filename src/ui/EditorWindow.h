@@ -30,11 +30,12 @@ class CellDelegate;
 struct Command;
 class EditorToolbar;
 class EditorToolbarController;
+class FieldWrapping;
 class FormattedTextBanner;
 class FreeformTextEdit;
 class RecordInfoPaletteController;
 class RecordTableView;
-class SpellingMarks;
+class Spelling;
 class TextMarks;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
@@ -59,6 +60,8 @@ public:
 
     /// The palette that all windows share; it outlives the window.
     void setRecordInfoPalette(RecordInfoPaletteController &palette);
+    /// The spelling that all windows share; it outlives the window.
+    void setSpelling(Spelling &spelling);
     /// Where the toolbar's find box comes from, each time that the toolbar is built.
     void setFindBoxSource(std::function<QWidget *(QWidget *parent)> source);
 
@@ -106,6 +109,9 @@ private:
     void build();
     void updateAll();
     void buildTables();
+    void followTables();
+    void updateTableLooks();
+    void hitBasicCell(const QModelIndex &index);
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
@@ -166,8 +172,9 @@ private:
     QActionGroup *g_textScaleActions = nullptr;
     RecordInfoPaletteController *g_recordInfo = nullptr;
     ApplicationMenus &g_menus;
+    FieldWrapping *g_fieldWrapping = nullptr;
     TextMarks *g_textMarks = nullptr;
-    SpellingMarks *g_spelling = nullptr;
+    Spelling *g_spelling = nullptr;
     std::unique_ptr<EditorWindow> g_clone; ///< Goes before its main window.
 };
 
