@@ -27,14 +27,10 @@ void EditorWindowController::reloadClone()
 
 void EditorWindowController::showChangesInClone(const DatafileChange &change)
 {
-    const auto *changed = std::get_if<RecordChanged>(&change);
-    if (changed && changed->identifier == identifierOf(g_currentRecord)) {
-        const QString text = g_currentRecord->textString();
-        if (text != g_view->freeformText())
-            g_view->setFreeformText(text);
-    } else if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change)) {
+    if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
         reloadClone();
-    }
+    else if (g_currentRecord && g_currentRecord->textString() != g_view->freeformText())
+        g_view->setFreeformText(g_currentRecord->textString());
 }
 
 void EditorWindowController::storeForClone()

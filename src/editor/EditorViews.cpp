@@ -60,6 +60,7 @@ void EditorWindowController::setMode(const QString &mode)
     if (toBasic == isBasicView())
         return;
     const EditorFocus focus = g_view->focus();
+    const auto [start, length] = g_view->cellTextSelection();
     updateCurrentRecord();
     const int field = g_tableController->currentField();
     g_tableController->setCurrentField(toBasic ? g_tableController->fieldForListColumn(field)
@@ -73,6 +74,8 @@ void EditorWindowController::setMode(const QString &mode)
     setUpViewForMode();
     g_tableController->reload();
     restoreFocus(focus);
+    if (focus == EditorFocus::Table && start >= 0)
+        g_view->setCellTextSelection(start, length);
     Q_EMIT operationsChanged();
 }
 

@@ -227,6 +227,7 @@ private:
     void insertInViewedRecordList(const RecordData *record);
     void markEdited(const QString &identifier);
 
+    qint64 indexOfTitle(const QString &start) const;
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);

@@ -96,6 +96,15 @@ bool ListTableModel::setData(const QModelIndex &index, const QVariant &value, in
     return true;
 }
 
+bool ListTableModel::dropText(const QModelIndex &index, const QString &text)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    const FieldDefinition &field =
+        g_window.document().datafileSettings().fields().at(g_shownFields.at(index.column()));
+    return g_window.tableController().dropText(g_window.recordAtIndex(index.row()), field.identifier(), text);
+}
+
 void ListTableModel::reset()
 {
     beginResetModel();

@@ -24,6 +24,7 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
             window = window->parentWidget();
         return window;
     })
+    , g_spelling(preferences)
 {}
 
 ApplicationWindows::~ApplicationWindows() = default;
@@ -43,6 +44,7 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
     if (!g_recordInfoPalette)
         g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
     window->setRecordInfoPalette(g_recordInfo);
+    window->setSpelling(g_spelling);
     window->show();
     return window;
 }

@@ -5,6 +5,7 @@
 
 #include "app/DatafileWindow.h"
 #include "editor/RecordInfoPaletteController.h"
+#include "editor/Spelling.h"
 #include "ui/WidgetSheetHost.h"
 #include "ui/WidgetWorkHost.h"
 
@@ -53,6 +54,7 @@ private:
     WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
     RecordInfoPaletteController g_recordInfo;
+    Spelling g_spelling;
     std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
 };

@@ -3,9 +3,11 @@
 
 #include "ui/CellDelegate.h"
 
+#include "editor/BasicTableModel.h"
 #include "editor/CellHits.h"
 #include "editor/EditorTableController.h"
 #include "text/TextMatcher.h"
+#include "ui/CellEditor.h"
 #include "ui/HitColors.h"
 
 #include <QApplication>
@@ -33,39 +35,55 @@ QList<text::Match> hitsIn(const QModelIndex &index)
 
 } // namespace
 
-CellDelegate::CellDelegate(EditorTableController &controller, QObject *parent)
-    : QStyledItemDelegate(parent)
-    , g_controller(controller)
-{}
-
 QWidget *CellDelegate::createEditor(QWidget *parent,
                                     const QStyleOptionViewItem & /*option*/,
                                     const QModelIndex &index) const
 {
-    auto *editor = new QLineEdit(parent);
-    editor->setFrame(false);
+    QWidget *editor = nullptr;
+    if (g_wraps) {
+        auto *area = new WrappedCellEdit(parent);
+        connect(area, &QPlainTextEdit::textChanged, this, [this, area] { typed(area); });
+        editor = area;
+    } else {
+        auto *line = new QLineEdit(parent);
+        line->setFrame(false);
+        connect(line, &QLineEdit::textEdited, this, [this, line] { typed(line); });
+        editor = line;
+    }
     editor->setAutoFillBackground(true);
     editor->setFont(index.data(Qt::FontRole).value<QFont>());
-    connect(editor, &QLineEdit::textEdited, this, &CellDelegate::textEdited);
+    editor->setAccessibleName(accessibleName(index));
     Q_EMIT editingBegan(index);
     return editor;
 }
 
+/// The field's name: in Basic View it stands before the value, in List View over it.
+QString CellDelegate::accessibleName(const QModelIndex &index)
+{
+    const auto *basic = qobject_cast<const BasicTableModel *>(index.model());
+    return basic ? index.siblingAtColumn(BasicTableModel::FieldColumn).data().toString()
+                 : index.model()->headerData(index.column(), Qt::Horizontal).toString();
+}
+
+void CellDelegate::typed(QWidget *editor) const
+{
+    replaceTypedText(editor, EditorTableController::cleanedFieldValue(cellText(editor)));
+    Q_EMIT textEdited();
+}
+
 void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    auto *line = static_cast<QLineEdit *>(editor);
     const QString value = index.data(Qt::EditRole).toString();
     // Called again whenever the model says that the cell changed: what the person is typing stays.
-    if (!line->isModified() && line->text() != value)
-        line->setText(value);
+    if (!isCellTextModified(editor) && cellText(editor) != value)
+        setCellText(editor, value);
 }
 
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *line = static_cast<QLineEdit *>(editor);
     // Looking at a value and leaving it must not change it, not even to its cleaned form.
-    if (line->isModified())
-        model->setData(index, g_controller.cleanedFieldValue(line->text()), Qt::EditRole);
+    if (isCellTextModified(editor))
+        model->setData(index, EditorTableController::cleanedFieldValue(cellText(editor)), Qt::EditRole);
 }
 
 void CellDelegate::paint(QPainter *painter,
@@ -108,23 +126,33 @@ void CellDelegate::paintWithHits(QPainter *painter,
         formats.append({static_cast<int>(hit.start), static_cast<int>(hit.length), format});
     }
     QTextLayout layout(text, option.font);
-    QTextOption oneLine(option.displayAlignment);
-    oneLine.setWrapMode(QTextOption::NoWrap);
-    oneLine.setTextDirection(option.direction);
-    layout.setTextOption(oneLine);
+    QTextOption lines(option.displayAlignment);
+    lines.setWrapMode(g_wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    lines.setTextDirection(option.direction);
+    layout.setTextOption(lines);
     layout.setFormats(formats);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    layout.endLayout();
 
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
     const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
-    const qreal hitEnd = line.cursorToX(formats.constFirst().start + formats.constFirst().length);
-    const qreal shift = qMax(0.0, hitEnd - room.width());
+    layout.beginLayout();
+    qreal height = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        if (g_wraps)
+            line.setLineWidth(room.width());
+        line.setPosition(QPointF(0, height));
+        height += line.height();
+    }
+    layout.endLayout();
+    qreal shift = 0;
+    if (!g_wraps && layout.lineCount() > 0) {
+        const QTextLayout::FormatRange &first = formats.constFirst();
+        shift = qMax(0.0, layout.lineAt(0).cursorToX(first.start + first.length) - room.width());
+    }
     painter->save();
     painter->setClipRect(room);
     painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    layout.draw(painter, QPointF(room.left() - shift, room.center().y() - line.height() / 2 + 1));
+    const qreal top = qMax<qreal>(room.top(), room.center().y() - height / 2 + 1);
+    layout.draw(painter, QPointF(room.left() - shift, top));
     painter->restore();
 }
 

@@ -7,8 +7,6 @@
 
 namespace tavrin {
 
-class EditorTableController;
-
 /// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
 /// puts the old value back.
 class CellDelegate : public QStyledItemDelegate
@@ -16,7 +14,10 @@ class CellDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    CellDelegate(EditorTableController &controller, QObject *parent);
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// Values are edited on several lines where they are long.
+    void setWraps(bool wraps) { g_wraps = wraps; }
 
     QWidget *createEditor(QWidget *parent,
                           const QStyleOptionViewItem &option,
@@ -35,9 +36,11 @@ Q_SIGNALS:
 
 private:
     void paintWithHits(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
+    static QString accessibleName(const QModelIndex &index);
+    void typed(QWidget *editor) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
 
-    EditorTableController &g_controller;
+    bool g_wraps = false;
 };
 
 /// Shows the fields' names: quieter than their values, beside them, never edited.

@@ -6,6 +6,7 @@
 #include "document/DatafileDocument.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorToolbarController.h"
+#include "ui/CellEditor.h"
 #include "ui/DatafileDrop.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
@@ -17,7 +18,6 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -144,6 +144,7 @@ void EditorWindow::updateTitle()
     g_textTitle->setText(g_controller.textName());
     setTextScale(g_controller.textScale());
     updateToolbar();
+    updateTableLooks();
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
     updateStatus();
 }
@@ -215,10 +216,8 @@ void EditorWindow::editTableCell(int row, int column)
 void EditorWindow::resumeTableCell(int row, int column)
 {
     visibleTable().editCell(row, column);
-    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
-        editor->end(false);
-        editor->deselect();
-    }
+    QWidget *editor = QApplication::focusWidget();
+    selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
 }
 
 EditorFocus EditorWindow::focus() const

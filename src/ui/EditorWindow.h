@@ -31,12 +31,13 @@ struct Command;
 class FindBox;
 class EditorToolbar;
 class EditorToolbarController;
+class FieldWrapping;
 class FormattedTextBanner;
 class FreeformTextEdit;
 class RecordInfoPaletteController;
 class RecordTableView;
+class Spelling;
 class WindowFindView;
-class SpellingMarks;
 class TextMarks;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
@@ -61,6 +62,8 @@ public:
 
     /// The palette that all windows share; it outlives the window.
     void setRecordInfoPalette(RecordInfoPaletteController &palette);
+    /// The spelling that all windows share; it outlives the window.
+    void setSpelling(Spelling &spelling);
     /// Where the toolbar's find box comes from, each time that the toolbar is built.
     void setFindBoxSource(std::function<QWidget *(QWidget *parent)> source);
 
@@ -110,6 +113,9 @@ private:
     void build();
     void updateAll();
     void buildTables();
+    void followTables();
+    void updateTableLooks();
+    void hitBasicCell(const QModelIndex &index);
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
@@ -173,8 +179,9 @@ private:
     QActionGroup *g_textScaleActions = nullptr;
     RecordInfoPaletteController *g_recordInfo = nullptr;
     ApplicationMenus &g_menus;
+    FieldWrapping *g_fieldWrapping = nullptr;
     TextMarks *g_textMarks = nullptr;
-    SpellingMarks *g_spelling = nullptr;
+    Spelling *g_spelling = nullptr;
     std::unique_ptr<EditorWindow> g_clone; ///< Goes before its main window.
 };
 

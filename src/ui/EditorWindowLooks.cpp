@@ -6,19 +6,23 @@
 #include "editor/EditorTableController.h"
 #include "editor/EditorToolbarController.h"
 #include "editor/RecordInfoPaletteController.h"
+#include "editor/Spelling.h"
 #include "model/Preferences.h"
+#include "ui/CellEditor.h"
 #include "ui/Commands.h"
 #include "ui/CustomizeToolbarDialog.h"
 #include "ui/EditorToolbar.h"
 #include "ui/EditorWindow.h"
+#include "ui/FieldWrapping.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
+#include "ui/SpellingMarks.h"
+#include "ui/TextMarks.h"
 #include "ui/WindowFrame.h"
 
 #include <QActionGroup>
 #include <QApplication>
-#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QStackedWidget>
@@ -140,6 +144,8 @@ void EditorWindow::doForView(const QString &selector)
         preferences.setObject(!preferences.boolForKey(u"GeneralSpellCheckerOff"_s),
                               u"GeneralSpellCheckerOff"_s);
         updateToolbar();
+    } else if (selector == "updateLineWrapping:"_L1) {
+        g_fieldWrapping->update();
     } else if (selector == "showRecordInfo:"_L1 && g_recordInfo) {
         g_recordInfo->setShown(!g_recordInfo->isShown());
     }
@@ -192,9 +198,8 @@ void EditorWindow::setFreeformTextCursor(const QTextCursor &cursor)
 
 void EditorWindow::insertTyped(const QString &text)
 {
-    if (auto *line = qobject_cast<QLineEdit *>(focusWidget())) {
-        if (!line->isReadOnly())
-            line->insert(text);
+    if (isCellEditor(focusWidget())) {
+        insertInCell(focusWidget(), text);
     } else if (!g_text->isReadOnly()) {
         g_text->insertPlainText(text);
         g_text->ensureCursorVisible();
@@ -203,23 +208,13 @@ void EditorWindow::insertTyped(const QString &text)
 
 std::pair<int, int> EditorWindow::cellTextSelection() const
 {
-    const auto *line = qobject_cast<QLineEdit *>(focusWidget());
-    if (!line || !g_tables->isAncestorOf(line))
-        return {-1, 0};
-    return line->hasSelectedText() ? std::pair(line->selectionStart(), line->selectionLength())
-                                   : std::pair(line->cursorPosition(), 0);
+    return g_tables->isAncestorOf(focusWidget()) ? cellSelection(focusWidget()) : std::pair(-1, 0);
 }
 
 void EditorWindow::setCellTextSelection(int start, int length)
 {
-    auto *line = qobject_cast<QLineEdit *>(focusWidget());
-    if (!line || !g_tables->isAncestorOf(line))
-        return;
-    line->setCursorPosition(start);
-    if (length > 0)
-        line->setSelection(start, length);
-    else
-        line->deselect();
+    if (g_tables->isAncestorOf(focusWidget()))
+        selectInCell(focusWidget(), start, length);
 }
 
 // Record information and the lock.
@@ -257,6 +252,17 @@ void EditorWindow::updateLockButton()
     g_recordLocked->setAccessibleName(state);
 }
 
+// Spelling.
+
+void EditorWindow::setSpelling(Spelling &spelling)
+{
+    g_spelling = &spelling;
+    spelling.prepare();
+    if (!g_textMarks)
+        g_textMarks = new TextMarks(*g_text);
+    new SpellingMarks(*g_text, *g_textMarks, spelling);
+}
+
 // The clone.
 
 void EditorWindow::openClone()
@@ -264,6 +270,8 @@ void EditorWindow::openClone()
     g_clone = std::make_unique<EditorWindow>(CloneOf{*this});
     if (g_recordInfo)
         g_clone->setRecordInfoPalette(*g_recordInfo);
+    if (g_spelling)
+        g_clone->setSpelling(*g_spelling);
     connect(&g_clone->controller(),
             &EditorWindowController::closeAllowed,
             this,

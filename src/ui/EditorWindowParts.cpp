@@ -12,6 +12,7 @@
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
+#include "ui/FieldWrapping.h"
 #include "ui/FindBox.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
@@ -47,15 +48,13 @@ void EditorWindow::buildTables()
     g_basicTable->horizontalHeader()->hide();
     g_basicTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     g_basicTable->horizontalHeader()->setStretchLastSection(true);
-    auto *basicDelegate = new CellDelegate(tables, g_basicTable);
+    auto *basicDelegate = new CellDelegate(g_basicTable);
     g_basicTable->setItemDelegate(basicDelegate);
-    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn,
-                                           new FieldNameDelegate(tables, g_basicTable));
+    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn, new FieldNameDelegate(g_basicTable));
     connect(basicDelegate, &CellDelegate::moved, this, [this](bool forward) { moveInBasicView(forward); });
-    // A click on a field's name edits its value.
-    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, [this](const QModelIndex &index) {
-        g_basicTable->editCell(index.row(), BasicTableModel::ValueColumn);
-    });
+    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, &EditorWindow::hitBasicCell);
+    g_fieldWrapping = new FieldWrapping(tables, *g_basicTable, *basicDelegate);
+    g_fieldWrapping->setParent(this);
     connect(g_basicTable->selectionModel(),
             &QItemSelectionModel::currentRowChanged,
             this,
@@ -67,7 +66,7 @@ void EditorWindow::buildTables()
     g_listTable->setModel(&tables.listTableModel());
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();
-    auto *listDelegate = new CellDelegate(tables, g_listTable);
+    auto *listDelegate = new CellDelegate(g_listTable);
     g_listTable->setItemDelegate(listDelegate);
     connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
     connect(g_listTable, &RecordTableView::uneditableCellClicked, this, [this] { g_text->setFocus(); });
@@ -100,18 +99,7 @@ void EditorWindow::buildTables()
     }
     g_tables->addWidget(g_basicTable);
     g_tables->addWidget(g_listTable);
-}
-
-void EditorWindow::applyColumnWidths()
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_applyingWidths = true;
-    const int height = qRound(tables.listViewRowHeight()) + 6;
-    for (RecordTableView *table : {g_basicTable, g_listTable})
-        table->verticalHeader()->setDefaultSectionSize(height);
-    for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
-        g_listTable->setColumnWidth(column, qRound(tables.columnWidth(column)));
-    g_applyingWidths = false;
+    followTables();
 }
 
 void EditorWindow::buildTextArea()
@@ -239,25 +227,6 @@ void EditorWindow::buildColumnMenu()
     });
 }
 
-void EditorWindow::showColumnMenu(int column, const QPoint &position)
-{
-    if (column < 0)
-        return;
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](const QString &text, bool descending) {
-        menu->addAction(text, &g_controller, [this, column, descending] {
-            g_controller.sorting().sortByColumn(column, descending);
-        });
-    };
-    add(tr("Sort &Ascending"), false);
-    add(tr("Sort &Descending"), true);
-    menu->addSeparator();
-    menu->addAction(actionFor(u"sortByFields:"_s));
-    menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
-    menu->popup(position);
-}
-
 void EditorWindow::buildViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
@@ -321,25 +290,6 @@ void EditorWindow::buildStatusBar()
         g_recordNumberButton->menu()->addAction(actionFor(QString::fromLatin1(selector)));
     g_selectionButton = makeButton(tr("Selection"), tr("How many of the records are selected"));
     addCommands(g_selectionButton->menu(), selectCommands());
-}
-
-void EditorWindow::moveInBasicView(bool forward)
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_basicTable->editCell(tables.fieldAfter(tables.currentField(), forward), BasicTableModel::ValueColumn);
-}
-
-void EditorWindow::moveInListView(bool forward, bool byReturn)
-{
-    const int columns =
-        static_cast<int>(g_controller.tableController().listTableModel().shownFields().size());
-    const QModelIndex index = g_listTable->currentIndex();
-    if (byReturn || columns == 0) {
-        g_listTable->setFocus();
-        return;
-    }
-    const int next = (index.column() + (forward ? 1 : columns - 1)) % columns;
-    g_listTable->editCell(index.row(), next);
 }
 
 void EditorWindow::updateOperations()

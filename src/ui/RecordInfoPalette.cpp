@@ -5,9 +5,11 @@
 
 #include "editor/RecordInfoPaletteController.h"
 
+#include <QApplication>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 
 namespace tavrin {
 
@@ -29,12 +31,26 @@ RecordInfoPalette::RecordInfoPalette(RecordInfoPaletteController &controller, QW
     g_viewed = addRow(tr("Viewed:"));
     g_created = addRow(tr("Created:"));
     g_size = addRow(tr("Size:"));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 38);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     connect(&controller, &RecordInfoPaletteController::changed, this, &RecordInfoPalette::update);
-    connect(&controller, &RecordInfoPaletteController::shownChanged, this, [this] {
-        setVisible(g_controller.isShown());
-    });
+    connect(&controller, &RecordInfoPaletteController::shownChanged, this, &RecordInfoPalette::updateShown);
     update();
+}
+
+/// The first time it comes where it hides nothing of the window in use, if there is room.
+void RecordInfoPalette::updateShown()
+{
+    const QWidget *window = QApplication::activeWindow();
+    if (g_controller.isShown() && !g_placed && window) {
+        constexpr int gap = 12;
+        const QRect frame = window->frameGeometry();
+        const QRect room = window->screen()->availableGeometry();
+        adjustSize();
+        const int left = qMin(frame.right() + gap, room.right() - width() - gap);
+        move(left, qBound(room.top(), frame.top(), room.bottom() - height()));
+        g_placed = true;
+    }
+    setVisible(g_controller.isShown());
 }
 
 QLabel *RecordInfoPalette::addRow(const QString &name)

@@ -27,6 +27,7 @@ protected:
 private:
     QLabel *addRow(const QString &name);
     void update();
+    void updateShown();
 
     RecordInfoPaletteController &g_controller;
     QLabel *g_title;
@@ -34,6 +35,7 @@ private:
     QLabel *g_viewed;
     QLabel *g_created;
     QLabel *g_size;
+    bool g_placed = false;
 };
 
 } // namespace tavrin

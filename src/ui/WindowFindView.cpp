@@ -3,6 +3,7 @@
 
 #include "ui/WindowFindView.h"
 
+#include "ui/CellEditor.h"
 #include "ui/FindBox.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/HitColors.h"
@@ -28,10 +29,10 @@ QTextCursor cursorOn(const QTextEdit &edit, const Match &range)
     return cursor;
 }
 
-/// The line in which a cell of the table is being edited.
-QLineEdit *cellEditor(const RecordTableView &table)
+/// What edits the table's current cell; null when nothing does.
+QWidget *cellEditor(const RecordTableView &table)
 {
-    return table.isEditing() ? qobject_cast<QLineEdit *>(table.indexWidget(table.currentIndex())) : nullptr;
+    return table.isEditing() ? table.indexWidget(table.currentIndex()) : nullptr;
 }
 
 } // namespace
@@ -60,9 +61,12 @@ void WindowFindView::insertInFindBox(const QString &text)
 
 QString WindowFindView::selectedText() const
 {
-    if (const auto *line = qobject_cast<const QLineEdit *>(QApplication::focusWidget());
-        line && line->hasSelectedText())
-        return line->selectedText();
+    const QWidget *focused = QApplication::focusWidget();
+    if (isCellEditor(focused)) {
+        const auto [start, length] = tavrin::cellSelection(focused);
+        if (length > 0)
+            return cellText(focused).sliced(start, length);
+    }
     // A key is a line.
     return g_text.textCursor().selectedText().section(QChar::ParagraphSeparator, 0, 0);
 }
@@ -108,11 +112,11 @@ void WindowFindView::showFreeformHits(const QList<Match> &hits, const QColor &co
 
 std::optional<Match> WindowFindView::cellSelection() const
 {
-    const QLineEdit *editor = cellEditor(g_table());
-    if (!editor)
+    const QWidget *editor = cellEditor(g_table());
+    if (!isCellEditor(editor))
         return {};
-    return editor->hasSelectedText() ? Match{editor->selectionStart(), editor->selectionLength()}
-                                     : Match{editor->cursorPosition(), 0};
+    const auto [start, length] = tavrin::cellSelection(editor);
+    return Match{start, length};
 }
 
 void WindowFindView::showCell(int row, int column)
@@ -133,8 +137,8 @@ void WindowFindView::editCell(int row, int column, const Match &selected)
     showCell(row, column);
     table.setFocus();
     table.editCell(row, column);
-    if (QLineEdit *editor = cellEditor(table))
-        editor->setSelection(static_cast<int>(selected.start), static_cast<int>(selected.length));
+    if (QWidget *editor = cellEditor(table))
+        selectInCell(editor, static_cast<int>(selected.start), static_cast<int>(selected.length));
 }
 
 void WindowFindView::redrawCells()
