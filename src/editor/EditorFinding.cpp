@@ -65,8 +65,12 @@ private:
     SearchStart g_start;
 };
 
-EditorFinding::EditorFinding(EditorWindowController &window, WorkHost &work, const Preferences &preferences)
+EditorFinding::EditorFinding(EditorWindowController &window,
+                             SheetHost &sheets,
+                             WorkHost &work,
+                             const Preferences &preferences)
     : g_window(window)
+    , g_sheets(sheets)
     , g_work(work)
     , g_preferences(preferences)
 {
@@ -101,8 +105,6 @@ SearchStart EditorFinding::startOf(const FindRequest &request) const
 
 void EditorFinding::find(const FindRequest &request, const std::function<void(bool)> &ended)
 {
-    // As many as can be searched before anybody notices.
-    constexpr qint64 fewRecords = 20000;
     if (g_window.nowSyncing())
         return;
     if (request.keys.isEmpty() || !g_window.currentRecord()) {
@@ -113,7 +115,7 @@ void EditorFinding::find(const FindRequest &request, const std::function<void(bo
     g_window.updateCurrentRecord();
     const DatafileDocument &document = g_window.document();
     const SearchStart start = startOf(request);
-    if (request.extent.limitToCurrentRecord || g_window.countSelected() <= fewRecords) {
+    if (request.extent.limitToCurrentRecord || g_window.countSelected() <= g_mostAtOnce) {
         Progress progress;
         const DatafileSearch inDocument(document, request.options, request.fieldsToSearchIn);
         finish(request, search(inDocument, request, start, progress), ended);

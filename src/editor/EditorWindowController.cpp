@@ -66,7 +66,7 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
     , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
     , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
-    , g_search(std::make_unique<EditorSearchController>(*this, work, preferences))
+    , g_search(std::make_unique<EditorSearchController>(*this, sheets, work, preferences))
 {
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
     connect(g_search.get(),

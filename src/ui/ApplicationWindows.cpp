@@ -3,9 +3,11 @@
 
 #include "ui/ApplicationWindows.h"
 
+#include "app/FindAndReplaceController.h"
 #include "app/MainController.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
+#include "ui/FindAndReplacePanel.h"
 #include "ui/StartWindow.h"
 
 #include <QApplication>
@@ -23,6 +25,7 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
             window = window->parentWidget();
         return window;
     })
+    , g_findAndReplace(std::make_unique<FindAndReplaceController>(preferences))
 {}
 
 ApplicationWindows::~ApplicationWindows() = default;
@@ -31,6 +34,10 @@ void ApplicationWindows::setController(MainController &controller)
 {
     g_controller = &controller;
     g_menus = std::make_unique<ApplicationMenus>(controller);
+    connect(g_menus.get(),
+            &ApplicationMenus::findAndReplaceRequested,
+            this,
+            &ApplicationWindows::openFindAndReplaceDialog);
     connect(&controller, &MainController::openDatafilesChanged, this, &ApplicationWindows::updateStartWindow);
 }
 
@@ -39,8 +46,18 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
 {
     auto window = std::make_unique<EditorWindow>(document, g_preferences, *g_menus, firstRecord);
     connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
+    connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
+        g_findAndReplace->setDatafileWindowController(&window->controller());
+    });
     window->show();
     return window;
+}
+
+void ApplicationWindows::openFindAndReplaceDialog()
+{
+    if (!g_findAndReplacePanel)
+        g_findAndReplacePanel = std::make_unique<FindAndReplacePanel>(*g_findAndReplace);
+    g_findAndReplacePanel->openFindAndReplaceDialog();
 }
 
 void ApplicationWindows::updateStartWindow()

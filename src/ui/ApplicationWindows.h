@@ -14,6 +14,8 @@
 namespace tavrin {
 
 class ApplicationMenus;
+class FindAndReplaceController;
+class FindAndReplacePanel;
 class MainController;
 class Preferences;
 class StartWindow;
@@ -45,12 +47,16 @@ public:
     void bringToFront();
 
 private:
+    void openFindAndReplaceDialog();
+
     Preferences &g_preferences;
     MainController *g_controller = nullptr;
     WidgetSheetHost g_sheets;
     WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
     std::unique_ptr<StartWindow> g_startWindow;
+    std::unique_ptr<FindAndReplaceController> g_findAndReplace;
+    std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel; ///< Null until it was asked for.
 };
 
 } // namespace tavrin
