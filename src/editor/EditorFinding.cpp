@@ -3,6 +3,7 @@
 
 #include "editor/EditorFinding.h"
 
+#include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
@@ -251,6 +252,28 @@ void EditorFinding::showHit(const QString &identifier, const RecordHit &hit)
         return;
     const quint32 number = g_window.document().datafileRecords().identifiers().number(identifier);
     showOne({g_window.indexOfCurrentRecord(), number, hit}, false);
+}
+
+void EditorFinding::showLinkedHit(const QString &identifier, const RecordHit &hit)
+{
+    const DatafileDocument &document = g_window.document();
+    if (!document.datafileRecords().contains(identifier)) {
+        showAlert(g_sheets, tr("This record no longer exists."), {});
+        return;
+    }
+    if (document.datafileCatalog().isSelectedIdentifier(identifier)) {
+        showHit(identifier, hit);
+        return;
+    }
+    auto alert = std::make_unique<AlertSheetController>(
+        tr("You have linked to a record that is not currently selected."),
+        tr("Do you want to select it and show it?"),
+        QStringList{tr("OK"), tr("Cancel")});
+    connect(alert.get(), &QVSheetController::finished, this, [this, identifier, hit](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton)
+            showHit(identifier, hit);
+    });
+    g_sheets.begin(std::move(alert));
 }
 
 void EditorFinding::forgetHits()

@@ -63,6 +63,10 @@ public:
     /// Shows a record, selecting it if need be, and the hit in it if that is still there.
     void showHit(const QString &identifier, const RecordHit &hit);
 
+    /// The same for a hit that was found outside the window: an omitted record is asked about first, and of
+    /// one that is gone it is told.
+    void showLinkedHit(const QString &identifier, const RecordHit &hit);
+
     /// Replaces the last hit if it still stands there and is selected. The search then goes on behind what
     /// was put in. False, and no change, otherwise, and in a locked record.
     bool replaceString(const Replacement &replacement);

@@ -5,9 +5,11 @@
 
 #include "app/FindAndReplaceController.h"
 #include "app/MainController.h"
+#include "app/MultiFileFindController.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
 #include "ui/FindAndReplacePanel.h"
+#include "ui/MultiFileFindWindow.h"
 #include "ui/StartWindow.h"
 
 #include <QApplication>
@@ -38,6 +40,10 @@ void ApplicationWindows::setController(MainController &controller)
             &ApplicationMenus::findAndReplaceRequested,
             this,
             &ApplicationWindows::openFindAndReplaceDialog);
+    connect(g_menus.get(),
+            &ApplicationMenus::multiFileFindRequested,
+            this,
+            &ApplicationWindows::openMultiFileFind);
     connect(&controller, &MainController::openDatafilesChanged, this, &ApplicationWindows::updateStartWindow);
 }
 
@@ -58,6 +64,15 @@ void ApplicationWindows::openFindAndReplaceDialog()
     if (!g_findAndReplacePanel)
         g_findAndReplacePanel = std::make_unique<FindAndReplacePanel>(*g_findAndReplace);
     g_findAndReplacePanel->openFindAndReplaceDialog();
+}
+
+void ApplicationWindows::openMultiFileFind()
+{
+    if (!g_multiFileFind) {
+        g_multiFileFind = std::make_unique<MultiFileFindController>(*g_controller);
+        g_multiFileFindWindow = std::make_unique<MultiFileFindWindow>(*g_multiFileFind);
+    }
+    g_multiFileFindWindow->bringToFront();
 }
 
 void ApplicationWindows::updateStartWindow()

@@ -17,6 +17,8 @@ class ApplicationMenus;
 class FindAndReplaceController;
 class FindAndReplacePanel;
 class MainController;
+class MultiFileFindController;
+class MultiFileFindWindow;
 class Preferences;
 class StartWindow;
 
@@ -48,6 +50,7 @@ public:
 
 private:
     void openFindAndReplaceDialog();
+    void openMultiFileFind();
 
     Preferences &g_preferences;
     MainController *g_controller = nullptr;
@@ -56,7 +59,10 @@ private:
     std::unique_ptr<ApplicationMenus> g_menus;
     std::unique_ptr<StartWindow> g_startWindow;
     std::unique_ptr<FindAndReplaceController> g_findAndReplace;
-    std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel; ///< Null until it was asked for.
+    // Windows that are null until they were asked for.
+    std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel;
+    std::unique_ptr<MultiFileFindController> g_multiFileFind;
+    std::unique_ptr<MultiFileFindWindow> g_multiFileFindWindow;
 };
 
 } // namespace tavrin

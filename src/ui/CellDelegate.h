@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "ui/HitDelegate.h"
 
 namespace tavrin {
 
@@ -11,7 +11,7 @@ class EditorTableController;
 
 /// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
 /// puts the old value back.
-class CellDelegate : public QStyledItemDelegate
+class CellDelegate : public HitDelegate
 {
     Q_OBJECT
 
@@ -34,7 +34,6 @@ Q_SIGNALS:
     void moved(bool forward, bool byReturn);
 
 private:
-    void paintWithHits(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
 
     EditorTableController &g_controller;
