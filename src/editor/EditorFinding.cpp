@@ -3,6 +3,7 @@
 
 #include "editor/EditorFinding.h"
 
+#include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
@@ -65,8 +66,12 @@ private:
     SearchStart g_start;
 };
 
-EditorFinding::EditorFinding(EditorWindowController &window, WorkHost &work, const Preferences &preferences)
+EditorFinding::EditorFinding(EditorWindowController &window,
+                             SheetHost &sheets,
+                             WorkHost &work,
+                             const Preferences &preferences)
     : g_window(window)
+    , g_sheets(sheets)
     , g_work(work)
     , g_preferences(preferences)
 {
@@ -101,8 +106,6 @@ SearchStart EditorFinding::startOf(const FindRequest &request) const
 
 void EditorFinding::find(const FindRequest &request, const std::function<void(bool)> &ended)
 {
-    // As many as can be searched before anybody notices.
-    constexpr qint64 fewRecords = 20000;
     if (g_window.nowSyncing())
         return;
     if (request.keys.isEmpty() || !g_window.currentRecord()) {
@@ -113,7 +116,7 @@ void EditorFinding::find(const FindRequest &request, const std::function<void(bo
     g_window.updateCurrentRecord();
     const DatafileDocument &document = g_window.document();
     const SearchStart start = startOf(request);
-    if (request.extent.limitToCurrentRecord || g_window.countSelected() <= fewRecords) {
+    if (request.extent.limitToCurrentRecord || g_window.countSelected() <= g_mostAtOnce) {
         Progress progress;
         const DatafileSearch inDocument(document, request.options, request.fieldsToSearchIn);
         finish(request, search(inDocument, request, start, progress), ended);
@@ -249,6 +252,28 @@ void EditorFinding::showHit(const QString &identifier, const RecordHit &hit)
         return;
     const quint32 number = g_window.document().datafileRecords().identifiers().number(identifier);
     showOne({g_window.indexOfCurrentRecord(), number, hit}, false);
+}
+
+void EditorFinding::showLinkedHit(const QString &identifier, const RecordHit &hit)
+{
+    const DatafileDocument &document = g_window.document();
+    if (!document.datafileRecords().contains(identifier)) {
+        showAlert(g_sheets, tr("This record no longer exists."), {});
+        return;
+    }
+    if (document.datafileCatalog().isSelectedIdentifier(identifier)) {
+        showHit(identifier, hit);
+        return;
+    }
+    auto alert = std::make_unique<AlertSheetController>(
+        tr("You have linked to a record that is not currently selected."),
+        tr("Do you want to select it and show it?"),
+        QStringList{tr("OK"), tr("Cancel")});
+    connect(alert.get(), &QVSheetController::finished, this, [this, identifier, hit](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton)
+            showHit(identifier, hit);
+    });
+    g_sheets.begin(std::move(alert));
 }
 
 void EditorFinding::forgetHits()

@@ -15,6 +15,7 @@ namespace tavrin {
 
 class EditorWindowController;
 class Preferences;
+class SheetHost;
 class WorkHost;
 
 /// What to find, and from where on.
@@ -46,7 +47,10 @@ class EditorFinding : public QObject
     Q_OBJECT
 
 public:
-    EditorFinding(EditorWindowController &window, WorkHost &work, const Preferences &preferences);
+    EditorFinding(EditorWindowController &window,
+                  SheetHost &sheets,
+                  WorkHost &work,
+                  const Preferences &preferences);
     ~EditorFinding() override;
 
     void attachView(FindView &view) { g_view = &view; }
@@ -59,14 +63,17 @@ public:
     /// Shows a record, selecting it if need be, and the hit in it if that is still there.
     void showHit(const QString &identifier, const RecordHit &hit);
 
+    /// The same for a hit that was found outside the window: an omitted record is asked about first, and of
+    /// one that is gone it is told.
+    void showLinkedHit(const QString &identifier, const RecordHit &hit);
+
     /// Replaces the last hit if it still stands there and is selected. The search then goes on behind what
     /// was put in. False, and no change, otherwise, and in a locked record.
     bool replaceString(const Replacement &replacement);
 
-    /// Replaces every occurrence in one undo step, and shows the first of the records unless it is about the
-    /// current one alone. None while the datafile is being synchronized, or when there is no record.
-    std::optional<ReplaceAllOutcome>
-    replaceAll(const Replacement &replacement, qint64 fieldsToSearchIn, bool limitToCurrentRecord);
+    /// Replaces every occurrence in one undo step, shows the first of the records unless it is about the
+    /// current one alone, and says how many there were.
+    void replaceAll(const Replacement &replacement, qint64 fieldsToSearchIn, bool limitToCurrentRecord);
 
     /// What is coloured in a field of the current record.
     QList<text::Match> hitsInField(qint64 field) const;
@@ -75,6 +82,9 @@ public:
     void beepForFailure() const;
 
     void forgetHits();
+
+    /// How many records are searched before the window goes on meanwhile.
+    void setMostAtOnce(qint64 records) { g_mostAtOnce = records; }
 
 private:
     class SearchWork;
@@ -95,12 +105,14 @@ private:
     bool replaceStored(const RecordHit &hit, const Replacement &replacement);
 
     EditorWindowController &g_window;
+    SheetHost &g_sheets;
     WorkHost &g_work;
     const Preferences &g_preferences;
     FindView g_noView;
     FindView *g_view = &g_noView;
     QList<RecordHit> g_fieldHits;        ///< In the current record.
     std::optional<RecordPlace> g_resume; ///< Behind the last replacement.
+    qint64 g_mostAtOnce = 20000;         ///< Nobody notices that.
     quint64 g_changes = 0;               ///< How often the document changed.
 };
 

@@ -3,7 +3,9 @@
 
 // Replacing what was found: the last hit, or all of them.
 
+#include "base/FilledIn.h"
 #include "document/UndoHistory.h"
+#include "editor/AlertSheetController.h"
 #include "editor/EditorFinding.h"
 #include "editor/EditorWindowController.h"
 #include "editor/TextPlaces.h"
@@ -107,11 +109,12 @@ bool EditorFinding::replaceStored(const RecordHit &hit, const Replacement &repla
     return true;
 }
 
-std::optional<ReplaceAllOutcome>
-EditorFinding::replaceAll(const Replacement &replacement, qint64 fieldsToSearchIn, bool limitToCurrentRecord)
+void EditorFinding::replaceAll(const Replacement &replacement,
+                               qint64 fieldsToSearchIn,
+                               bool limitToCurrentRecord)
 {
     if (!g_window.leaveEditing() || !g_window.currentRecord())
-        return {};
+        return;
     ReplaceExtent extent{.fieldsToSearchIn = fieldsToSearchIn, .onlyRecord = {}};
     if (limitToCurrentRecord)
         extent.onlyRecord = g_window.indexOfCurrentRecord();
@@ -122,10 +125,18 @@ EditorFinding::replaceAll(const Replacement &replacement, qint64 fieldsToSearchI
     ReplaceAllOutcome outcome =
         tavrin::replaceAll(document, replacement, extent, UnkeptFormatting::Leave, progress);
     if (outcome.replacements > 0)
-        document.undoHistory().push(std::make_unique<ReplaceChange>(std::exchange(outcome.undo, {})));
+        document.undoHistory().push(std::make_unique<ReplaceChange>(std::move(outcome.undo)));
     g_window.setLastHitField(LastHitField::none);
     g_window.loadCurrentRecord();
-    return outcome;
+    const QString left = outcome.leftRecords.isEmpty()
+                             ? QString()
+                             : filledIn(tr("Records with formatted texts that could not be changed: %lu"),
+                                        {QString::number(outcome.leftRecords.size())});
+    showAlert(g_sheets,
+              outcome.replacements > 0
+                  ? filledIn(tr("Number of changes made: %lu"), {QString::number(outcome.replacements)})
+                  : tr("No changes were made."),
+              left);
 }
 
 } // namespace tavrin

@@ -57,12 +57,13 @@ public:
 } // namespace
 
 EditorSearchController::EditorSearchController(EditorWindowController &window,
+                                               SheetHost &sheets,
                                                WorkHost &work,
                                                Preferences &preferences)
     : g_window(window)
     , g_work(work)
     , g_preferences(preferences)
-    , g_finding(window, work, preferences)
+    , g_finding(window, sheets, work, preferences)
     , g_count(std::make_unique<FindCount>(window.document()))
 {
     connect(g_count.get(), &FindCount::counted, this, &EditorSearchController::counted);

@@ -27,7 +27,10 @@ public:
         bool control = false; ///< Ctrl: leaves the focus where the hit is; on the toggle, the case.
     };
 
-    EditorSearchController(EditorWindowController &window, WorkHost &work, Preferences &preferences);
+    EditorSearchController(EditorWindowController &window,
+                           SheetHost &sheets,
+                           WorkHost &work,
+                           Preferences &preferences);
     ~EditorSearchController() override;
 
     void attachView(FindView &view) { g_finding.attachView(view); }

@@ -86,7 +86,7 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
     g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
     g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
-    g_search = std::make_unique<EditorSearchController>(*this, work, g_preferences);
+    g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
     g_textCommands = std::make_unique<EditorTextCommands>(*this, g_sheets, work);
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
     connect(g_search.get(),

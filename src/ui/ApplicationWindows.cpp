@@ -3,9 +3,13 @@
 
 #include "ui/ApplicationWindows.h"
 
+#include "app/FindAndReplaceController.h"
 #include "app/MainController.h"
+#include "app/MultiFileFindController.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
+#include "ui/FindAndReplacePanel.h"
+#include "ui/MultiFileFindWindow.h"
 #include "ui/RecordInfoPalette.h"
 #include "ui/StartWindow.h"
 
@@ -25,6 +29,7 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
         return window;
     })
     , g_spelling(preferences)
+    , g_findAndReplace(std::make_unique<FindAndReplaceController>(preferences))
 {}
 
 ApplicationWindows::~ApplicationWindows() = default;
@@ -33,6 +38,14 @@ void ApplicationWindows::setController(MainController &controller)
 {
     g_controller = &controller;
     g_menus = std::make_unique<ApplicationMenus>(controller);
+    connect(g_menus.get(),
+            &ApplicationMenus::findAndReplaceRequested,
+            this,
+            &ApplicationWindows::openFindAndReplaceDialog);
+    connect(g_menus.get(),
+            &ApplicationMenus::multiFileFindRequested,
+            this,
+            &ApplicationWindows::openMultiFileFind);
     connect(&controller, &MainController::openDatafilesChanged, this, &ApplicationWindows::updateStartWindow);
 }
 
@@ -45,8 +58,27 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
         g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
     window->setRecordInfoPalette(g_recordInfo);
     window->setSpelling(g_spelling);
+    connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
+        g_findAndReplace->setDatafileWindowController(&window->controller());
+    });
     window->show();
     return window;
+}
+
+void ApplicationWindows::openFindAndReplaceDialog()
+{
+    if (!g_findAndReplacePanel)
+        g_findAndReplacePanel = std::make_unique<FindAndReplacePanel>(*g_findAndReplace);
+    g_findAndReplacePanel->openFindAndReplaceDialog();
+}
+
+void ApplicationWindows::openMultiFileFind()
+{
+    if (!g_multiFileFind) {
+        g_multiFileFind = std::make_unique<MultiFileFindController>(*g_controller);
+        g_multiFileFindWindow = std::make_unique<MultiFileFindWindow>(*g_multiFileFind);
+    }
+    g_multiFileFindWindow->bringToFront();
 }
 
 void ApplicationWindows::updateStartWindow()

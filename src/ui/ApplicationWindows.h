@@ -16,7 +16,11 @@
 namespace tavrin {
 
 class ApplicationMenus;
+class FindAndReplaceController;
+class FindAndReplacePanel;
 class MainController;
+class MultiFileFindController;
+class MultiFileFindWindow;
 class Preferences;
 class RecordInfoPalette;
 class StartWindow;
@@ -48,6 +52,9 @@ public:
     void bringToFront();
 
 private:
+    void openFindAndReplaceDialog();
+    void openMultiFileFind();
+
     Preferences &g_preferences;
     MainController *g_controller = nullptr;
     WidgetSheetHost g_sheets;
@@ -57,6 +64,11 @@ private:
     Spelling g_spelling;
     std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
+    std::unique_ptr<FindAndReplaceController> g_findAndReplace;
+    // Windows that are null until they were asked for.
+    std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel;
+    std::unique_ptr<MultiFileFindController> g_multiFileFind;
+    std::unique_ptr<MultiFileFindWindow> g_multiFileFindWindow;
 };
 
 } // namespace tavrin

@@ -4,36 +4,14 @@
 #include "ui/CellDelegate.h"
 
 #include "editor/BasicTableModel.h"
-#include "editor/CellHits.h"
 #include "editor/EditorTableController.h"
-#include "text/TextMatcher.h"
 #include "ui/CellEditor.h"
-#include "ui/HitColors.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QTextLayout>
-
-#include <utility>
 
 namespace tavrin {
-
-namespace {
-
-/// The hits that still lie within the cell's text.
-QList<text::Match> hitsIn(const QModelIndex &index)
-{
-    auto hits = index.data(CellRole::hitRanges).value<QList<text::Match>>();
-    if (!hits.isEmpty())
-        hits.removeIf([size = index.data().toString().size()](const text::Match &hit) {
-            return hit.start + hit.length > size;
-        });
-    return hits;
-}
-
-} // namespace
 
 QWidget *CellDelegate::createEditor(QWidget *parent,
                                     const QStyleOptionViewItem & /*option*/,
@@ -90,10 +68,7 @@ void CellDelegate::paint(QPainter *painter,
                          const QStyleOptionViewItem &option,
                          const QModelIndex &index) const
 {
-    if (hitsIn(index).isEmpty())
-        QStyledItemDelegate::paint(painter, option, index);
-    else
-        paintWithHits(painter, option, index);
+    HitDelegate::paint(painter, option, index);
     // A hair line under each row, in whatever palette.
     QColor line = option.palette.color(QPalette::Text);
     constexpr float faint = 0.1F;
@@ -102,65 +77,11 @@ void CellDelegate::paint(QPainter *painter,
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 }
 
-/// As other cells, but hits have their colour, and the first of them can be seen.
-void CellDelegate::paintWithHits(QPainter *painter,
-                                 QStyleOptionViewItem option,
-                                 const QModelIndex &index) const
-{
-    initStyleOption(&option, index);
-    const QString text = std::exchange(option.text, {});
-    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
-
-    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const QPalette::ColorGroup group =
-        option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-    // The row may be selected: the mark lifts the hit off its colour, too.
-    const HitColors colors(index.data(CellRole::hitColor).value<QColor>(),
-                           option.palette.color(group, QPalette::Base));
-    QList<QTextLayout::FormatRange> formats;
-    for (const text::Match &hit : hitsIn(index)) {
-        QTextCharFormat format;
-        format.setForeground(colors.text);
-        format.setBackground(colors.mark);
-        formats.append({static_cast<int>(hit.start), static_cast<int>(hit.length), format});
-    }
-    QTextLayout layout(text, option.font);
-    QTextOption lines(option.displayAlignment);
-    lines.setWrapMode(g_wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-    lines.setTextDirection(option.direction);
-    layout.setTextOption(lines);
-    layout.setFormats(formats);
-
-    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
-    const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
-    layout.beginLayout();
-    qreal height = 0;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        if (g_wraps)
-            line.setLineWidth(room.width());
-        line.setPosition(QPointF(0, height));
-        height += line.height();
-    }
-    layout.endLayout();
-    qreal shift = 0;
-    if (!g_wraps && layout.lineCount() > 0) {
-        const QTextLayout::FormatRange &first = formats.constFirst();
-        shift = qMax(0.0, layout.lineAt(0).cursorToX(first.start + first.length) - room.width());
-    }
-    painter->save();
-    painter->setClipRect(room);
-    painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const qreal top = qMax<qreal>(room.top(), room.center().y() - height / 2 + 1);
-    layout.draw(painter, QPointF(room.left() - shift, top));
-    painter->restore();
-}
-
 bool CellDelegate::eventFilter(QObject *object, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(object);
     if (!editor || event->type() != QEvent::KeyPress)
-        return QStyledItemDelegate::eventFilter(object, event);
+        return HitDelegate::eventFilter(object, event);
     switch (static_cast<QKeyEvent *>(event)->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -173,7 +94,7 @@ bool CellDelegate::eventFilter(QObject *object, QEvent *event)
         commitAndMove(editor, false, false);
         return true;
     default:
-        return QStyledItemDelegate::eventFilter(object, event);
+        return HitDelegate::eventFilter(object, event);
     }
 }
 

@@ -3,18 +3,18 @@
 
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "ui/HitDelegate.h"
 
 namespace tavrin {
 
 /// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
 /// puts the old value back.
-class CellDelegate : public QStyledItemDelegate
+class CellDelegate : public HitDelegate
 {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using HitDelegate::HitDelegate;
 
     /// Values are edited on several lines where they are long.
     void setWraps(bool wraps) { g_wraps = wraps; }
@@ -35,7 +35,6 @@ Q_SIGNALS:
     void moved(bool forward, bool byReturn);
 
 private:
-    void paintWithHits(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
     static QString accessibleName(const QModelIndex &index);
     void typed(QWidget *editor) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);

@@ -201,7 +201,7 @@ constexpr std::array findTable{
             "",
             [](Controller &window) { window.search().useSelectionForFind(); }},
     Command{"insertAmpersand:",
-            QT_TRANSLATE_NOOP("Commands", "&Insert && Between Keys"),
+            QT_TRANSLATE_NOOP("Commands", "&Insert &&&& Between Keys"),
             "",
             "",
             [](Controller &window) { window.search().insertAmpersand(); }},
