@@ -72,6 +72,16 @@ bool mayDelete(const EditorWindowController &window)
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
 }
 
+bool mayReorder(const EditorWindowController &window)
+{
+    return window.currentRecord() && !window.haveCurrentSelection();
+}
+
+bool hasRecordWithFields(const EditorWindowController &window)
+{
+    return window.currentRecord() && hasFields(window);
+}
+
 bool mayEditAsPlain(const EditorWindowController &window)
 {
     return window.isFreeformTextFormatted() && !window.currentRecordLocked();
@@ -117,6 +127,40 @@ constexpr std::array actionRules{
     ActionRule{"sortTask:"_L1, hasSortTasks},
     ActionRule{"switchToOmitted:"_L1, hasOmittedRecords},
     ActionRule{"switchView:"_L1, hasFields},
+
+    // Records
+    ActionRule{"addRecordWithPaste:"_L1, always},
+    ActionRule{"addRecordWithPasteAsPlainText:"_L1, always},
+    ActionRule{"addRecordWithToggle:"_L1, always},
+    ActionRule{"addTOC:"_L1, hasRecord},
+    ActionRule{"browseBackups:"_L1, always},
+    ActionRule{"copyRecord:"_L1, hasRecord},
+    ActionRule{"copyRecordWithFieldNames:"_L1, hasRecordWithFields},
+    ActionRule{"deleteAllSelectedRecords:"_L1, hasOmittedRecords},
+    ActionRule{"deleteRecordWithToggle:"_L1, mayDelete},
+    ActionRule{"deleteRecordWithoutWarning:"_L1, mayDelete},
+    ActionRule{"duplicateCurrentRecord:"_L1, hasRecord},
+    ActionRule{"lockAllRecords:"_L1, hasRecord},
+    ActionRule{"makeThisTheFirstRecord:"_L1, mayReorder},
+    ActionRule{"makeThisTheLastRecord:"_L1, mayReorder},
+    ActionRule{"moveAfterRecordNumber:"_L1, mayReorder},
+    ActionRule{"removeDuplicateRecords:"_L1, hasRecord},
+    ActionRule{"revertAllRecordsLockedState:"_L1, hasRecord},
+    ActionRule{"saveCurrentDatafileToBackups:"_L1, hasRecord},
+    ActionRule{"toggleRecordLocked:"_L1, hasRecord},
+    ActionRule{"unlockAllRecords:"_L1, hasRecord},
+
+    // Fields
+    ActionRule{"addFieldWithContent:"_L1, always},
+    ActionRule{"fillEmptyFields:"_L1, hasFields},
+    ActionRule{"modifyFields:"_L1, always},
+    ActionRule{"moveAllFreeformTextIntoFields:"_L1, hasRecordWithFields},
+    ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, hasRecordWithFields},
+    ActionRule{"moveTextElements:"_L1, hasRecordWithFields},
+    ActionRule{"replaceFieldContents:"_L1, hasFields},
+    ActionRule{"setVisible:"_L1, hasFields},
+    ActionRule{"totalFieldContents:"_L1, hasFields},
+    ActionRule{"transferFieldContents:"_L1, hasFields},
 };
 
 } // namespace

@@ -7,7 +7,9 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorFields.h"
 #include "editor/EditorPermission.h"
+#include "editor/EditorRecords.h"
 #include "editor/EditorSaving.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
@@ -62,6 +64,8 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     , g_tableController(std::make_unique<EditorTableController>(*this))
     , g_permission(std::make_unique<EditorPermission>(document, sheets))
     , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
+    , g_records(std::make_unique<EditorRecords>(*this, sheets, work))
+    , g_fields(std::make_unique<EditorFields>(*this, sheets, work))
     , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
     , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
 {

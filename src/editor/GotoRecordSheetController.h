@@ -9,14 +9,20 @@
 
 namespace tavrin {
 
-/// Which record to go to: a number from 1 to the count of selected records.
+/// Which record to go to, or to move one behind: a number from 1 to the count of selected records.
 class GotoRecordSheetController : public QVSheetController
 {
     Q_OBJECT
 
 public:
-    explicit GotoRecordSheetController(qint64 maximum) : g_maximum(maximum) {}
+    enum class Purpose { GoTo, MoveAfter };
 
+    explicit GotoRecordSheetController(qint64 maximum, Purpose purpose = Purpose::GoTo)
+        : g_maximum(maximum)
+        , g_purpose(purpose)
+    {}
+
+    Purpose purpose() const { return g_purpose; }
     qint64 maximum() const { return g_maximum; }
 
     QString entry() const { return g_entry; }
@@ -29,6 +35,7 @@ public:
 
 private:
     qint64 g_maximum;
+    Purpose g_purpose;
     QString g_entry;
 };
 
