@@ -65,6 +65,7 @@ DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare com
         if (isSelected[record])
             g_records.push_back(record);
     });
+    QObject::connect(&document, &DatafileDocument::changed, &g_watch, [this] { g_isStale = true; });
 }
 
 void DuplicateRemoval::run(Progress &progress)

@@ -7,6 +7,7 @@
 #include "document/StoredTexts.h"
 
 #include <QCoreApplication>
+#include <QObject>
 #include <QStringList>
 
 namespace tavrin {
@@ -35,6 +36,8 @@ public:
     void run(Progress &progress);
 
     bool wasCancelled() const { return g_wasCancelled; }
+    /// The document has changed since this was made: what was found may no longer be so.
+    bool isStale() const { return g_isStale; }
     /// Those that are to go, in the order of the records.
     const std::vector<quint32> &duplicates() const { return g_duplicates; }
 
@@ -54,6 +57,8 @@ private:
     std::vector<quint64> g_hashes;  ///< Of those.
     std::vector<quint32> g_duplicates;
     bool g_wasCancelled = false;
+    bool g_isStale = false;
+    QObject g_watch; ///< Hears of the changes of the document.
 };
 
 } // namespace tavrin

@@ -77,6 +77,16 @@ bool mayDelete(const EditorWindowController &window)
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
 }
 
+bool mayReorder(const EditorWindowController &window)
+{
+    return window.currentRecord() && !window.haveCurrentSelection();
+}
+
+bool hasRecordWithFields(const EditorWindowController &window)
+{
+    return window.currentRecord() && hasFields(window);
+}
+
 bool mayEditAsPlain(const EditorWindowController &window)
 {
     return window.isFreeformTextFormatted() && !window.currentRecordLocked();
@@ -182,6 +192,22 @@ constexpr std::array actionRules{
     ActionRule{"toggleFindOptionsLock:"_L1, always},
     ActionRule{"toggleSelectMode:"_L1, mayChangeFindOptions},
     ActionRule{"useSelectionForFind:"_L1, always},
+    // Records and fields.
+    ActionRule{"addRecordWithPaste:"_L1, always},
+    ActionRule{"addRecordWithPasteAsPlainText:"_L1, always},
+    ActionRule{"addRecordWithToggle:"_L1, always},
+    ActionRule{"addTOC:"_L1, hasRecord},
+    ActionRule{"browseBackups:"_L1, always},
+    ActionRule{"copyRecord:"_L1, hasRecord},
+    ActionRule{"duplicateCurrentRecord:"_L1, hasRecord},
+    ActionRule{"lockAllRecords:"_L1, hasRecord},
+    ActionRule{"removeDuplicateRecords:"_L1, hasRecord},
+    ActionRule{"revertAllRecordsLockedState:"_L1, hasRecord},
+    ActionRule{"saveCurrentDatafileToBackups:"_L1, hasRecord},
+    ActionRule{"toggleRecordLocked:"_L1, hasRecord},
+    ActionRule{"unlockAllRecords:"_L1, hasRecord},
+    ActionRule{"modifyFields:"_L1, always},
+    ActionRule{"setVisible:"_L1, hasFields},
     // What the window itself offers.
     ActionRule{"changeAllToDefaultFont:"_L1, hasRecord},
     ActionRule{"changeCurrentRecordToDefaultFont:"_L1, mayChangeFont},

@@ -211,6 +211,7 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
 
 void EditorWindowController::recordWillBeDeleted(const QString &identifier)
 {
+    g_viewedRecordList.remove(identifier);
     if (identifier != identifierOf(g_currentRecord))
         return;
     if (g_view->isTableEditing())
@@ -315,18 +316,36 @@ QString EditorWindowController::redoName() const
 
 void EditorWindowController::undo()
 {
-    if (!leaveEditing())
-        return;
-    g_document.undoHistory().undo();
-    loadCurrentRecord();
+    undoOrRedo(&UndoHistory::undo);
 }
 
 void EditorWindowController::redo()
 {
+    undoOrRedo(&UndoHistory::redo);
+}
+
+/// What is taken back or done again shows: the one record that it is about, if it is one.
+void EditorWindowController::undoOrRedo(void (UndoHistory::*step)())
+{
     if (!leaveEditing())
         return;
-    g_document.undoHistory().redo();
-    loadCurrentRecord();
+    const qint64 index = indexOfCurrentRecord();
+    QString touched;
+    const auto watching =
+        connect(&g_document, &DatafileDocument::changed, this, [&touched](const DatafileChange &change) {
+            if (const auto *added = std::get_if<RecordAdded>(&change))
+                touched = added->identifier;
+            else if (const auto *changed = std::get_if<RecordChanged>(&change))
+                touched = changed->identifier;
+        });
+    (g_document.undoHistory().*step)();
+    disconnect(watching);
+    if (!touched.isEmpty() && touched != currentIdentifier())
+        showRecord(touched);
+    else if (g_currentRecord)
+        loadCurrentRecord();
+    else
+        loadRecordAtIndex(index);
 }
 
 } // namespace tavrin

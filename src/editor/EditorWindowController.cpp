@@ -7,7 +7,9 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorFields.h"
 #include "editor/EditorPermission.h"
+#include "editor/EditorRecords.h"
 #include "editor/EditorSaving.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
@@ -84,6 +86,8 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_tableController = std::make_unique<EditorTableController>(*this);
     g_permission = std::make_unique<EditorPermission>(g_document, g_sheets);
     g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
+    g_records = std::make_unique<EditorRecords>(*this, g_sheets, work);
+    g_fields = std::make_unique<EditorFields>(*this, g_sheets, work);
     g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
     g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
     g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);

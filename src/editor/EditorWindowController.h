@@ -18,13 +18,16 @@
 
 namespace tavrin {
 
+class EditorFields;
 class EditorPermission;
+class EditorRecords;
 class EditorSaving;
 class EditorSearchController;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
 class EditorTextCommands;
+class UndoHistory;
 class WorkHost;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
@@ -56,6 +59,8 @@ public:
     DatafileDocument &document() { return g_document; }
     const DatafileDocument &document() const { return g_document; }
     EditorTableController &tableController() { return *g_tableController; }
+    EditorRecords &records() { return *g_records; }
+    EditorFields &fields() { return *g_fields; }
     EditorSelecting &selecting() { return *g_selecting; }
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
@@ -137,6 +142,17 @@ public:
 
     Preferences &preferences() { return g_preferences; }
     const Preferences &preferences() const { return g_preferences; }
+    // For the commands on records and fields.
+    QString currentIdentifier() const { return identifierOf(g_currentRecord); }
+    /// Nothing was ever put into the current record: it may go without a question.
+    bool currentRecordMayVanish() const;
+    /// A new record, ready to be typed into.
+    void showNewRecord(const QString &identifier);
+    /// The record at the index was deleted: shows the one that followed, or the first.
+    void showAfterDeletion(qint64 index);
+    void pasteIntoFreeformText(bool plain);
+    void focusTable();
+    bool isTableFocused() const;
 
     // What can be undone beside the typing; null names when there is nothing.
     QString undoName() const;
@@ -160,8 +176,8 @@ public:
     /// While it is on, nothing may be done that changes records or leaves the one shown.
     void setEditingNonPrintableRecords(bool editing);
     bool editingNonPrintableRecords() const { return g_editingNonPrintableRecords; }
-    void addRecord();    ///< An empty record behind the current one, shown and ready to be typed into.
-    void deleteRecord(); ///< Asks, then deletes the current record.
+    void addRecord();
+    void deleteRecord();
     void saveDocument();
     void saveDocumentAs();
     void saveCopyAs();
@@ -204,6 +220,8 @@ Q_SIGNALS:
     void closeRefused();
     /// A short line for the status bar, such as "Saved at 12:04".
     void statusMessage(const QString &message);
+    /// Another datafile is to be opened beside this one.
+    void openDatafile(const QString &path);
     /// Save As succeeded in a way that asks for the file to be opened in place of this window.
     void openInPlace(const QString &path);
     void textScaleChanged();
@@ -231,8 +249,7 @@ private:
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);
-    void deleteCurrentRecord();
-    void removeRecord(const QString &identifier, qint64 index);
+    void undoOrRedo(void (UndoHistory::*step)());
     void focusFirstField();
 
     void rememberRecordToOpen();
@@ -263,6 +280,8 @@ private:
     std::unique_ptr<EditorTableController> g_tableController;
     std::unique_ptr<EditorPermission> g_permission;
     std::unique_ptr<EditorSaving> g_saving;
+    std::unique_ptr<EditorRecords> g_records;
+    std::unique_ptr<EditorFields> g_fields;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
     std::unique_ptr<EditorSearchController> g_search;

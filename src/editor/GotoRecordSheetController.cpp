@@ -7,8 +7,9 @@
 
 namespace tavrin {
 
-GotoRecordSheetController::GotoRecordSheetController(qint64 maximum, TitleSearch search)
+GotoRecordSheetController::GotoRecordSheetController(qint64 maximum, Purpose purpose, TitleSearch search)
     : g_maximum(maximum)
+    , g_purpose(purpose)
     , g_search(std::move(search))
 {}
 

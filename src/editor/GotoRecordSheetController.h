@@ -13,16 +13,22 @@
 namespace tavrin {
 
 /// Which record to go to: a number from 1 to the count of selected records, or how a record's title begins.
+/// Or which to move one behind: a number.
 class GotoRecordSheetController : public QVSheetController
 {
     Q_OBJECT
 
 public:
+    enum class Purpose { GoTo, MoveAfter };
+
     /// Finds the first record whose title begins so, counted from 0; -1 when there is none.
     using TitleSearch = std::function<qint64(const QString &start)>;
 
-    explicit GotoRecordSheetController(qint64 maximum, TitleSearch search = {});
+    explicit GotoRecordSheetController(qint64 maximum,
+                                       Purpose purpose = Purpose::GoTo,
+                                       TitleSearch search = {});
 
+    Purpose purpose() const { return g_purpose; }
     qint64 maximum() const { return g_maximum; }
 
     QString entry() const { return g_entry; }
@@ -42,6 +48,7 @@ private:
     std::optional<qint64> number() const;
 
     qint64 g_maximum;
+    Purpose g_purpose;
     TitleSearch g_search;
     qint64 g_found = -1;
     bool g_notFound = false;

@@ -3,12 +3,13 @@
 
 #include "ui/Commands.h"
 
+#include "editor/EditorRecords.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
@@ -20,6 +21,12 @@ namespace {
 using Controller = EditorWindowController;
 
 constexpr Command separator{"", "", "", "", nullptr};
+
+/// Alt, held while a command is chosen, turns its question off.
+bool isToggled()
+{
+    return QGuiApplication::keyboardModifiers().testFlag(Qt::AltModifier);
+}
 
 constexpr std::array fileTable{
     Command{"saveDocument:",
@@ -50,14 +57,98 @@ constexpr std::array recordTable{
             "Ctrl+Shift+N",
             "TB_C_newRecord",
             [](Controller &window) { window.addRecord(); }},
+    Command{"addRecordWithPaste:",
+            QT_TRANSLATE_NOOP("Commands", "New Record with Paste"),
+            "Ctrl+Alt+Shift+V",
+            "",
+            [](Controller &window) { window.records().addRecordWithPaste(); }},
+    Command{"addRecordWithPasteAsPlainText:",
+            QT_TRANSLATE_NOOP("Commands", "New Record with Paste as Plain Text"),
+            "",
+            "",
+            [](Controller &window) { window.records().addRecordWithPasteAsPlainText(); }},
+    Command{"duplicateCurrentRecord:",
+            QT_TRANSLATE_NOOP("Commands", "D&uplicate Record"),
+            "Ctrl+Alt+D",
+            "",
+            [](Controller &window) { window.records().duplicateCurrentRecord(); }},
+    Command{"addTOC:",
+            QT_TRANSLATE_NOOP("Commands", "New Table of Contents"),
+            "",
+            "",
+            [](Controller &window) { window.records().addTOC(); }},
+    separator,
+    Command{"copyRecord:",
+            QT_TRANSLATE_NOOP("Commands", "&Copy Record"),
+            "Ctrl+Shift+C",
+            "",
+            [](Controller &window) { window.records().copyRecord(); }},
+    Command{"copyRecordWithFieldNames:",
+            QT_TRANSLATE_NOOP("Commands", "Copy Record with Field Na&mes"),
+            "",
+            "",
+            [](Controller &window) { window.records().copyRecordWithFieldNames(); }},
+    separator,
     Command{"deleteRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Delete Record…"),
             "Ctrl+Shift+Backspace",
             "TB_C_deleteRecord",
-            [](Controller &window) { window.deleteRecord(); }},
+            [](Controller &window) { window.records().deleteRecordWithToggle(isToggled()); }},
+    Command{"deleteRecordWithoutWarning:",
+            QT_TRANSLATE_NOOP("Commands", "Delete Record without &Warning"),
+            "Ctrl+Alt+Shift+Backspace",
+            "",
+            [](Controller &window) { window.records().deleteRecordWithoutWarning(); }},
+    Command{"deleteAllSelectedRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Delete &All Selected Records…"),
+            "",
+            "",
+            [](Controller &window) { window.records().deleteAllSelectedRecords(); }},
+    Command{"removeDuplicateRecords:",
+            QT_TRANSLATE_NOOP("Commands", "&Remove Duplicate Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().removeDuplicateRecords(); }},
+    separator,
+    Command{"toggleRecordLocked:",
+            QT_TRANSLATE_NOOP("Commands", "Loc&k or Unlock Record"),
+            "Ctrl+Alt+L",
+            "",
+            [](Controller &window) { window.records().toggleRecordLocked(); }},
+    Command{"lockAllRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Lock All Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().lockAllRecords(); }},
+    Command{"unlockAllRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Unlock All Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().unlockAllRecords(); }},
+    Command{"revertAllRecordsLockedState:",
+            QT_TRANSLATE_NOOP("Commands", "Re&vert Locked State"),
+            "",
+            "",
+            [](Controller &window) { window.records().revertAllRecordsLockedState(); }},
+    separator,
+    Command{"makeThisTheFirstRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Make This the First Record"),
+            "",
+            "",
+            [](Controller &window) { window.records().makeThisTheFirstRecord(); }},
+    Command{"makeThisTheLastRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Make This the Last Record"),
+            "",
+            "",
+            [](Controller &window) { window.records().makeThisTheLastRecord(); }},
+    Command{"moveAfterRecordNumber:",
+            QT_TRANSLATE_NOOP("Commands", "Move A&fter Record Number…"),
+            "",
+            "",
+            [](Controller &window) { window.records().moveAfterRecordNumber(); }},
     separator,
     Command{"goToFirstRecord:",
-            QT_TRANSLATE_NOOP("Commands", "&First Record"),
+            QT_TRANSLATE_NOOP("Commands", "F&irst Record"),
             "Ctrl+Home",
             "TB_C_first",
             [](Controller &window) { window.goToFirstRecord(); }},
@@ -271,6 +362,8 @@ const Command *commandForSelector(const QString &selector)
 {
     for (const std::span<const Command> table : {fileCommands(),
                                                  recordCommands(),
+                                                 fieldCommands(),
+                                                 backupCommands(),
                                                  selectCommands(),
                                                  sortCommands(),
                                                  findCommands(),

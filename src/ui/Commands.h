@@ -30,6 +30,8 @@ struct Command
 /// A menu's commands in order; a command without a selector is a separator.
 std::span<const Command> fileCommands();
 std::span<const Command> recordCommands();
+std::span<const Command> fieldCommands();
+std::span<const Command> backupCommands();
 std::span<const Command> selectCommands();
 std::span<const Command> sortCommands();
 std::span<const Command> findCommands();

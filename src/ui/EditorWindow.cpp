@@ -15,6 +15,7 @@
 #include "ui/WindowFrame.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -169,6 +170,16 @@ bool EditorWindow::isFreeformTextModified() const
 void EditorWindow::clearFreeformTextModified()
 {
     g_text->document()->setModified(false);
+}
+
+void EditorWindow::pasteIntoFreeformText(bool plain)
+{
+    if (g_text->isReadOnly())
+        return;
+    if (plain)
+        g_text->insertPlainText(QApplication::clipboard()->text());
+    else
+        g_text->paste();
 }
 
 void EditorWindow::setFreeformTextEditable(bool editable)

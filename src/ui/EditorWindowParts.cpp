@@ -167,12 +167,14 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     QAction *close = file->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(Qt::CTRL | Qt::Key_W);
     addCommands(file, fileCommands());
+    addCommands(file, backupCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 
     buildEditMenu();
     buildViewMenu();
     addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
+    addCommands(menuBar()->addMenu(tr("Fie&lds")), fieldCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
     QMenu *find = menuBar()->addMenu(tr("F&ind"));
