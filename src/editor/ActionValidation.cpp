@@ -3,6 +3,9 @@
 
 // Which commands may run now: the one place that menus, toolbar and shortcuts ask.
 
+#include "editor/EditorFormatting.h"
+#include "editor/EditorFreeformText.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
@@ -72,11 +75,6 @@ bool mayDelete(const EditorWindowController &window)
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
 }
 
-bool mayEditAsPlain(const EditorWindowController &window)
-{
-    return window.isFreeformTextFormatted() && !window.currentRecordLocked();
-}
-
 bool mayGoBack(const EditorWindowController &window)
 {
     return window.viewedRecordList().canGoBack();
@@ -87,11 +85,65 @@ bool mayGoForward(const EditorWindowController &window)
     return window.viewedRecordList().canGoForward();
 }
 
+bool mayFormat(const EditorWindowController &window)
+{
+    return window.formatting().mayFormat();
+}
+
+bool mayFormatTable(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().isInTable();
+}
+
+bool mayInsertTable(const EditorWindowController &window)
+{
+    return mayFormat(window) && !window.formatting().isInTable();
+}
+
+bool mayPasteStyle(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().hasCopiedStyle();
+}
+
+bool mayPasteRuler(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().hasCopiedRuler();
+}
+
+bool hasFormats(const EditorWindowController &window)
+{
+    return window.currentRecord() && window.text().mayHaveFormats();
+}
+
+bool mayActivateLinks(const EditorWindowController &window)
+{
+    return hasFormats(window) && window.isFreeformTextEditable();
+}
+
+bool mayLinkFile(const EditorWindowController &window)
+{
+    const EditorFocus focus = window.view().focus();
+    if (!hasFormats(window) || focus == EditorFocus::Elsewhere)
+        return false;
+    return focus == EditorFocus::Table ? hasFields(window) && !window.currentRecordLocked()
+                                       : window.isFreeformTextEditable();
+}
+
+bool mayRemoveLink(const EditorWindowController &window)
+{
+    const QTextCursor cursor = window.view().freeformCursor();
+    return mayFormat(window) && !cursor.isNull() && cursor.hasSelection();
+}
+
+bool mayOpenLink(const EditorWindowController &window)
+{
+    return window.view().focus() == EditorFocus::FreeformText && !window.links().linkAtCaret().isEmpty();
+}
+
 constexpr std::array actionRules{
     ActionRule{"addRecord:"_L1, always},
     ActionRule{"deleteRecord:"_L1, mayDelete},
     ActionRule{"deselectCurrentRecord:"_L1, hasRecord},
-    ActionRule{"editFreeformTextAsPlain:"_L1, mayEditAsPlain},
     ActionRule{"editSortTasks:"_L1, hasSortTasks},
     ActionRule{"goBackOneRecord:"_L1, mayGoBack},
     ActionRule{"goForwardOneRecord:"_L1, mayGoForward},
@@ -117,6 +169,47 @@ constexpr std::array actionRules{
     ActionRule{"sortTask:"_L1, hasSortTasks},
     ActionRule{"switchToOmitted:"_L1, hasOmittedRecords},
     ActionRule{"switchView:"_L1, hasFields},
+
+    // The freeform text's looks and links.
+    ActionRule{"activateLinks:"_L1, mayActivateLinks},
+    ActionRule{"addFontTrait:"_L1, mayFormat},
+    ActionRule{"alignCenter:"_L1, mayFormat},
+    ActionRule{"alignJustified:"_L1, mayFormat},
+    ActionRule{"alignLeft:"_L1, mayFormat},
+    ActionRule{"alignRight:"_L1, mayFormat},
+    ActionRule{"clearFormatting:"_L1, mayFormat},
+    ActionRule{"copyFont:"_L1, mayFormat},
+    ActionRule{"copyRecordLink:"_L1, hasRecord},
+    ActionRule{"copyRuler:"_L1, mayFormat},
+    ActionRule{"insertFileLink:"_L1, mayLinkFile},
+    ActionRule{"loosenKerning:"_L1, mayFormat},
+    ActionRule{"lowerBaseline:"_L1, mayFormat},
+    ActionRule{"modifyFont:"_L1, mayFormat},
+    ActionRule{"openLink:"_L1, mayOpenLink},
+    ActionRule{"orderFrontColorPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontFontPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontLinkPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontListPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontSpacingPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontTablePanel:"_L1, mayInsertTable},
+    ActionRule{"pasteFTARuler:"_L1, mayPasteRuler},
+    ActionRule{"pasteFTAStyle:"_L1, mayPasteStyle},
+    ActionRule{"raiseBaseline:"_L1, mayFormat},
+    ActionRule{"removeLink:"_L1, mayRemoveLink},
+    ActionRule{"strikethrough:"_L1, mayFormat},
+    ActionRule{"subscript:"_L1, mayFormat},
+    ActionRule{"superscript:"_L1, mayFormat},
+    ActionRule{"tableColumns:"_L1, mayFormatTable},
+    ActionRule{"tableRows:"_L1, mayFormatTable},
+    ActionRule{"tightenKerning:"_L1, mayFormat},
+    ActionRule{"toggleFreeformRuler:"_L1, hasFormats},
+    ActionRule{"turnOffKerning:"_L1, mayFormat},
+    ActionRule{"turnOffLigatures:"_L1, mayFormat},
+    ActionRule{"underline:"_L1, mayFormat},
+    ActionRule{"unscript:"_L1, mayFormat},
+    ActionRule{"useAllLigatures:"_L1, mayFormat},
+    ActionRule{"useStandardKerning:"_L1, mayFormat},
+    ActionRule{"useStandardLigatures:"_L1, mayFormat},
 };
 
 } // namespace
@@ -126,7 +219,9 @@ bool EditorWindowController::validateAction(const QString &selector) const
     // Synchronizing works on the records itself: nothing of this table may run meanwhile.
     if (g_nowSyncing)
         return false;
-    const auto rule = std::ranges::find(actionRules, selector, &ActionRule::selector);
+    // "addFontTrait:bold" is one of several commands that may run at the same times.
+    const QString name = selector.left(selector.indexOf(u':') + 1);
+    const auto rule = std::ranges::find(actionRules, name, &ActionRule::selector);
     return rule != actionRules.end() && rule->mayRun(*this);
 }
 

@@ -7,6 +7,9 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorFormatting.h"
+#include "editor/EditorFreeformText.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorPermission.h"
 #include "editor/EditorSaving.h"
 #include "editor/EditorSelecting.h"
@@ -64,6 +67,9 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
     , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
     , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
+    , g_text(std::make_unique<EditorFreeformText>(*this))
+    , g_formatting(std::make_unique<EditorFormatting>(*this, sheets))
+    , g_links(std::make_unique<EditorLinks>(*this, sheets))
 {
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
 }
@@ -171,14 +177,9 @@ bool EditorWindowController::currentRecordLocked() const
     return g_currentRecord && g_currentRecord->recordLocked();
 }
 
-bool EditorWindowController::isFreeformTextFormatted() const
-{
-    return g_currentRecord && !g_document.isMobile() && !g_currentRecord->textRTFD().isEmpty();
-}
-
 bool EditorWindowController::isFreeformTextEditable() const
 {
-    return g_tableController->mayEdit() && !isFreeformTextFormatted();
+    return g_tableController->mayEdit() && g_text->isReadable();
 }
 
 QStringList EditorWindowController::recordInfo() const

@@ -16,6 +16,9 @@
 
 namespace tavrin {
 
+class EditorFormatting;
+class EditorFreeformText;
+class EditorLinks;
 class EditorPermission;
 class EditorSaving;
 class EditorSelecting;
@@ -53,6 +56,14 @@ public:
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
 
+    EditorFreeformText &text() { return *g_text; }
+    const EditorFreeformText &text() const { return *g_text; }
+    EditorFormatting &formatting() { return *g_formatting; }
+    const EditorFormatting &formatting() const { return *g_formatting; }
+    EditorLinks &links() { return *g_links; }
+    const EditorLinks &links() const { return *g_links; }
+    EditorView &view() const { return *g_view; }
+
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }
     const RecordData *currentRecord() const { return g_currentRecord; }
@@ -66,9 +77,6 @@ public:
     QFont textFont() const;
     QColor freeformBackgroundColor() const;
     bool currentRecordLocked() const;
-    /// The current record's text is stored with formatting that the window shows as plain characters. It can
-    /// be read; editing it asks for editFreeformTextAsPlain() first, so that no formatting is lost unasked.
-    bool isFreeformTextFormatted() const;
     bool isFreeformTextEditable() const;
     QStringList recordInfo() const;
 
@@ -104,7 +112,6 @@ public:
     // What the person does to the text and the cells, told by the view.
     void textDidChange();
     void cellTextDidChange();
-    void editFreeformTextAsPlain();
     void viewGeometryDidChange(); ///< The window or the divider was moved.
     void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
     void showCurrentRow();        ///< In List View.
@@ -217,6 +224,9 @@ private:
     std::unique_ptr<EditorSaving> g_saving;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
+    std::unique_ptr<EditorFreeformText> g_text;
+    std::unique_ptr<EditorFormatting> g_formatting;
+    std::unique_ptr<EditorLinks> g_links;
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;

@@ -6,6 +6,7 @@
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
+#include "ui/FormatCommands.h"
 
 #include <QCoreApplication>
 
@@ -202,6 +203,10 @@ const Command *commandForSelector(const QString &selector)
     for (const std::span<const Command> table :
          {fileCommands(), recordCommands(), selectCommands(), sortCommands()}) {
         if (const Command *command = find(table, selector))
+            return command;
+    }
+    for (const CommandMenu &menu : formatMenus()) {
+        if (const Command *command = find(menu.commands, selector))
             return command;
     }
     return nullptr;

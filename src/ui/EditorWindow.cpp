@@ -4,9 +4,9 @@
 #include "ui/EditorWindow.h"
 
 #include "document/DatafileDocument.h"
+#include "editor/EditorFreeformText.h"
 #include "editor/EditorTableController.h"
 #include "ui/DatafileDrop.h"
-#include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
 #include "ui/WindowFrame.h"
@@ -91,7 +91,6 @@ void EditorWindow::updateMode()
 
 void EditorWindow::updateRecord()
 {
-    g_banner->setVisible(g_controller.isFreeformTextFormatted());
     updateOperations();
     updateStatus();
 }
@@ -115,38 +114,11 @@ void EditorWindow::updateTitle()
     g_textTitle->setText(g_controller.textName());
     g_text->setFont(g_controller.textFont());
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
+    g_text->setMayHaveFormats(g_controller.text().mayHaveFormats(), g_controller.text().mayHaveImages());
     updateStatus();
 }
 
 // What the controller asks of the widgets.
-
-QString EditorWindow::freeformText() const
-{
-    return g_text->plainCharacters();
-}
-
-void EditorWindow::setFreeformText(const QString &text)
-{
-    g_text->setPlainCharacters(text);
-}
-
-bool EditorWindow::isFreeformTextModified() const
-{
-    return g_text->document()->isModified();
-}
-
-void EditorWindow::clearFreeformTextModified()
-{
-    g_text->document()->setModified(false);
-}
-
-void EditorWindow::setFreeformTextEditable(bool editable)
-{
-    g_text->setReadOnly(!editable);
-    // A text that is only read can still be walked through and copied from by keyboard.
-    if (!editable)
-        g_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-}
 
 RecordTableView &EditorWindow::visibleTable() const
 {
@@ -189,6 +161,12 @@ void EditorWindow::resumeTableCell(int row, int column)
         editor->end(false);
         editor->deselect();
     }
+}
+
+void EditorWindow::insertIntoCell(const QString &text)
+{
+    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+        editor->insert(text);
 }
 
 EditorFocus EditorWindow::focus() const

@@ -26,7 +26,7 @@ namespace tavrin {
 class ApplicationMenus;
 class CellDelegate;
 struct Command;
-class FormattedTextBanner;
+class FreeformRuler;
 class FreeformTextEdit;
 class RecordTableView;
 
@@ -50,7 +50,13 @@ public:
 
     // EditorView
     QString freeformText() const override;
-    void setFreeformText(const QString &text) override;
+    richtext::AttributedText formattedFreeformText() const override;
+    void setFreeformText(const richtext::AttributedText &text,
+                         const richtext::CharacterFormat &plain) override;
+    QTextCursor freeformCursor() const override;
+    void setFreeformCursor(const QTextCursor &cursor) override;
+    void decorateFreeformText(const std::function<void(QTextDocument &)> &change) override;
+    void insertIntoCell(const QString &text) override;
     bool isFreeformTextModified() const override;
     void clearFreeformTextModified() override;
     void setFreeformTextEditable(bool editable) override;
@@ -83,6 +89,7 @@ private:
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
+    void buildFormatMenu();
     void buildViewMenu();
     void buildSortMenu();
     void buildColumnMenu();
@@ -91,6 +98,9 @@ private:
     void buildToolbar();
     void buildStatusBar();
     void followController();
+    void followText();
+    void updateRuler();
+    void updateStates(const QMenu &menu);
     QAction *actionFor(const QString &selector);
     RecordTableView &visibleTable() const;
     void moveInBasicView(bool forward);
@@ -112,7 +122,7 @@ private:
     RecordTableView *g_listTable = nullptr;
     QSplitter *g_splitter = nullptr;
     QLabel *g_textTitle = nullptr;
-    FormattedTextBanner *g_banner = nullptr;
+    FreeformRuler *g_ruler = nullptr;
     FreeformTextEdit *g_text = nullptr;
     QToolButton *g_recordNumberButton = nullptr;
     QToolButton *g_selectionButton = nullptr;

@@ -11,7 +11,7 @@
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
-#include "ui/FormattedTextBanner.h"
+#include "ui/FreeformRuler.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
@@ -116,18 +116,14 @@ void EditorWindow::buildTextArea()
     g_textTitle->setContentsMargins(8, 4, 8, 4);
     g_textTitle->setForegroundRole(QPalette::PlaceholderText);
     layout->addWidget(g_textTitle);
-    g_banner = new FormattedTextBanner(area);
-    g_banner->hide();
-    layout->addWidget(g_banner);
+    g_ruler = new FreeformRuler(area);
+    g_ruler->hide();
+    layout->addWidget(g_ruler);
     g_text = new FreeformTextEdit(area);
     g_text->setObjectName(u"freeformTextView"_s);
     g_textTitle->setBuddy(g_text);
     layout->addWidget(g_text, 1);
-    connect(g_text, &FreeformTextEdit::edited, &g_controller, &EditorWindowController::textDidChange);
-    connect(g_banner,
-            &FormattedTextBanner::editAsPlainRequested,
-            &g_controller,
-            &EditorWindowController::editFreeformTextAsPlain);
+    followText();
 
     constexpr int smallestPane = 21;
     g_splitter = new QSplitter(Qt::Vertical, this);
@@ -176,6 +172,7 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
+    buildFormatMenu();
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());

@@ -14,6 +14,7 @@
 #include "editor/SortFreeformSheetController.h"
 #include "editor/SortTaskNameSheetController.h"
 #include "editor/SortTasksSheetController.h"
+#include "ui/LookDialogs.h"
 #include "ui/NewDatafileDialog.h"
 #include "ui/SelectRecordsDialog.h"
 #include "ui/SortDialogs.h"
@@ -193,6 +194,8 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return new SortTasksDialog(*tasks, parent);
     if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
         return new NewDatafileDialog(*datafile, parent);
+    if (QDialog *look = makeLookDialog(sheet, parent))
+        return look;
     throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");
 }
 
