@@ -47,7 +47,7 @@ ExitStatus runReplace(Call &call)
     if (!outcome.leftRecords.isEmpty())
         return call.failed(
             {Error::Kind::Refused,
-             Cli::tr("The text of some records is formatted, and the formatting would be lost; "
+             Cli::tr("The formatted text of some records cannot be read, and its formatting would be lost; "
                      "--plain-text permits that."),
              outcome.leftRecords.constFirst()});
     // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
@@ -69,11 +69,14 @@ Command replaceCommand()
         3,
         3,
         Cli::tr("Replaces a text in the selected records."),
-        Cli::tr("Every occurrence is replaced, in hidden fields too; locked records stay as they are.\nA "
-                "formatted text is changed only with --plain-text: its formatting, pictures and attachments\n"
-                "are lost."),
+        Cli::tr(
+            "Every occurrence is replaced, in hidden fields too; locked records stay as they are.\nA "
+            "replacement in a formatted text looks like what stood there. A formatted text that cannot be\n"
+            "read is changed only with --plain-text: its formatting, pictures and attachments are lost."),
         searchOptions()
-            + QList<Option>{{u"--plain-text"_s, {}, Cli::tr("Let formatted texts lose their formatting.")}}
+            + QList<Option>{{u"--plain-text"_s,
+                             {},
+                             Cli::tr("Let unreadable formatted texts lose their formatting.")}}
             + writingOptions(),
         runReplace};
 }

@@ -6,6 +6,9 @@
 // The general limits come first, then the rule of the command itself. A command that has none may run while
 // there is one window on the datafile: beside a clone, nothing else may change what both show.
 
+#include "editor/EditorFormatting.h"
+#include "editor/EditorFreeformText.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
@@ -77,21 +80,6 @@ bool mayDelete(const EditorWindowController &window)
     return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
 }
 
-bool mayReorder(const EditorWindowController &window)
-{
-    return window.currentRecord() && !window.haveCurrentSelection();
-}
-
-bool hasRecordWithFields(const EditorWindowController &window)
-{
-    return window.currentRecord() && hasFields(window);
-}
-
-bool mayEditAsPlain(const EditorWindowController &window)
-{
-    return window.isFreeformTextFormatted() && !window.currentRecordLocked();
-}
-
 bool mayGoBack(const EditorWindowController &window)
 {
     return window.viewedRecordList().canGoBack();
@@ -117,12 +105,6 @@ bool isInTable(const EditorWindowController &window)
     return window.view().focus() == EditorFocus::Table;
 }
 
-bool hasTextSelected(const EditorWindowController &window)
-{
-    return window.view().focus() == EditorFocus::FreeformText
-           && window.view().freeformTextCursor().hasSelection();
-}
-
 bool mayWrapFields(const EditorWindowController &window)
 {
     return window.isBasicView() && window.document().datafileSettings().fieldWrapping();
@@ -131,13 +113,6 @@ bool mayWrapFields(const EditorWindowController &window)
 bool entersFindClassically(const EditorWindowController &window)
 {
     return window.document().datafileSettings().findEntryMode() == 0;
-}
-
-bool mayInsertFileLink(const EditorWindowController &window)
-{
-    const EditorFocus focus = window.view().focus();
-    return !window.document().isMobile() && focus != EditorFocus::Elsewhere
-           && (focus == EditorFocus::FreeformText || hasFields(window));
 }
 
 bool mayEditText(const EditorWindowController &window)
@@ -150,11 +125,65 @@ bool mayChangeFont(const EditorWindowController &window)
     return hasRecord(window) && !window.currentRecordLocked();
 }
 
+bool mayFormat(const EditorWindowController &window)
+{
+    return window.formatting().mayFormat();
+}
+
+bool mayFormatTable(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().isInTable();
+}
+
+bool mayInsertTable(const EditorWindowController &window)
+{
+    return mayFormat(window) && !window.formatting().isInTable();
+}
+
+bool mayPasteStyle(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().hasCopiedStyle();
+}
+
+bool mayPasteRuler(const EditorWindowController &window)
+{
+    return mayFormat(window) && window.formatting().hasCopiedRuler();
+}
+
+bool hasFormats(const EditorWindowController &window)
+{
+    return window.currentRecord() && window.text().mayHaveFormats();
+}
+
+bool mayActivateLinks(const EditorWindowController &window)
+{
+    return hasFormats(window) && window.isFreeformTextEditable();
+}
+
+bool mayLinkFile(const EditorWindowController &window)
+{
+    const EditorFocus focus = window.view().focus();
+    if (!hasFormats(window) || focus == EditorFocus::Elsewhere)
+        return false;
+    return focus == EditorFocus::Table ? hasFields(window) && !window.currentRecordLocked()
+                                       : window.isFreeformTextEditable();
+}
+
+bool mayRemoveLink(const EditorWindowController &window)
+{
+    const QTextCursor cursor = window.view().freeformCursor();
+    return mayFormat(window) && !cursor.isNull() && cursor.hasSelection();
+}
+
+bool mayOpenLink(const EditorWindowController &window)
+{
+    return window.view().focus() == EditorFocus::FreeformText && !window.links().linkAtCaret().isEmpty();
+}
+
 constexpr std::array actionRules{
     ActionRule{"addRecord:"_L1, always},
     ActionRule{"deleteRecord:"_L1, mayDelete, true},
     ActionRule{"deselectCurrentRecord:"_L1, hasRecord},
-    ActionRule{"editFreeformTextAsPlain:"_L1, mayEditAsPlain},
     ActionRule{"editSortTasks:"_L1, hasSortTasks},
     ActionRule{"goBackOneRecord:"_L1, mayGoBack, true},
     ActionRule{"goForwardOneRecord:"_L1, mayGoForward, true},
@@ -208,6 +237,44 @@ constexpr std::array actionRules{
     ActionRule{"unlockAllRecords:"_L1, hasRecord},
     ActionRule{"modifyFields:"_L1, always},
     ActionRule{"setVisible:"_L1, hasFields},
+    // The freeform text's looks and links.
+    ActionRule{"activateLinks:"_L1, mayActivateLinks},
+    ActionRule{"addFontTrait:"_L1, mayFormat},
+    ActionRule{"alignCenter:"_L1, mayFormat},
+    ActionRule{"alignJustified:"_L1, mayFormat},
+    ActionRule{"alignLeft:"_L1, mayFormat},
+    ActionRule{"alignRight:"_L1, mayFormat},
+    ActionRule{"clearFormatting:"_L1, mayFormat},
+    ActionRule{"copyFont:"_L1, mayFormat},
+    ActionRule{"copyRecordLink:"_L1, hasRecord},
+    ActionRule{"copyRuler:"_L1, mayFormat},
+    ActionRule{"loosenKerning:"_L1, mayFormat},
+    ActionRule{"lowerBaseline:"_L1, mayFormat},
+    ActionRule{"modifyFont:"_L1, mayFormat},
+    ActionRule{"openLink:"_L1, mayOpenLink},
+    ActionRule{"orderFrontColorPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontFontPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontLinkPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontListPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontSpacingPanel:"_L1, mayFormat},
+    ActionRule{"orderFrontTablePanel:"_L1, mayInsertTable},
+    ActionRule{"pasteFTARuler:"_L1, mayPasteRuler},
+    ActionRule{"pasteFTAStyle:"_L1, mayPasteStyle},
+    ActionRule{"raiseBaseline:"_L1, mayFormat},
+    ActionRule{"strikethrough:"_L1, mayFormat},
+    ActionRule{"subscript:"_L1, mayFormat},
+    ActionRule{"superscript:"_L1, mayFormat},
+    ActionRule{"tableColumns:"_L1, mayFormatTable},
+    ActionRule{"tableRows:"_L1, mayFormatTable},
+    ActionRule{"tightenKerning:"_L1, mayFormat},
+    ActionRule{"toggleFreeformRuler:"_L1, hasFormats},
+    ActionRule{"turnOffKerning:"_L1, mayFormat},
+    ActionRule{"turnOffLigatures:"_L1, mayFormat},
+    ActionRule{"underline:"_L1, mayFormat},
+    ActionRule{"unscript:"_L1, mayFormat},
+    ActionRule{"useAllLigatures:"_L1, mayFormat},
+    ActionRule{"useStandardKerning:"_L1, mayFormat},
+    ActionRule{"useStandardLigatures:"_L1, mayFormat},
     // What the window itself offers.
     ActionRule{"changeAllToDefaultFont:"_L1, hasRecord},
     ActionRule{"changeCurrentRecordToDefaultFont:"_L1, mayChangeFont},
@@ -234,7 +301,7 @@ constexpr std::array actionRules{
     ActionRule{"exportAsFreeformDatafile:"_L1, hasFields, true},
     ActionRule{"exportAsTabDelimited:"_L1, always, true},
     ActionRule{"fillEmptyFields:"_L1, hasFields, true},
-    ActionRule{"insertFileLink:"_L1, mayInsertFileLink, true},
+    ActionRule{"insertFileLink:"_L1, mayLinkFile, true},
     ActionRule{"makeThisTheFirstRecord:"_L1, mayReorder, true},
     ActionRule{"makeThisTheLastRecord:"_L1, mayReorder, true},
     ActionRule{"moveAfterRecordNumber:"_L1, mayReorder, true},
@@ -242,7 +309,7 @@ constexpr std::array actionRules{
     ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, hasFields, true},
     ActionRule{"moveTextElements:"_L1, always, true},
     ActionRule{"printAllListViewRecords:"_L1, hasFields, true},
-    ActionRule{"removeLink:"_L1, hasTextSelected, true},
+    ActionRule{"removeLink:"_L1, mayRemoveLink, true},
     ActionRule{"replaceFieldContents:"_L1, hasFields, true},
     ActionRule{"save:"_L1, permitsSaving, true},
     ActionRule{"synchronizeDatafiles:"_L1, always, true},
@@ -368,7 +435,9 @@ constexpr std::array actionLimits{
 
 bool EditorWindowController::validateAction(const QString &selector) const
 {
-    const auto limit = std::ranges::find(actionLimits, selector, &ActionLimit::selector);
+    // "addFontTrait:bold" is one of several commands that may run at the same times.
+    const QString name = selector.left(selector.indexOf(u':') + 1);
+    const auto limit = std::ranges::find(actionLimits, name, &ActionLimit::selector);
     const unsigned limits = limit == actionLimits.end() ? 0 : limit->limits;
     const auto isLimited = [limits](Limit one) { return (limits & one) != 0; };
     if ((g_editingNonPrintableRecords && isLimited(NotWhileSpecial)) || (isClone() && isLimited(NotInClone)))
@@ -380,7 +449,7 @@ bool EditorWindowController::validateAction(const QString &selector) const
         return false;
     if (g_document.isMobile() && isLimited(NotInMobile))
         return false;
-    const auto rule = std::ranges::find(actionRules, selector, &ActionRule::selector);
+    const auto rule = std::ranges::find(actionRules, name, &ActionRule::selector);
     if (rule == actionRules.end())
         return limit != actionLimits.end() && windowControllerCount() < 2;
     return (rule->besideClone || windowControllerCount() < 2) && rule->mayRun(*this);

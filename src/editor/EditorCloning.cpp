@@ -4,6 +4,7 @@
 // The clone window, which shows what the main window does to the records and does nothing to them itself; and
 // the scale of the texts.
 
+#include "editor/EditorFreeformText.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -27,10 +28,11 @@ void EditorWindowController::reloadClone()
 
 void EditorWindowController::showChangesInClone(const DatafileChange &change)
 {
-    if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
+    const auto *changed = std::get_if<RecordChanged>(&change);
+    if (changed && changed->identifier == currentIdentifier())
+        g_text->show(*g_currentRecord);
+    else if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
         reloadClone();
-    else if (g_currentRecord && g_currentRecord->textString() != g_view->freeformText())
-        g_view->setFreeformText(g_currentRecord->textString());
 }
 
 void EditorWindowController::storeForClone()

@@ -3,8 +3,9 @@
 
 // Showing a record, and taking what the person did to it back into the record.
 
-#include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorFreeformText.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -84,9 +85,11 @@ void EditorWindowController::loadRecord(RecordData *record)
 void EditorWindowController::privateLoadValidatedRecord(RecordData *record)
 {
     saveIfDifferentRecord(record);
-    g_view->setFreeformText(record->textString());
+    g_text->show(*record);
     updateFreeformTextEditability();
     g_tableController->reload();
+    if (settings().automaticallyEnableLinks())
+        g_links->activateFreeformLinks();
     Q_EMIT statusChanged();
     Q_EMIT recordLoaded();
     Q_EMIT operationsChanged();
@@ -97,7 +100,7 @@ void EditorWindowController::showNothing()
 {
     saveIfDifferentRecord(nullptr);
     g_currentRecord = nullptr;
-    g_view->setFreeformText({});
+    g_text->showNothing();
     updateFreeformTextEditability();
     g_tableController->reload();
     Q_EMIT statusChanged();
@@ -181,7 +184,7 @@ void EditorWindowController::storeFreeformText()
 {
     if (!g_view->isFreeformTextModified())
         return;
-    g_document.storeText(identifierOf(g_currentRecord), g_view->freeformText());
+    g_text->store(identifierOf(g_currentRecord));
     g_view->clearFreeformTextModified();
 }
 
@@ -232,30 +235,6 @@ void EditorWindowController::storeFieldValue(const RecordData &record,
     const QString identifier = identifierOf(&record);
     g_document.storeFieldValue(identifier, fieldIdentifier, value);
     markEdited(identifier);
-}
-
-void EditorWindowController::editFreeformTextAsPlain()
-{
-    if (!validateAction(QStringLiteral("editFreeformTextAsPlain:")))
-        return;
-    auto alert = std::make_unique<AlertSheetController>(
-        tr("The text of this record has formatting."),
-        tr("This version shows and edits text without formatting. If you edit it, the formatting and any "
-           "images of this record's text are removed."),
-        QStringList{tr("Edit Plain Text"), tr("Cancel")});
-    alert->setDestructiveButton(0);
-    const QString asked = identifierOf(g_currentRecord);
-    connect(alert.get(), &QVSheetController::finished, this, [this, asked](int returnCode) {
-        if (returnCode != QVSheetController::FirstButton || identifierOf(g_currentRecord) != asked)
-            return;
-        g_currentRecord->setTextRTFD({});
-        markEdited(asked);
-        updateFreeformTextEditability();
-        focusFreeformText();
-        Q_EMIT recordLoaded();
-        Q_EMIT operationsChanged();
-    });
-    g_sheets.begin(std::move(alert));
 }
 
 } // namespace tavrin

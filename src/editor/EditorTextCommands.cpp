@@ -111,7 +111,7 @@ void EditorTextCommands::pasteAsPlainText()
 
 void EditorTextCommands::removeBlankLines()
 {
-    QTextCursor cursor = g_window.view().freeformTextCursor();
+    QTextCursor cursor = g_window.view().freeformCursor();
     if (cursor.isNull() || !g_window.isFreeformTextEditable())
         return;
     const QTextDocument &text = *cursor.document();
@@ -141,7 +141,7 @@ QColor EditorTextCommands::highlighterColor() const
 
 void EditorTextCommands::toggleHighlighter()
 {
-    QTextCursor cursor = g_window.view().freeformTextCursor();
+    QTextCursor cursor = g_window.view().freeformCursor();
     if (cursor.isNull() || !g_window.isFreeformTextEditable())
         return;
     if (!cursor.hasSelection())

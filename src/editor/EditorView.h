@@ -3,9 +3,12 @@
 
 #pragma once
 
+#include "richtext/AttributedText.h"
+
 #include <QString>
 #include <QTextCursor>
 
+#include <functional>
 #include <utility>
 
 namespace tavrin {
@@ -25,8 +28,18 @@ public:
 
     /// The freeform text's plain characters, lines ended by "\n".
     virtual QString freeformText() const = 0;
-    /// Puts in a text, with the caret at its start and nothing to undo.
-    virtual void setFreeformText(const QString &text) = 0;
+    /// The freeform text with its formats.
+    virtual richtext::AttributedText formattedFreeformText() const = 0;
+    /// Puts in a text, with the caret at its start and nothing to undo. An empty one is typed into with
+    /// `plain`.
+    virtual void setFreeformText(const richtext::AttributedText &text,
+                                 const richtext::CharacterFormat &plain) = 0;
+    /// The caret and what is selected in the freeform text; what is done with it is done to the text.
+    virtual QTextCursor freeformCursor() const { return {}; }
+    virtual void setFreeformCursor(const QTextCursor & /*cursor*/) {}
+    /// Lets `change` change how the text looks without this being an edit: there is nothing to undo and no
+    /// mark of a change.
+    virtual void decorateFreeformText(const std::function<void(QTextDocument &)> & /*change*/) {}
     /// The person changed the text since it was put in, or since the mark was last cleared.
     virtual bool isFreeformTextModified() const = 0;
     virtual void clearFreeformTextModified() = 0;
@@ -45,6 +58,9 @@ public:
     /// key adds to what was typed.
     virtual void resumeTableCell(int row, int column) { editTableCell(row, column); }
 
+    /// At the caret of the cell that is being edited.
+    virtual void insertIntoCell(const QString & /*text*/) {}
+
     virtual EditorFocus focus() const = 0;
     virtual void setFocus(EditorFocus focus) = 0;
 
@@ -57,10 +73,6 @@ public:
     virtual double splitHeight() const = 0;
     virtual void setSplitHeight(double height) = 0;
 
-    /// The person's place in the freeform text; null without one.
-    virtual QTextCursor freeformTextCursor() const { return {}; }
-    /// Goes to a place of the freeform text, or selects a part of it.
-    virtual void setFreeformTextCursor(const QTextCursor & /*cursor*/) {}
     /// As if the person had typed it where the caret is: into the cell being edited, else into the text.
     virtual void insertTyped(const QString & /*text*/) {}
     /// Shows the freeform text at that scale; what is stored does not change.

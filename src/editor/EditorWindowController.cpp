@@ -8,6 +8,9 @@
 #include "base/FilledIn.h"
 #include "base/Log.h"
 #include "editor/EditorFields.h"
+#include "editor/EditorFormatting.h"
+#include "editor/EditorFreeformText.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorPermission.h"
 #include "editor/EditorRecords.h"
 #include "editor/EditorSaving.h"
@@ -88,6 +91,9 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
     g_records = std::make_unique<EditorRecords>(*this, g_sheets, work);
     g_fields = std::make_unique<EditorFields>(*this, g_sheets, work);
+    g_text = std::make_unique<EditorFreeformText>(*this);
+    g_formatting = std::make_unique<EditorFormatting>(*this, g_sheets);
+    g_links = std::make_unique<EditorLinks>(*this, g_sheets);
     g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
     g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
     g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
@@ -221,14 +227,9 @@ bool EditorWindowController::currentRecordLocked() const
     return g_currentRecord && g_currentRecord->recordLocked();
 }
 
-bool EditorWindowController::isFreeformTextFormatted() const
-{
-    return g_currentRecord && !g_document.isMobile() && !g_currentRecord->textRTFD().isEmpty();
-}
-
 bool EditorWindowController::isFreeformTextEditable() const
 {
-    return g_tableController->mayEdit() && !isFreeformTextFormatted();
+    return g_tableController->mayEdit() && g_text->isReadable();
 }
 
 QStringList EditorWindowController::recordInfo() const

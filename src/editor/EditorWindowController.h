@@ -19,6 +19,9 @@
 namespace tavrin {
 
 class EditorFields;
+class EditorFormatting;
+class EditorFreeformText;
+class EditorLinks;
 class EditorPermission;
 class EditorRecords;
 class EditorSaving;
@@ -67,12 +70,18 @@ public:
     EditorSearchController &search() { return *g_search; }
     const EditorSearchController &search() const { return *g_search; }
     EditorTextCommands &textCommands() { return *g_textCommands; }
-    const EditorView &view() const { return *g_view; }
-    EditorView &view() { return *g_view; }
 
     bool isClone() const { return g_mainWindow != nullptr; }
     /// Of this datafile: 2 while there is a clone window.
     int windowControllerCount() const { return isClone() || g_cloneWindow ? 2 : 1; }
+
+    EditorFreeformText &text() { return *g_text; }
+    const EditorFreeformText &text() const { return *g_text; }
+    EditorFormatting &formatting() { return *g_formatting; }
+    const EditorFormatting &formatting() const { return *g_formatting; }
+    EditorLinks &links() { return *g_links; }
+    const EditorLinks &links() const { return *g_links; }
+    EditorView &view() const { return *g_view; }
 
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }
@@ -87,9 +96,6 @@ public:
     QFont textFont() const;
     QColor freeformBackgroundColor() const;
     bool currentRecordLocked() const;
-    /// The current record's text is stored with formatting that the window shows as plain characters. It can
-    /// be read; editing it asks for editFreeformTextAsPlain() first, so that no formatting is lost unasked.
-    bool isFreeformTextFormatted() const;
     bool isFreeformTextEditable() const;
     QStringList recordInfo() const; ///< Modified, viewed, created; by whom each; the size.
     int textScaleTag() const { return g_textScaleTag; }
@@ -129,7 +135,6 @@ public:
     // What the person does to the text and the cells, told by the view.
     void textDidChange();
     void cellTextDidChange();
-    void editFreeformTextAsPlain();
     void viewGeometryDidChange(); ///< The window or the divider was moved.
     void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
     void showCurrentRow();        ///< In List View.
@@ -284,6 +289,9 @@ private:
     std::unique_ptr<EditorFields> g_fields;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
+    std::unique_ptr<EditorFreeformText> g_text;
+    std::unique_ptr<EditorFormatting> g_formatting;
+    std::unique_ptr<EditorLinks> g_links;
     std::unique_ptr<EditorSearchController> g_search;
     std::unique_ptr<EditorTextCommands> g_textCommands;
     EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.

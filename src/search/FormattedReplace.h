@@ -20,7 +20,7 @@ struct StoredText
 };
 
 /// The text with those parts of its plain form, which are in order, replaced; what stands around them keeps
-/// its formatting. None when the formatting cannot be kept.
+/// its formatting. None when the formatting cannot be kept: its bytes cannot be read, or are of another text.
 std::optional<StoredText>
 replacedInText(const StoredText &text, std::span<const text::Match> parts, const QString &replacement);
 

@@ -8,6 +8,7 @@
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
+#include "ui/FormatCommands.h"
 
 #include <QGuiApplication>
 
@@ -370,6 +371,10 @@ const Command *commandForSelector(const QString &selector)
                                                  viewCommands(),
                                                  textCommands()}) {
         if (const Command *command = find(table, selector))
+            return command;
+    }
+    for (const CommandMenu &menu : formatMenus()) {
+        if (const Command *command = find(menu.commands, selector))
             return command;
     }
     return nullptr;

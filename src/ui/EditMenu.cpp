@@ -4,6 +4,7 @@
 #include "ui/EditMenu.h"
 
 #include "ui/EditorWindow.h"
+#include "ui/FreeformTextEdit.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,6 +20,12 @@
 namespace tavrin {
 
 namespace {
+
+bool takesFormats(const QWidget *widget)
+{
+    const auto *text = qobject_cast<const QTextEdit *>(widget);
+    return text && text->canPaste();
+}
 
 /// What the focused text allows now, by the name of its slot.
 std::map<QByteArray, bool> allowedIn(const QWidget *widget)
@@ -45,7 +52,7 @@ std::map<QByteArray, bool> allowedIn(const QWidget *widget)
             {"redo", canRedo && writable},
             {"cut", hasSelection && writable},
             {"copy", hasSelection},
-            {"paste", writable && clipboard && clipboard->hasText()},
+            {"paste", writable && clipboard && (clipboard->hasText() || takesFormats(widget))},
             {"selectAll", true}};
 }
 
@@ -61,6 +68,14 @@ EditMenu::EditMenu(EditorWindowController &controller, QWidget *window)
     addCommand(tr("Cu&t"), QKeySequence::Cut, "cut");
     addCommand(tr("&Copy"), QKeySequence::Copy, "copy");
     addCommand(tr("&Paste"), QKeySequence::Paste, "paste");
+    g_pastePlain = addAction(tr("Paste as Plain Te&xt"));
+    g_pastePlain->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_V);
+    connect(g_pastePlain, &QAction::triggered, this, [] {
+        if (auto *text = qobject_cast<FreeformTextEdit *>(QApplication::focusWidget()))
+            text->pasteAsPlainText();
+        else if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+            line->paste();
+    });
     addSeparator();
     addCommand(tr("Select &All"), QKeySequence::SelectAll, "selectAll");
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateCommands);
@@ -105,7 +120,7 @@ void EditMenu::updateCommands()
     };
     for (QAction *action : actions()) {
         // Those without a slot are the window's commands.
-        if (action->data().isValid())
+        if (action->data().isValid() && action != g_pastePlain)
             action->setEnabled(isAllowed(action->data().toByteArray()));
     }
     updateUndo(g_undo, tr("&Undo"), isAllowed("undo"), g_controller.undoName());

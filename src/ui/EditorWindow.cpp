@@ -4,11 +4,11 @@
 #include "ui/EditorWindow.h"
 
 #include "document/DatafileDocument.h"
+#include "editor/EditorFreeformText.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorToolbarController.h"
 #include "ui/CellEditor.h"
 #include "ui/DatafileDrop.h"
-#include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
 #include "ui/WindowFindView.h"
@@ -120,7 +120,6 @@ void EditorWindow::updateMode()
 
 void EditorWindow::updateRecord()
 {
-    g_banner->setVisible(g_controller.isFreeformTextFormatted());
     updateOperations();
     updateStatus();
     updateRecordInfo();
@@ -147,47 +146,20 @@ void EditorWindow::updateTitle()
     updateToolbar();
     updateTableLooks();
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
+    g_text->setMayHaveFormats(g_controller.text().mayHaveFormats(), g_controller.text().mayHaveImages());
     updateStatus();
 }
 
 // What the controller asks of the widgets.
-
-QString EditorWindow::freeformText() const
-{
-    return g_text->plainCharacters();
-}
-
-void EditorWindow::setFreeformText(const QString &text)
-{
-    g_text->setPlainCharacters(text);
-}
-
-bool EditorWindow::isFreeformTextModified() const
-{
-    return g_text->document()->isModified();
-}
-
-void EditorWindow::clearFreeformTextModified()
-{
-    g_text->document()->setModified(false);
-}
 
 void EditorWindow::pasteIntoFreeformText(bool plain)
 {
     if (g_text->isReadOnly())
         return;
     if (plain)
-        g_text->insertPlainText(QApplication::clipboard()->text());
+        g_text->pasteAsPlainText();
     else
         g_text->paste();
-}
-
-void EditorWindow::setFreeformTextEditable(bool editable)
-{
-    g_text->setReadOnly(!editable);
-    // A text that is only read can still be walked through and copied from by keyboard.
-    if (!editable)
-        g_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
 RecordTableView &EditorWindow::visibleTable() const
@@ -229,6 +201,12 @@ void EditorWindow::resumeTableCell(int row, int column)
     visibleTable().editCell(row, column);
     QWidget *editor = QApplication::focusWidget();
     selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
+}
+
+void EditorWindow::insertIntoCell(const QString &text)
+{
+    if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
+        insertInCell(editor, text);
 }
 
 EditorFocus EditorWindow::focus() const

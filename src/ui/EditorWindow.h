@@ -32,13 +32,12 @@ class FindBox;
 class EditorToolbar;
 class EditorToolbarController;
 class FieldWrapping;
-class FormattedTextBanner;
+class FreeformRuler;
 class FreeformTextEdit;
 class RecordInfoPaletteController;
 class RecordTableView;
 class Spelling;
 class WindowFindView;
-class TextMarks;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
 class EditorWindow : public QMainWindow, public DatafileWindow, public EditorView
@@ -73,7 +72,13 @@ public:
 
     // EditorView
     QString freeformText() const override;
-    void setFreeformText(const QString &text) override;
+    richtext::AttributedText formattedFreeformText() const override;
+    void setFreeformText(const richtext::AttributedText &text,
+                         const richtext::CharacterFormat &plain) override;
+    QTextCursor freeformCursor() const override;
+    void setFreeformCursor(const QTextCursor &cursor) override;
+    void decorateFreeformText(const std::function<void(QTextDocument &)> &change) override;
+    void insertIntoCell(const QString &text) override;
     bool isFreeformTextModified() const override;
     void clearFreeformTextModified() override;
     void setFreeformTextEditable(bool editable) override;
@@ -89,8 +94,6 @@ public:
     void setFrame(const QString &frame) override;
     double splitHeight() const override;
     void setSplitHeight(double height) override;
-    QTextCursor freeformTextCursor() const override;
-    void setFreeformTextCursor(const QTextCursor &cursor) override;
     void insertTyped(const QString &text) override;
     void setTextScale(double scale) override;
     std::pair<int, int> cellTextSelection() const override;
@@ -120,6 +123,7 @@ private:
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
+    void buildFormatMenu();
     void buildViewMenu();
     void buildSortMenu();
     void buildFinding();
@@ -140,6 +144,9 @@ private:
     void openClone();
     void closeClone();
     void followController();
+    void followText();
+    void updateRuler();
+    void updateStates(const QMenu &menu);
     QAction *actionFor(const QString &selector);
     RecordTableView &visibleTable() const;
     void moveInBasicView(bool forward);
@@ -163,7 +170,7 @@ private:
     RecordTableView *g_listTable = nullptr;
     QSplitter *g_splitter = nullptr;
     QLabel *g_textTitle = nullptr;
-    FormattedTextBanner *g_banner = nullptr;
+    FreeformRuler *g_ruler = nullptr;
     FreeformTextEdit *g_text = nullptr;
     QToolButton *g_recordNumberButton = nullptr;
     QToolButton *g_selectionButton = nullptr;
@@ -181,7 +188,6 @@ private:
     RecordInfoPaletteController *g_recordInfo = nullptr;
     ApplicationMenus &g_menus;
     FieldWrapping *g_fieldWrapping = nullptr;
-    TextMarks *g_textMarks = nullptr;
     Spelling *g_spelling = nullptr;
     std::unique_ptr<EditorWindow> g_clone; ///< Goes before its main window.
 };

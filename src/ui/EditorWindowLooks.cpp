@@ -18,7 +18,6 @@
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
 #include "ui/SpellingMarks.h"
-#include "ui/TextMarks.h"
 #include "ui/WindowFrame.h"
 
 #include <QActionGroup>
@@ -181,19 +180,8 @@ void EditorWindow::buildTextScaleMenu(QMenu &menu)
 
 void EditorWindow::setTextScale(double scale)
 {
-    QFont font = g_controller.textFont();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    g_text->setFont(font);
-}
-
-QTextCursor EditorWindow::freeformTextCursor() const
-{
-    return g_text->textCursor();
-}
-
-void EditorWindow::setFreeformTextCursor(const QTextCursor &cursor)
-{
-    g_text->setTextCursor(cursor);
+    g_text->setTextScale(scale);
+    updateRuler();
 }
 
 void EditorWindow::insertTyped(const QString &text)
@@ -258,9 +246,7 @@ void EditorWindow::setSpelling(Spelling &spelling)
 {
     g_spelling = &spelling;
     spelling.prepare();
-    if (!g_textMarks)
-        g_textMarks = new TextMarks(*g_text);
-    new SpellingMarks(*g_text, *g_textMarks, spelling);
+    new SpellingMarks(*g_text, g_text->marks(), spelling);
 }
 
 // The clone.

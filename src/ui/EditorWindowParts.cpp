@@ -14,7 +14,7 @@
 #include "ui/EditorWindow.h"
 #include "ui/FieldWrapping.h"
 #include "ui/FindBox.h"
-#include "ui/FormattedTextBanner.h"
+#include "ui/FreeformRuler.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
@@ -112,18 +112,14 @@ void EditorWindow::buildTextArea()
     g_textTitle->setContentsMargins(8, 4, 8, 4);
     g_textTitle->setForegroundRole(QPalette::PlaceholderText);
     layout->addWidget(g_textTitle);
-    g_banner = new FormattedTextBanner(area);
-    g_banner->hide();
-    layout->addWidget(g_banner);
+    g_ruler = new FreeformRuler(area);
+    g_ruler->hide();
+    layout->addWidget(g_ruler);
     g_text = new FreeformTextEdit(area);
     g_text->setObjectName(u"freeformTextView"_s);
     g_textTitle->setBuddy(g_text);
     layout->addWidget(g_text, 1);
-    connect(g_text, &FreeformTextEdit::edited, &g_controller, &EditorWindowController::textDidChange);
-    connect(g_banner,
-            &FormattedTextBanner::editAsPlainRequested,
-            &g_controller,
-            &EditorWindowController::editFreeformTextAsPlain);
+    followText();
 
     constexpr int smallestPane = 21;
     g_splitter = new QSplitter(Qt::Vertical, this);
@@ -177,6 +173,7 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     addCommands(menuBar()->addMenu(tr("Fie&lds")), fieldCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
+    buildFormatMenu();
     QMenu *find = menuBar()->addMenu(tr("F&ind"));
     addCommands(find, findCommands());
     menus.addFindItems(*find);

@@ -3,43 +3,105 @@
 
 #include "ui/FreeformTextEdit.h"
 
+#include "editor/TextBridge.h"
+#include "editor/TextChanging.h"
+#include "editor/TextLists.h"
 #include "ui/DatafileDrop.h"
 #include "ui/HitColors.h"
+#include "ui/LinkColors.h"
+#include "ui/TextClipboard.h"
+#include "ui/TextMarks.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextDocument>
+#include <QTextTable>
 
 namespace tavrin {
 
-FreeformTextEdit::FreeformTextEdit(QWidget *parent) : QTextEdit(parent)
+using namespace richtext;
+
+FreeformTextEdit::FreeformTextEdit(QWidget *parent)
+    : QTextEdit(parent)
+    , g_device(*viewport())
+    , g_linkColors(new LinkColors(*document()))
+    , g_marks(new TextMarks(*this))
 {
-    setAcceptRichText(false);
+    // Every 28 points, where nobody set a tab stop.
+    constexpr double tabDistance = 37;
     setFrameShape(QFrame::NoFrame);
+    setTabStopDistance(tabDistance);
+    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
     document()->setDocumentMargin(8);
+    document()->documentLayout()->setPaintDevice(&g_device);
+    g_attachments.registerAt(*document());
+    applyPaperColor();
     connect(this, &QTextEdit::textChanged, this, [this] {
         if (!g_loading)
             Q_EMIT edited();
     });
 }
 
-QString FreeformTextEdit::plainCharacters() const
+FreeformTextEdit::~FreeformTextEdit()
 {
-    // toPlainText() would turn no-break spaces into spaces and line separators into line ends.
-    QString text = document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, u'\n');
+    // The document goes later than the members here.
+    document()->documentLayout()->setPaintDevice(nullptr);
+    document()->documentLayout()->unregisterHandler(attachmentObject, &g_attachments);
 }
 
-void FreeformTextEdit::setPlainCharacters(const QString &text)
+QString FreeformTextEdit::plainCharacters() const
+{
+    return plainTextOf(*document());
+}
+
+AttributedText FreeformTextEdit::formattedText() const
+{
+    return textOf(*document());
+}
+
+void FreeformTextEdit::setText(const AttributedText &text, const CharacterFormat &plain)
 {
     g_loading = true;
-    setPlainText(text);
-    document()->setModified(false);
-    moveCursor(QTextCursor::Start);
+    tavrin::setText(*document(), text, plain);
+    QTextCursor start(document());
+    // A table may stand before everything else.
+    setTextCursor(start);
+    setCurrentCharFormat(charFormatFor(lookOf(start.charFormat(), plain)));
     verticalScrollBar()->setValue(0);
     g_loading = false;
+}
+
+void FreeformTextEdit::decorate(const std::function<void(QTextDocument &)> &change)
+{
+    const bool wasModified = document()->isModified();
+    g_loading = true;
+    document()->setUndoRedoEnabled(false);
+    change(*document());
+    document()->setUndoRedoEnabled(true);
+    document()->setModified(wasModified);
+    g_loading = false;
+}
+
+void FreeformTextEdit::setMayHaveFormats(bool formats, bool images)
+{
+    g_mayHaveFormats = formats;
+    g_mayHaveImages = images;
+    setAcceptRichText(formats);
+}
+
+void FreeformTextEdit::setTextScale(double scale)
+{
+    if (scale == g_device.scale())
+        return;
+    g_device.setScale(scale);
+    document()->markContentsDirty(0, document()->characterCount());
+    viewport()->update();
 }
 
 void FreeformTextEdit::setPaperColor(const QColor &color)
@@ -89,8 +151,10 @@ void FreeformTextEdit::applyHits()
         selection.format.setBackground(hitColors.mark);
         shown.append(selection);
     }
-    setExtraSelections(shown);
+    g_marks->setMarks(QStringLiteral("found"), shown);
 }
+
+// Keys.
 
 bool FreeformTextEdit::event(QEvent *event)
 {
@@ -114,7 +178,143 @@ void FreeformTextEdit::keyPressEvent(QKeyEvent *event)
         focusNextPrevChild(true);
         return;
     }
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && isReadOnly()) {
+        if (const QString link = lookAt(textCursor()).link; !link.isEmpty())
+            Q_EMIT linkFollowed(link);
+        return;
+    }
+    if (!isReadOnly() && handleStructureKey(*event))
+        return;
+    if (!event->text().isEmpty())
+        leaveLinkAndAttachment();
     QTextEdit::keyPressEvent(event);
+}
+
+void FreeformTextEdit::inputMethodEvent(QInputMethodEvent *event)
+{
+    leaveLinkAndAttachment();
+    QTextEdit::inputMethodEvent(event);
+}
+
+/// What Return, Backspace and Tab do in lists and tables. False: what they do everywhere.
+bool FreeformTextEdit::handleStructureKey(const QKeyEvent &event)
+{
+    QTextCursor cursor = textCursor();
+    const bool isPlain = event.modifiers() == Qt::NoModifier || event.modifiers() == Qt::KeypadModifier;
+    bool handled = false;
+    if (isPlain && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter))
+        handled = splitListItem(cursor);
+    else if (isPlain && event.key() == Qt::Key_Backspace)
+        handled = leaveListAtMarker(cursor);
+    else if (isPlain && event.key() == Qt::Key_Tab)
+        handled = moveInTable(true) || (!cursor.hasSelection() && changeListLevel(cursor, 1));
+    else if (event.key() == Qt::Key_Backtab)
+        handled = moveInTable(false) || changeListLevel(cursor, -1);
+    else
+        return false;
+    if (handled && !cursor.currentTable()) {
+        setTextCursor(cursor);
+        ensureCursorVisible();
+    }
+    return handled;
+}
+
+/// To the next cell; behind the last one, a new row.
+bool FreeformTextEdit::moveInTable(bool forward)
+{
+    QTextTable *table = textCursor().currentTable();
+    if (!table)
+        return false;
+    const QTextTableCell cell = table->cellAt(textCursor());
+    const int number = cell.row() * table->columns() + cell.column() + (forward ? 1 : -1);
+    if (number < 0)
+        return true;
+    if (number >= table->rows() * table->columns())
+        table->appendRows(1);
+    const QTextTableCell next = table->cellAt(number / table->columns(), number % table->columns());
+    setTextCursor(next.firstCursorPosition());
+    return true;
+}
+
+/// What is typed behind a link is no part of it, nor is it a picture behind a picture.
+void FreeformTextEdit::leaveLinkAndAttachment()
+{
+    const QTextCursor cursor = textCursor();
+    if (cursor.hasSelection() || isReadOnly())
+        return;
+    const Look look = lookOf(cursor.charFormat());
+    CharacterFormat typed = *look;
+    typed.attachment.reset();
+    if (!look->link.isEmpty()) {
+        QTextCursor next(cursor);
+        const bool isInside = !cursor.atBlockEnd() && next.movePosition(QTextCursor::NextCharacter)
+                              && lookOf(next.charFormat())->link == look->link;
+        if (!isInside)
+            typed.link.clear();
+    }
+    if (!(typed == *look))
+        setCurrentCharFormat(charFormatFor(Look(typed)));
+}
+
+// Links under the pointer.
+
+void FreeformTextEdit::showPointerAt(const QPoint &position, Qt::KeyboardModifiers modifiers)
+{
+    const bool isLink = (modifiers & Qt::ControlModifier || isReadOnly()) && !anchorAt(position).isEmpty();
+    viewport()->setCursor(isLink ? Qt::PointingHandCursor : Qt::IBeamCursor);
+}
+
+void FreeformTextEdit::mouseMoveEvent(QMouseEvent *event)
+{
+    QTextEdit::mouseMoveEvent(event);
+    showPointerAt(event->position().toPoint(), event->modifiers());
+}
+
+void FreeformTextEdit::mousePressEvent(QMouseEvent *event)
+{
+    const bool follows = event->button() == Qt::LeftButton && event->modifiers() & Qt::ControlModifier;
+    g_pressedLink = follows ? anchorAt(event->position().toPoint()) : QString();
+    QTextEdit::mousePressEvent(event);
+}
+
+void FreeformTextEdit::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTextEdit::mouseReleaseEvent(event);
+    const QString pressed = std::exchange(g_pressedLink, {});
+    if (!pressed.isEmpty() && anchorAt(event->position().toPoint()) == pressed)
+        Q_EMIT linkFollowed(pressed);
+}
+
+void FreeformTextEdit::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu *menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QString link = isByKeyboard ? lookAt(textCursor()).link : anchorAt(event->pos());
+    if (!link.isEmpty()) {
+        auto *open = new QAction(tr("&Open Link"), menu);
+        connect(open, &QAction::triggered, this, [this, link] { Q_EMIT linkFollowed(link); });
+        auto *copy = new QAction(tr("Copy Link Addr&ess"), menu);
+        connect(copy, &QAction::triggered, this, [link] { QApplication::clipboard()->setText(link); });
+        QAction *first = menu->actions().value(0);
+        menu->insertAction(first, open);
+        menu->insertAction(first, copy);
+        menu->insertSeparator(first);
+    }
+    menu->popup(isByKeyboard ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
+}
+
+void FreeformTextEdit::focusInEvent(QFocusEvent *event)
+{
+    QTextEdit::focusInEvent(event);
+    Q_EMIT focusChanged();
+}
+
+void FreeformTextEdit::focusOutEvent(QFocusEvent *event)
+{
+    QTextEdit::focusOutEvent(event);
+    Q_EMIT focusChanged();
 }
 
 void FreeformTextEdit::changeEvent(QEvent *event)
@@ -132,27 +332,80 @@ void FreeformTextEdit::showEvent(QShowEvent *event)
     QMetaObject::invokeMethod(verticalScrollBar(), scrollToStart, Qt::QueuedConnection);
 }
 
+// Copying and pasting.
+
+QMimeData *FreeformTextEdit::createMimeDataFromSelection() const
+{
+    if (g_mayHaveFormats)
+        return mimeDataOfSelection(textCursor()).release();
+    auto *plain = new QMimeData;
+    plain->setText(selectedText(textCursor()).text());
+    return plain;
+}
+
 bool FreeformTextEdit::canInsertFromMimeData(const QMimeData *source) const
 {
     // A datafile that is dropped goes to the window, which opens it.
-    return source->hasText() && droppedDatafiles(*source).isEmpty();
+    return (source->hasText() || hasFormattedText(*source)) && droppedDatafiles(*source).isEmpty();
 }
 
 void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
 {
-    if (source->hasText())
-        insertPlainText(source->text());
+    if (isReadOnly())
+        return;
+    leaveLinkAndAttachment();
+    if (!g_mayHaveFormats) {
+        if (source->hasText())
+            insertPlain(source->text());
+        else
+            Q_EMIT refused(tr("The texts of a Tavrin Mobile datafile cannot hold images."));
+        return;
+    }
+    CharacterFormat base = *lookOf(textCursor().charFormat());
+    base.attachment.reset();
+    auto text = formattedTextOf(*source, base);
+    if (!text) {
+        insertPlain(source->text());
+        return;
+    }
+    if (!g_mayHaveImages && removeAttachments(*text))
+        Q_EMIT refused(tr("This datafile is set to hold no images; they were left out."));
+    QTextCursor cursor = textCursor();
+    insertText(cursor, *text);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void FreeformTextEdit::insertPlain(const QString &text)
+{
+    QTextCursor cursor = textCursor();
+    cursor.insertText(text, currentCharFormat());
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void FreeformTextEdit::pasteAsPlainText()
+{
+    const QMimeData *source = QApplication::clipboard()->mimeData();
+    if (isReadOnly() || !source || !source->hasText())
+        return;
+    leaveLinkAndAttachment();
+    insertPlain(source->text());
 }
 
 void FreeformTextEdit::applyPaperColor()
 {
     QPalette colors = QApplication::palette(this);
     if (g_paperColor.isValid() && g_paperColor != QColor(Qt::white)) {
+        constexpr float middle = 0.45F;
+        const bool isLight = g_paperColor.lightnessF() > middle;
         colors.setColor(QPalette::Base, g_paperColor);
         // Stored text is black unless it says otherwise; only on a dark paper would it vanish.
-        colors.setColor(QPalette::Text, g_paperColor.lightnessF() > 0.45F ? Qt::black : Qt::white);
+        colors.setColor(QPalette::Text, isLight ? Qt::black : Qt::white);
+        colors.setColor(QPalette::Link, isLight ? QColor(0, 0, 200) : QColor(140, 180, 255));
     }
     setPalette(colors);
+    g_linkColors->setColor(colors.color(QPalette::Link));
     if (!g_hits.isEmpty())
         applyHits();
 }

@@ -18,6 +18,7 @@
 #include "editor/SortTasksSheetController.h"
 #include "ui/DialogParts.h"
 #include "ui/FormDialog.h"
+#include "ui/LookDialogs.h"
 #include "ui/ModifyFieldsDialog.h"
 #include "ui/NewDatafileDialog.h"
 #include "ui/SelectRecordsDialog.h"
@@ -210,6 +211,8 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return new ModifyFieldsDialog(*modify, parent);
     if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
         return new NewDatafileDialog(*datafile, parent);
+    if (QDialog *look = makeLookDialog(sheet, parent))
+        return look;
     throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "EditorFixture.h"
+#include "richtext/Rtfd.h"
 
 using namespace tavrin;
 
@@ -15,7 +16,7 @@ private Q_SLOTS:
     void valuesAreCleanedWhenTheRecordIsLeft();
     void aCellIsTakenOverBeforeTheRecordIsLeft();
     void aLockedRecordTakesNoEdits();
-    void formattedTextIsKeptUntilThePersonAgrees();
+    void formattedTextComesAndGoes();
     void aMobileDatafileIgnoresRichText();
     void theRecordOfARowIsEdited();
     void informationAboutARecord_data();
@@ -53,7 +54,7 @@ void EditorEditingTest::typedTextIsStoredWhenTheRecordIsLeft()
 
     const RecordData &record = editor.record(u"r0"_s);
     QCOMPARE(record.textString(), u"typed"_s);
-    QVERIFY(record.textRTFD().isEmpty());
+    QCOMPARE(richtext::readRichText(record.textRTFD())->text(), u"typed"_s);
     QVERIFY(record.needsSync());
     QCOMPARE(record.modifiedDate(), Date{5000});
     QCOMPARE(editor.record(u"r1"_s).textString(), QString());
@@ -102,26 +103,39 @@ void EditorEditingTest::aLockedRecordTakesNoEdits()
     QVERIFY(editor.view.editable);
 }
 
-void EditorEditingTest::formattedTextIsKeptUntilThePersonAgrees()
+void EditorEditingTest::formattedTextComesAndGoes()
 {
+    using namespace richtext;
+    AttributedText bold(u"bold\n"_s);
+    bold.apply(0, 4, [](CharacterFormat &look) { look.bold = true; });
     EditorFixture editor;
-    editor.entries[0] = {u"A"_s, u"bold"_s, "rich"};
+    editor.entries[0] = {u"A"_s, u"bold\n"_s, writeRichText(bold)};
+    editor.entries[1] = {u"B"_s, u"shadow"_s, "unreadable"};
+    editor.settings.insert(u"TextFontName"_s, u"Courier"_s);
     editor.open();
-    QCOMPARE(editor.view.text, u"bold"_s);
-    QVERIFY(!editor.view.editable);
-
-    editor.sheets.answerAlert(1001);
-    editor.window->editFreeformTextAsPlain();
-    QCOMPARE(editor.record(u"r0"_s).textRTFD(), QByteArray("rich"));
-    QVERIFY(!editor.document->isModified());
-
-    editor.sheets.answerAlert(1000);
-    editor.window->editFreeformTextAsPlain();
-    QVERIFY(editor.record(u"r0"_s).textRTFD().isEmpty());
-    QVERIFY(editor.record(u"r0"_s).needsSync());
     QVERIFY(editor.view.editable);
-    QVERIFY(editor.document->isModified());
-    QCOMPARE(editor.record(u"r0"_s).textString(), u"bold"_s);
+    QCOMPARE(editor.view.formatted, bold);
+
+    bold.apply(0, 2, [](CharacterFormat &look) { look.italic = true; });
+    editor.view.formatted = bold;
+    editor.view.type(*editor.window, bold.text());
+    editor.window->goToNextRecord();
+    QCOMPARE(*readRichText(editor.record(u"r0"_s).textRTFD()), bold);
+    QCOMPARE(editor.record(u"r0"_s).textString(), u"bold\n"_s);
+
+    // What cannot be read is not overwritten.
+    QCOMPARE(editor.view.text, u"shadow"_s);
+    QVERIFY(!editor.view.editable);
+    editor.window->goToNextRecord();
+    QCOMPARE(editor.record(u"r1"_s).textRTFD(), QByteArray("unreadable"));
+    QVERIFY(editor.view.editable);
+    QCOMPARE(editor.view.plainLook.family, u"Courier"_s);
+
+    // An empty text has a rich form too, and is no less empty.
+    editor.view.type(*editor.window, u""_s);
+    editor.window->updateCurrentRecord();
+    QVERIFY(!editor.record(u"r2"_s).textRTFD().isEmpty());
+    QVERIFY(editor.record(u"r2"_s).textRTFD().size() < 400);
 }
 
 void EditorEditingTest::aMobileDatafileIgnoresRichText()

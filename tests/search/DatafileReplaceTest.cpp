@@ -3,6 +3,7 @@
 
 #include "search/DatafileReplace.h"
 
+#include "richtext/Rtfd.h"
 #include "search/SearchFixture.h"
 
 using namespace tavrin;
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void everyOccurrenceIsReplaced();
     void codesAndWordsLimitWhatIsReplaced();
     void whatIsLockedOmittedOrFormattedStays();
+    void whatIsReplacedKeepsItsLook();
     void undoPutsBackWhatWasThere();
     void nothingToReplaceChangesNothing();
     void oneHitIsReplacedAndTheSearchGoesOnBehindIt();
@@ -104,6 +106,32 @@ void DatafileReplaceTest::whatIsLockedOmittedOrFormattedStays()
     outcome.undo.exchange(*document);
     QCOMPARE(contents(*document)[2], u"y|x"_s);
     QCOMPARE(document->datafileRecords().view(u"r2"_s)->textRTFD(), QByteArray("rtfd"));
+}
+
+void DatafileReplaceTest::whatIsReplacedKeepsItsLook()
+{
+    using namespace richtext;
+    AttributedText text(u"one bold\ntwo"_s);
+    text.apply(4, 4, [](CharacterFormat &look) { look.bold = true; });
+    text.applyToParagraphs(0, 1, [](ParagraphFormat &format) { format.alignment = Alignment::Center; });
+    const auto document = this->document({{{u"x"_s}, text.text(), true, false, writeRichText(text)}});
+    const auto replaced = [&](const QString &what, const QString &with) {
+        replace(*document, {what, with, {}});
+        const auto record = document->datafileRecords().view(u"r0"_s);
+        const AttributedText formatted = *readRichText(record->textRTFD());
+        return formatted.text() == record->textString().toString() ? formatted : AttributedText();
+    };
+
+    AttributedText found = replaced(u"o"_s, u"00"_s);
+    QCOMPARE(found.text(), u"00ne b00ld\ntw00"_s);
+    QVERIFY(!found.characterFormatAt(1).bold && found.characterFormatAt(7).bold);
+    found = replaced(u"e b"_s, u"e\nB"_s);
+    QCOMPARE(found.text(), u"00ne\nB00ld\ntw00"_s);
+    QVERIFY(!found.characterFormatAt(5).bold && found.characterFormatAt(6).bold);
+    QCOMPARE(found.paragraphFormatAt(6).alignment, Alignment::Center);
+    found = replaced(u"d\nt"_s, u""_s);
+    QCOMPARE(found.text(), u"00ne\nB00lw00"_s);
+    QCOMPARE(found.paragraphFormatAt(found.size()).alignment, Alignment::Center);
 }
 
 void DatafileReplaceTest::undoPutsBackWhatWasThere()

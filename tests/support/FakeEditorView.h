@@ -31,9 +31,16 @@ public:
     }
 
     QString freeformText() const override { return text; }
-    void setFreeformText(const QString &newText) override
+    richtext::AttributedText formattedFreeformText() const override
     {
-        text = newText;
+        return formatted.text() == text ? formatted : richtext::AttributedText(text, plainLook);
+    }
+    void setFreeformText(const richtext::AttributedText &newText,
+                         const richtext::CharacterFormat &plain) override
+    {
+        text = newText.text();
+        formatted = newText;
+        plainLook = plain;
         textModified = false;
     }
     bool isFreeformTextModified() const override { return textModified; }
@@ -71,6 +78,8 @@ public:
     };
 
     QString text;
+    richtext::AttributedText formatted;
+    richtext::CharacterFormat plainLook;
     QString frameText = QStringLiteral("10 20 800 600 0 0 1920 1080 ");
     Cell cell;
     std::pair<int, int> editedCell{-1, -1};

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QColor>
+#include <QSyntaxHighlighter>
+
+namespace tavrin {
+
+/// Shows the links of a text as such, in a colour that follows the palette: the text itself knows nothing of
+/// it.
+class LinkColors : public QSyntaxHighlighter
+{
+public:
+    explicit LinkColors(QTextDocument &document) : QSyntaxHighlighter(&document) {}
+
+    void setColor(const QColor &color);
+
+protected:
+    void highlightBlock(const QString &text) override;
+
+private:
+    QColor g_color = Qt::blue;
+};
+
+} // namespace tavrin
