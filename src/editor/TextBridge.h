@@ -5,6 +5,8 @@
 
 #include "editor/TextFormats.h"
 
+#include <QList>
+
 class QTextCursor;
 class QTextDocument;
 
@@ -28,6 +30,27 @@ richtext::AttributedText textOf(const QTextDocument &document, const richtext::C
 richtext::AttributedText selectedText(const QTextCursor &cursor);
 /// The plain characters of the whole text, "\n" between the paragraphs.
 QString plainTextOf(const QTextDocument &document);
+
+/// Between the positions in a document, as it is when this is made, and the places in its plainTextOf(). They
+/// are not the same where there are tables.
+class TextPlacement
+{
+public:
+    explicit TextPlacement(const QTextDocument &document);
+
+    qsizetype placeOf(int position) const;
+    int positionOf(qsizetype place) const;
+
+    struct Block
+    {
+        int position = 0;
+        qsizetype start = 0;
+        qsizetype end = 0;
+    };
+
+private:
+    QList<Block> g_blocks; ///< Empty where positions are places.
+};
 
 /// In place of what is selected; can be undone. The cursor stands behind it.
 void insertText(QTextCursor &cursor, const richtext::AttributedText &text);

@@ -52,17 +52,10 @@ public:
     {}
 
     AttributedText read();
-    /// Where a position of the document, which was read, is in the text.
-    qsizetype placeOf(int position) const;
+    /// Of the document, which was read.
+    QList<TextPlacement::Block> blocks() const { return g_blocks; }
 
 private:
-    struct Place
-    {
-        int position = 0;
-        qsizetype start = 0;
-        qsizetype end = 0;
-    };
-
     void readFrame(const QTextFrame &frame, ParagraphFormat *cell);
     void readTable(const QTextTable &table);
     void readBlock(const QTextBlock &block, ParagraphFormat *cell);
@@ -78,7 +71,7 @@ private:
     CharacterRuns g_characters;
     ParagraphRuns g_paragraphs;
     ImportedList g_list;
-    QList<Place> g_places;            ///< Of the blocks.
+    QList<TextPlacement::Block> g_blocks;
     std::optional<Look> g_pendingEnd; ///< How the "\n" looks that the next paragraph needs before it.
     ParagraphLook g_lastParagraph;
     int g_tables = 0;
@@ -90,15 +83,6 @@ AttributedText TextReader::read()
     readFrame(*g_document.rootFrame(), nullptr);
     g_paragraphs.append(g_text.size() + 1 - g_paragraphs.size(), g_lastParagraph);
     return {std::move(g_text), std::move(g_characters), std::move(g_paragraphs)};
-}
-
-qsizetype TextReader::placeOf(int position) const
-{
-    const auto behind = std::ranges::upper_bound(g_places, position, {}, &Place::position);
-    if (behind == g_places.cbegin())
-        return 0;
-    const Place &place = *std::prev(behind);
-    return std::min(place.start + position - place.position, place.end);
 }
 
 void TextReader::appendText(const QString &text, const Look &look)
@@ -206,7 +190,7 @@ ParagraphLook TextReader::paragraphOf(const QTextBlock &block, ParagraphFormat *
 void TextReader::readBlock(const QTextBlock &block, ParagraphFormat *cell)
 {
     if (!cell && isFiller(block)) {
-        g_places.append({block.position(), g_text.size(), g_text.size()});
+        g_blocks.append({block.position(), g_text.size(), g_text.size()});
         return;
     }
     const bool isFirst = block.position() == 0 && block.blockFormat().hasProperty(FirstEndProperty);
@@ -222,7 +206,7 @@ void TextReader::readBlock(const QTextBlock &block, ParagraphFormat *cell)
     const qsizetype start = g_text.size();
     for (auto part = block.begin(); part != block.end(); ++part)
         readFragment(part.fragment());
-    g_places.append({block.position(), start, g_text.size()});
+    g_blocks.append({block.position(), start, g_text.size()});
 }
 
 void TextReader::readFragment(const QTextFragment &fragment)
@@ -257,10 +241,39 @@ AttributedText selectedText(const QTextCursor &cursor)
 {
     if (!cursor.hasSelection())
         return {};
-    TextReader reader(*cursor.document(), {});
-    const AttributedText text = reader.read();
-    const qsizetype start = reader.placeOf(cursor.selectionStart());
-    return text.substring(start, reader.placeOf(cursor.selectionEnd()) - start);
+    const TextPlacement placement(*cursor.document());
+    const qsizetype start = placement.placeOf(cursor.selectionStart());
+    return textOf(*cursor.document()).substring(start, placement.placeOf(cursor.selectionEnd()) - start);
+}
+
+TextPlacement::TextPlacement(const QTextDocument &document)
+{
+    if (document.rootFrame()->childFrames().isEmpty())
+        return;
+    TextReader reader(document, {});
+    reader.read();
+    g_blocks = reader.blocks();
+}
+
+qsizetype TextPlacement::placeOf(int position) const
+{
+    if (g_blocks.isEmpty())
+        return position;
+    const auto behind = std::ranges::upper_bound(g_blocks, position, {}, &Block::position);
+    if (behind == g_blocks.cbegin())
+        return 0;
+    const Block &block = *std::prev(behind);
+    return std::min(block.start + position - block.position, block.end);
+}
+
+int TextPlacement::positionOf(qsizetype place) const
+{
+    if (g_blocks.isEmpty())
+        return static_cast<int>(place);
+    const auto found = std::ranges::lower_bound(g_blocks, place, {}, &Block::end);
+    if (found == g_blocks.cend())
+        return g_blocks.constLast().position;
+    return found->position + static_cast<int>(std::max<qsizetype>(0, place - found->start));
 }
 
 QString plainTextOf(const QTextDocument &document)

@@ -65,6 +65,24 @@ AttributedText FreeformTextEdit::formattedText() const
     return textOf(*document());
 }
 
+QTextCursor FreeformTextEdit::cursorOn(const text::Match &range) const
+{
+    const TextPlacement placement(*document());
+    const int last = document()->characterCount() - 1;
+    QTextCursor cursor(document());
+    cursor.setPosition(qBound(0, placement.positionOf(range.start), last));
+    cursor.setPosition(qBound(0, placement.positionOf(range.start + range.length), last),
+                       QTextCursor::KeepAnchor);
+    return cursor;
+}
+
+text::Match FreeformTextEdit::placesOf(const QTextCursor &cursor) const
+{
+    const TextPlacement placement(*document());
+    const qsizetype start = placement.placeOf(cursor.selectionStart());
+    return {start, placement.placeOf(cursor.selectionEnd()) - start};
+}
+
 void FreeformTextEdit::setText(const AttributedText &text, const CharacterFormat &plain)
 {
     g_loading = true;
@@ -114,17 +132,10 @@ void FreeformTextEdit::setPaperColor(const QColor &color)
 
 void FreeformTextEdit::showHits(const QList<text::Match> &hits, const QColor &color)
 {
-    const auto end = static_cast<qsizetype>(document()->characterCount() - 1);
     g_hits.clear();
     g_hitColor = color;
-    for (const text::Match &hit : hits) {
-        if (hit.start < 0 || hit.start + hit.length > end)
-            continue;
-        QTextCursor cursor(document());
-        cursor.setPosition(static_cast<int>(hit.start));
-        cursor.setPosition(static_cast<int>(hit.start + hit.length), QTextCursor::KeepAnchor);
-        g_hits.append(cursor);
-    }
+    for (const text::Match &hit : hits)
+        g_hits.append(cursorOn(hit));
     applyHits();
 }
 

@@ -32,6 +32,9 @@ public:
     /// The text with "\n" between paragraphs; no-break spaces and line separators stay what they are.
     QString plainCharacters() const;
     richtext::AttributedText formattedText() const;
+    /// Between ranges of plainCharacters() and what is selected; what lies beyond the text is cut off.
+    QTextCursor cursorOn(const text::Match &range) const;
+    text::Match placesOf(const QTextCursor &cursor) const;
 
     /// Puts in a text without anybody being told that the person typed it.
     void setText(const richtext::AttributedText &text, const richtext::CharacterFormat &plain);

@@ -19,16 +19,6 @@ using text::Match;
 
 namespace {
 
-QTextCursor cursorOn(const QTextEdit &edit, const Match &range)
-{
-    const auto last = static_cast<qsizetype>(edit.document()->characterCount() - 1);
-    QTextCursor cursor(edit.document());
-    cursor.setPosition(static_cast<int>(qBound<qsizetype>(0, range.start, last)));
-    cursor.setPosition(static_cast<int>(qBound<qsizetype>(0, range.start + range.length, last)),
-                       QTextCursor::KeepAnchor);
-    return cursor;
-}
-
 /// What edits the table's current cell; null when nothing does.
 QWidget *cellEditor(const RecordTableView &table)
 {
@@ -78,13 +68,12 @@ void WindowFindView::beep()
 
 Match WindowFindView::freeformSelection() const
 {
-    const QTextCursor cursor = g_text.textCursor();
-    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+    return g_text.placesOf(g_text.textCursor());
 }
 
 void WindowFindView::selectInFreeform(const Match &range)
 {
-    g_text.setTextCursor(cursorOn(g_text, range));
+    g_text.setTextCursor(g_text.cursorOn(range));
     // With what stands around it, not at the very edge.
     const QRect caret = g_text.cursorRect();
     const int margin = g_text.viewport()->height() / 4;
