@@ -53,7 +53,11 @@ EditorWindow::EditorWindow(DatafileDocument &document,
     updateOperations();
 }
 
-EditorWindow::~EditorWindow() = default;
+EditorWindow::~EditorWindow()
+{
+    // It loses the focus when the window goes, and tells of it.
+    g_text->disconnect(this);
+}
 
 void EditorWindow::bringToFront()
 {

@@ -13,6 +13,7 @@
 #include <QMainWindow>
 
 #include <span>
+#include <utility>
 
 class QAction;
 class QLabel;
@@ -132,6 +133,7 @@ private:
     QAction *g_listViewAction = nullptr;
     QMenu *g_sortTasksMenu = nullptr;
     double g_wantedSplitHeight = -1;
+    std::pair<bool, bool> g_caretPlace; ///< Whether the caret is in a link, and in a table.
     bool g_closing = false;
     bool g_applyingWidths = false;
 };
