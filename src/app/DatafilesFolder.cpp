@@ -3,6 +3,7 @@
 
 #include "app/DatafilesFolder.h"
 
+#include "document/DatafileBackups.h"
 #include "document/DatafileKind.h"
 #include "model/Preferences.h"
 #include "model/StringOperations.h"
@@ -108,12 +109,7 @@ bool operator==(const DatafilesMenuItem &left, const DatafilesMenuItem &right)
 
 QString DatafilesFolder::path() const
 {
-    const QString chosen = g_preferences.stringForKey(u"DatafilesFolderURL"_s);
-    const QUrl url(chosen);
-    if (url.isLocalFile())
-        return url.toLocalFile();
-    const QString path = chosen.isEmpty() ? g_preferences.stringForKey(u"DatafilesFolderPath"_s) : chosen;
-    return stringByExpandingTildeInPath(path, QDir::homePath());
+    return datafilesFolderPath(&g_preferences);
 }
 
 void DatafilesFolder::setPath(const QString &path)

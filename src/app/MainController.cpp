@@ -225,6 +225,10 @@ void MainController::showDocument(std::unique_ptr<DatafileDocument> document, co
     g_open.push_back({std::move(document), std::move(window), shown.correctedCatalog()});
     g_lastDatafileClosing = false;
 
+    // A backup is there to be looked at.
+    if (QFileInfo(shown.filePath()).canonicalPath()
+        == QFileInfo(g_datafilesFolder->path() + u"/Backups"_s).canonicalFilePath())
+        shown.setOpenedReadOnly(true);
     followDocument(shown);
     followWindow(shown, controller);
     saveCorrectedCatalog(shown);
@@ -265,6 +269,12 @@ void MainController::followWindow(DatafileDocument &document, EditorWindowContro
             if (followed)
                 openInPlaceOf(*followed, path);
         },
+        Qt::QueuedConnection);
+    connect(
+        &controller,
+        &EditorWindowController::openDatafile,
+        this,
+        [this](const QString &path) { openDatafile(path); },
         Qt::QueuedConnection);
     connect(&controller, &EditorWindowController::closeRefused, this, [this, &document] {
         closeWasRefused(document);

@@ -130,7 +130,9 @@ ExitStatus narrowSelection(Call &call)
     if (!query)
         return call.failed(query.error());
     Progress progress;
-    if (!selectForFind(document, query->keys, query->options, query->fieldsToSearchIn, progress))
+    FindSelection selection(document, query->keys, query->options, query->fieldsToSearchIn);
+    selection.run(progress);
+    if (const Result<bool> isDone = selection.apply(document); !isDone || !*isDone)
         return ExitStatus::Failed;
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());

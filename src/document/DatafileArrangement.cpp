@@ -18,15 +18,7 @@ DatafileArrangement::sort(const SortCriteriaData &criteria, Progress &progress)
 Result<bool>
 DatafileArrangement::select(const SubsetSortCriteriaData &criteria, bool fromOmitted, Progress &progress)
 {
-    RecordSelecting selecting(g_document, RecordSelecting::ByCriteria{criteria, fromOmitted});
-    selecting.run(progress);
-    return selecting.apply(g_document);
-}
-
-Result<bool>
-DatafileArrangement::selectForFind(const QStringList &keys, bool caseSensitive, Progress &progress)
-{
-    RecordSelecting selecting(g_document, RecordSelecting::ByKeys{keys, caseSensitive});
+    RecordSelecting selecting(g_document, criteria, fromOmitted);
     selecting.run(progress);
     return selecting.apply(g_document);
 }

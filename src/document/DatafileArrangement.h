@@ -11,8 +11,8 @@ namespace tavrin {
 /// How the records of a document are arranged: in which order, and which of them are selected.
 ///
 /// Each operation announces once that it did something. An order is a change of the document; what is
-/// selected is no reason to ask whether to save, and goes into the file with the next save. sort(), select()
-/// and selectForFind() do at once what RecordSorting and RecordSelecting do in steps.
+/// selected is no reason to ask whether to save, and goes into the file with the next save. sort() and select()
+/// do at once what RecordSorting and RecordSelecting do in steps.
 class DatafileArrangement
 {
 public:
@@ -24,7 +24,6 @@ public:
 
     /// See RecordSelecting::apply().
     Result<bool> select(const SubsetSortCriteriaData &criteria, bool fromOmitted, Progress &progress);
-    Result<bool> selectForFind(const QStringList &keys, bool caseSensitive, Progress &progress);
 
     /// Says so in the stored criteria, too.
     void selectAll();

@@ -6,7 +6,6 @@
 #include "model/DatafileRecordsData.h"
 #include "model/DatafileSettingsData.h"
 #include "model/Preferences.h"
-#include "model/ValueRecords.h"
 
 namespace tavrin {
 
@@ -35,26 +34,11 @@ QAnyStringView viewOf(const TextView &text, QString &buffer)
 } // namespace
 
 StoredTexts::StoredTexts(const DatafileRecordsData &records, const DatafileSettingsData &settings)
-    : g_addressPlace(AddressPlace::of(settings))
+    : g_records(records)
+    , g_addressPlace(AddressPlace::of(settings))
 {
-    RecordsSnapshot snapshot = records.numberedSnapshot();
-    g_source = std::move(snapshot.source);
-    g_sourceCount = snapshot.sourceCount;
-    g_changed = std::make_unique<ValueRecords>(std::move(snapshot.changed));
-    g_places.resize(records.identifiers().count(), noRecord);
-    for (const RecordsSnapshot::Entry &entry : snapshot.entries)
-        g_places[entry.identifier] = entry.record;
     for (const FieldDefinition &field : settings.fields())
         g_fieldIdentifiers.append(field.identifier());
-}
-
-StoredTexts::~StoredTexts() = default;
-
-RecordView StoredTexts::view(quint32 record) const
-{
-    const quint32 place = g_places[record];
-    return place < g_sourceCount ? RecordView(nullptr, g_source.get(), place)
-                                 : RecordView(nullptr, g_changed.get(), place - g_sourceCount);
 }
 
 RecordTextReader StoredTexts::fieldReader(const QString &fieldIdentifier) const

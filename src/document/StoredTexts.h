@@ -4,18 +4,14 @@
 #pragma once
 
 #include "document/AddressPlace.h"
-#include "model/RecordSource.h"
+#include "document/StoredRecords.h"
 #include "sorting/RecordTerms.h"
-
-#include <memory>
-#include <vector>
 
 namespace tavrin {
 
 class DatafileRecordsData;
 class DatafileSettingsData;
 class Preferences;
-class RecordView;
 
 /// What sorting and selecting read of a datafile, as it is when this is made: it can be read on another
 /// thread while the datafile changes. Texts are read where they stand; no record is opened.
@@ -23,7 +19,6 @@ class StoredTexts : public RecordTexts
 {
 public:
     StoredTexts(const DatafileRecordsData &records, const DatafileSettingsData &settings);
-    ~StoredTexts() override;
 
     RecordTextReader fieldReader(const QString &fieldIdentifier) const override;
     RecordTextReader textReader() const override;
@@ -32,13 +27,13 @@ public:
     Date modifiedDate(quint32 record) const override;
     QStringList fieldIdentifiers() const override { return g_fieldIdentifiers; }
 
-private:
-    RecordView view(quint32 record) const;
+    /// Whether there is a record of that number.
+    bool contains(quint32 record) const { return g_records.view(record).has_value(); }
+    /// Of a record that is there; outlived by this.
+    RecordView view(quint32 record) const { return *g_records.view(record); }
 
-    std::shared_ptr<const RecordSource> g_source; ///< The records as they stand in the file,
-    std::unique_ptr<RecordSource> g_changed;      ///< and those that were changed or added since.
-    quint32 g_sourceCount;
-    std::vector<quint32> g_places; ///< By record: a place in the source; behind those, in the changed.
+private:
+    StoredRecords g_records;
     AddressPlace g_addressPlace;
     QStringList g_fieldIdentifiers;
 };

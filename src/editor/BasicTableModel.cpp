@@ -3,6 +3,8 @@
 
 #include "editor/BasicTableModel.h"
 
+#include "editor/CellHits.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -27,6 +29,11 @@ QVariant BasicTableModel::data(const QModelIndex &index, int role) const
         return {};
     if (role == Qt::FontRole)
         return g_window.tableController().fieldsFont();
+    const EditorFinding &finding = g_window.search().finding();
+    if (role == CellRole::hitColor)
+        return finding.hitColor();
+    if (role == CellRole::hitRanges && index.column() == ValueColumn)
+        return QVariant::fromValue(finding.hitsInField(index.row()));
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const FieldDefinition &field = fields.at(index.row());
@@ -62,6 +69,14 @@ bool BasicTableModel::setData(const QModelIndex &index, const QVariant &value, i
         return false;
     Q_EMIT dataChanged(index, index);
     return true;
+}
+
+bool BasicTableModel::dropText(const QModelIndex &index, const QString &text)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    const FieldDefinition &field = g_window.document().datafileSettings().fields().at(index.row());
+    return g_window.tableController().dropText(g_window.currentRecord(), field.identifier(), text);
 }
 
 void BasicTableModel::reset()

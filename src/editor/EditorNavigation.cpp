@@ -3,12 +3,13 @@
 
 // Going from record to record, adding and deleting them.
 
-#include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorRecords.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/GotoRecordSheetController.h"
 #include "editor/ListTableModel.h"
+#include "text/TextMatcher.h"
 
 #include <utility>
 
@@ -70,7 +71,10 @@ void EditorWindowController::goToRecordNumber()
 {
     if (!isNavigable() || g_nowSyncing)
         return;
-    auto sheet = std::make_unique<GotoRecordSheetController>(countSelected());
+    auto sheet = std::make_unique<GotoRecordSheetController>(
+        countSelected(), GotoRecordSheetController::Purpose::GoTo, [this](const QString &start) {
+            return indexOfTitle(start);
+        });
     connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
         const qint64 index = sheet->index();
         if (returnCode != QVSheetController::FirstButton || index == indexOfCurrentRecord())
@@ -81,6 +85,21 @@ void EditorWindowController::goToRecordNumber()
             goToLastRecord();
     });
     g_sheets.begin(std::move(sheet));
+}
+
+qint64 EditorWindowController::indexOfTitle(const QString &start) const
+{
+    const text::TextMatcher matcher(start, text::Sameness{});
+    const QString titleField = settings().titleField();
+    const bool byText = titleField == "Text"_L1;
+    const FieldKey field(titleField);
+    for (qint64 index = 0; index < countSelected(); ++index) {
+        const std::optional<RecordView> record = recordViewAtIndex(index);
+        if (record
+            && matcher.atStartOf((byText ? record->textString() : record->fieldValue(field)).toString()))
+            return index;
+    }
+    return -1;
 }
 
 void EditorWindowController::leaveRecordFor(qint64 target)
@@ -111,25 +130,38 @@ void EditorWindowController::walkViewedRecordList(QString (RecordHistory::*step)
 
 void EditorWindowController::addRecord()
 {
-    if (g_nowSyncing)
-        return;
-    const bool wasInTable = g_view->focus() == EditorFocus::Table;
-    updateCurrentRecord();
-    saveIfDifferentRecord(nullptr);
-    if (g_currentRecord && mayVanish(*g_currentRecord, settings())) {
-        // Adding again and again must not pile up empty records.
-        if (wasInTable)
-            g_view->setFocus(EditorFocus::Table);
-        return;
-    }
-    const QString identifier = g_document.addRecord(identifierOf(g_currentRecord));
-    setDatafileChanged();
+    g_records->addRecord();
+}
+
+bool EditorWindowController::currentRecordMayVanish() const
+{
+    return g_currentRecord && mayVanish(*g_currentRecord, settings());
+}
+
+void EditorWindowController::showNewRecord(const QString &identifier)
+{
     autoSaveChanges(false);
     RecordData *record = g_document.datafileRecords().recordForIdentifier(identifier);
     loadRecord(record);
     insertInViewedRecordList(record);
     focusFirstField();
     g_lastHitField = -1;
+}
+
+void EditorWindowController::pasteIntoFreeformText(bool plain)
+{
+    focusFreeformText();
+    g_view->pasteIntoFreeformText(plain);
+}
+
+void EditorWindowController::focusTable()
+{
+    g_view->setFocus(EditorFocus::Table);
+}
+
+bool EditorWindowController::isTableFocused() const
+{
+    return g_view->focus() == EditorFocus::Table;
 }
 
 void EditorWindowController::focusFirstField()
@@ -151,50 +183,30 @@ void EditorWindowController::focusFirstField()
 
 void EditorWindowController::deleteIfEmptyRecordAtIndex(qint64 index)
 {
-    const RecordData *record = isNavigable() ? recordAtIndex(index) : nullptr;
-    if (record && mayVanish(*record, settings()))
-        removeRecord(identifierOf(record), index);
-}
-
-void EditorWindowController::deleteRecord()
-{
-    if (!validateAction(u"deleteRecord:"_s))
+    const RecordData *record = isNavigable() && !isClone() ? recordAtIndex(index) : nullptr;
+    if (!record || !mayVanish(*record, settings()))
         return;
-    auto alert =
-        std::make_unique<AlertSheetController>(tr("Are you sure you want to delete the current record?"),
-                                               QString(),
-                                               QStringList{tr("OK"), tr("Cancel")});
-    alert->setDestructiveButton(0);
-    connect(alert.get(), &QVSheetController::finished, this, [this](int returnCode) {
-        if (returnCode == QVSheetController::FirstButton)
-            deleteCurrentRecord();
-    });
-    g_sheets.begin(std::move(alert));
-}
-
-void EditorWindowController::deleteCurrentRecord()
-{
-    // The last record of a datafile stays.
-    if (!g_currentRecord || g_nowSyncing || g_document.datafileCatalog().count() < 2)
-        return;
-    if (g_view->isTableEditing())
-        g_view->endTableEditing();
-    removeRecord(identifierOf(g_currentRecord), indexOfCurrentRecord());
-}
-
-void EditorWindowController::removeRecord(const QString &identifier, qint64 index)
-{
     const qint64 lastIndex = countSelected() - 1;
-    g_viewedRecordList.remove(identifier);
-    g_document.deleteRecord(identifier);
+    g_document.deleteRecord(identifierOf(record));
     g_currentRecord = nullptr;
     if (countSelected() == 0) {
         g_document.datafileCatalog().selectAll();
         catalogDidChange();
     }
     setDatafileChanged();
+    showAfterDeletion(index == lastIndex ? 0 : index);
+}
+
+void EditorWindowController::deleteRecord()
+{
+    g_records->deleteRecord();
+}
+
+void EditorWindowController::showAfterDeletion(qint64 index)
+{
+    g_currentRecord = nullptr;
     autoSaveChanges(true);
-    loadRecordAtIndex(index == lastIndex ? 0 : index);
+    loadRecordAtIndex(index);
     g_lastHitField = -1;
 }
 

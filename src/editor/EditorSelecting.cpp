@@ -17,7 +17,7 @@ class SelectingWork : public LongWork
 {
 public:
     SelectingWork(const DatafileDocument &document, const SubsetSortCriteriaData &criteria, bool fromOmitted)
-        : g_selecting(document, RecordSelecting::ByCriteria{criteria, fromOmitted})
+        : g_selecting(document, criteria, fromOmitted)
     {}
 
     QString title() const override { return EditorSelecting::tr("Selecting records…"); }

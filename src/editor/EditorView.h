@@ -9,6 +9,7 @@
 #include <QTextCursor>
 
 #include <functional>
+#include <utility>
 
 namespace tavrin {
 
@@ -43,6 +44,8 @@ public:
     virtual bool isFreeformTextModified() const = 0;
     virtual void clearFreeformTextModified() = 0;
     virtual void setFreeformTextEditable(bool editable) = 0;
+    /// Puts what is on the clipboard where the caret is.
+    virtual void pasteIntoFreeformText(bool /*plain*/) {}
 
     virtual bool isTableEditing() const = 0;
     /// Commits the cell being edited, if any.
@@ -69,6 +72,14 @@ public:
     /// Height of the table above the divider as it was set or dragged, in points; -1: never.
     virtual double splitHeight() const = 0;
     virtual void setSplitHeight(double height) = 0;
+
+    /// As if the person had typed it where the caret is: into the cell being edited, else into the text.
+    virtual void insertTyped(const QString & /*text*/) {}
+    /// Shows the freeform text at that scale; what is stored does not change.
+    virtual void setTextScale(double /*scale*/) {}
+    /// The part of the cell being edited that is selected, as start and length; {-1, 0} without one.
+    virtual std::pair<int, int> cellTextSelection() const { return {-1, 0}; }
+    virtual void setCellTextSelection(int /*start*/, int /*length*/) {}
 };
 
 } // namespace tavrin

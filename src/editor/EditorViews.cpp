@@ -6,6 +6,7 @@
 #include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/ListTableModel.h"
@@ -39,7 +40,7 @@ Overloaded(Handlers...) -> Overloaded<Handlers...>;
 
 bool EditorWindowController::isBasicView() const
 {
-    return settings().mode() == basicMode;
+    return g_mode == basicMode;
 }
 
 QString EditorWindowController::mode() const
@@ -59,16 +60,22 @@ void EditorWindowController::setMode(const QString &mode)
     if (toBasic == isBasicView())
         return;
     const EditorFocus focus = g_view->focus();
+    const auto [start, length] = g_view->cellTextSelection();
     updateCurrentRecord();
     const int field = g_tableController->currentField();
     g_tableController->setCurrentField(toBasic ? g_tableController->fieldForListColumn(field)
                                                : g_tableController->listColumnForField(field));
-    settings().setMode(toBasic ? basicMode : listMode);
-    viewSettingsDidChange();
+    g_mode = toBasic ? basicMode : listMode;
+    if (!isClone()) {
+        settings().setMode(g_mode);
+        viewSettingsDidChange();
+    }
     Q_EMIT modeChanged();
     setUpViewForMode();
     g_tableController->reload();
     restoreFocus(focus);
+    if (focus == EditorFocus::Table && start >= 0)
+        g_view->setCellTextSelection(start, length);
     Q_EMIT operationsChanged();
 }
 
@@ -77,13 +84,22 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
 {
     if (focus == EditorFocus::FreeformText)
         focusFreeformText();
+    if (focus == EditorFocus::Elsewhere)
+        g_search->activateFindBox();
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
-    g_lastHitField = g_tableController->currentField();
+    const int field = g_tableController->currentField();
+    g_lastHitField = field;
     if (isBasicView())
-        g_view->editTableCell(g_lastHitField, BasicTableModel::ValueColumn);
+        g_view->editTableCell(field, BasicTableModel::ValueColumn);
     else
-        g_view->editTableCell(static_cast<int>(indexOfCurrentRecord()), g_lastHitField);
+        g_view->editTableCell(static_cast<int>(indexOfCurrentRecord()), field);
+}
+
+void EditorWindowController::freshenWindowContentSettings()
+{
+    g_search->selectSearchField();
+    g_lastHitField = -1;
 }
 
 void EditorWindowController::showCurrentRow()
@@ -94,7 +110,7 @@ void EditorWindowController::showCurrentRow()
 
 void EditorWindowController::viewSettingsDidChange()
 {
-    if (!g_preferences.boolForKey(u"GeneralNoUpdateForViewChanges"_s))
+    if (!isClone() && !g_preferences.boolForKey(u"GeneralNoUpdateForViewChanges"_s))
         settings().setDatafileSettingsDidChange(true);
 }
 
@@ -107,6 +123,8 @@ QString EditorWindowController::currentViewFrame() const
 
 void EditorWindowController::setCurrentViewFrame(const QString &frame)
 {
+    if (isClone())
+        return;
     if (isBasicView())
         settings().setBasicViewFrame(frame, g_preparing);
     else
@@ -122,9 +140,10 @@ void EditorWindowController::setUpViewForMode()
 {
     // What the view reports while it is being placed is not the person's doing.
     g_preparing = true;
+    // A clone stands beside its main window, not on it: where, the view knows.
     if (const QString frame = currentViewFrame(); frame.isEmpty())
         setCurrentViewFrame(g_view->frame());
-    else
+    else if (!isClone())
         g_view->setFrame(frame);
     g_view->setSplitHeight(currentSplitHeight());
     g_preparing = false;
@@ -132,7 +151,7 @@ void EditorWindowController::setUpViewForMode()
 
 void EditorWindowController::viewGeometryDidChange()
 {
-    if (g_preparing)
+    if (g_preparing || isClone())
         return;
     if (const QString frame = g_view->frame(); frame != currentViewFrame())
         setCurrentViewFrame(frame);
@@ -159,6 +178,8 @@ void EditorWindowController::followDocument()
         Q_EMIT titleChanged();
         Q_EMIT operationsChanged();
     });
+    if (isClone())
+        return;
     connect(&g_document, &DatafileDocument::selectionWouldBeEmptyError, this, [this] {
         showAlert(g_sheets,
                   tr("Selection Did Not Change"),
@@ -174,12 +195,9 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const RecordWillBeDeleted &deleted) { recordWillBeDeleted(deleted.identifier); },
                    [this](const RecordDeleted &) { catalogDidChange(); },
                    [this](const RecordChanged &changed) { recordDidChange(changed.identifier); },
+                   [this](const RecordsChanged &) { recordsDidChange(); },
                    [this](const CatalogChanged &) { catalogDidChange(); },
-                   [this](const FieldFormatChanged &) {
-                       g_tableController->setupTables();
-                       setDatafileChanged();
-                       Q_EMIT operationsChanged();
-                   },
+                   [this](const FieldFormatChanged &) { fieldFormatDidChange(); },
                    [this](const SettingsChanged &) {
                        g_tableController->setupTables();
                        Q_EMIT titleChanged();
@@ -187,10 +205,13 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    },
                    [this](const DatafileReverted &) { datafileReverted(); }},
         change);
+    if (isClone())
+        showChangesInClone(change);
 }
 
 void EditorWindowController::recordWillBeDeleted(const QString &identifier)
 {
+    g_viewedRecordList.remove(identifier);
     if (identifier != identifierOf(g_currentRecord))
         return;
     if (g_view->isTableEditing())
@@ -217,6 +238,24 @@ void EditorWindowController::recordDidChange(const QString &identifier)
     }
 }
 
+void EditorWindowController::fieldFormatDidChange()
+{
+    // Without fields there is nothing that Basic View could show.
+    if (settings().fields().isEmpty() && isBasicView())
+        setMode(listMode);
+    g_tableController->setupTables();
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::recordsDidChange()
+{
+    g_tableController->reload();
+    if (g_freeformTextEditable != isFreeformTextEditable())
+        updateFreeformTextEditability();
+    Q_EMIT statusChanged();
+    Q_EMIT operationsChanged();
+}
+
 void EditorWindowController::catalogDidChange()
 {
     g_tableController->listTableModel().reset();
@@ -231,6 +270,8 @@ void EditorWindowController::datafileReverted()
     // resetting the tables ends the editing without taking the cell over.
     g_currentRecord = nullptr;
     g_currentRecordDirty = false;
+    if (!isClone())
+        g_mode = settings().mode();
     g_tableController->setupTables();
     Q_EMIT statusChanged();
     Q_EMIT modeChanged();
@@ -242,7 +283,7 @@ void EditorWindowController::datafileReverted()
 
 bool EditorWindowController::leaveEditing()
 {
-    if (g_nowSyncing)
+    if (g_nowSyncing || isClone())
         return false;
     updateCurrentRecord();
     saveIfDifferentRecord(nullptr);
@@ -275,18 +316,36 @@ QString EditorWindowController::redoName() const
 
 void EditorWindowController::undo()
 {
-    if (!leaveEditing())
-        return;
-    g_document.undoHistory().undo();
-    loadCurrentRecord();
+    undoOrRedo(&UndoHistory::undo);
 }
 
 void EditorWindowController::redo()
 {
+    undoOrRedo(&UndoHistory::redo);
+}
+
+/// What is taken back or done again shows: the one record that it is about, if it is one.
+void EditorWindowController::undoOrRedo(void (UndoHistory::*step)())
+{
     if (!leaveEditing())
         return;
-    g_document.undoHistory().redo();
-    loadCurrentRecord();
+    const qint64 index = indexOfCurrentRecord();
+    QString touched;
+    const auto watching =
+        connect(&g_document, &DatafileDocument::changed, this, [&touched](const DatafileChange &change) {
+            if (const auto *added = std::get_if<RecordAdded>(&change))
+                touched = added->identifier;
+            else if (const auto *changed = std::get_if<RecordChanged>(&change))
+                touched = changed->identifier;
+        });
+    (g_document.undoHistory().*step)();
+    disconnect(watching);
+    if (!touched.isEmpty() && touched != currentIdentifier())
+        showRecord(touched);
+    else if (g_currentRecord)
+        loadCurrentRecord();
+    else
+        loadRecordAtIndex(index);
 }
 
 } // namespace tavrin

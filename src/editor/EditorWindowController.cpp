@@ -7,14 +7,19 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorFields.h"
 #include "editor/EditorFormatting.h"
 #include "editor/EditorFreeformText.h"
 #include "editor/EditorLinks.h"
 #include "editor/EditorPermission.h"
+#include "editor/EditorRecords.h"
 #include "editor/EditorSaving.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorTextCommands.h"
+#include "model/Preferences.h"
 
 #include <QFontDatabase>
 #include <QLocale>
@@ -62,28 +67,67 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     : g_document(document)
     , g_sheets(sheets)
     , g_preferences(preferences)
-    , g_tableController(std::make_unique<EditorTableController>(*this))
-    , g_permission(std::make_unique<EditorPermission>(document, sheets))
-    , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
-    , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
-    , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
-    , g_text(std::make_unique<EditorFreeformText>(*this))
-    , g_formatting(std::make_unique<EditorFormatting>(*this, sheets))
-    , g_links(std::make_unique<EditorLinks>(*this, sheets))
 {
+    setUpCollaborators(work);
+}
+
+EditorWindowController::EditorWindowController(EditorWindowController &mainWindow,
+                                               SheetHost &sheets,
+                                               WorkHost &work)
+    : g_document(mainWindow.g_document)
+    , g_sheets(sheets)
+    , g_preferences(mainWindow.g_preferences)
+    , g_mainWindow(&mainWindow)
+{
+    setUpCollaborators(work);
+    mainWindow.g_cloneWindow = this;
+}
+
+void EditorWindowController::setUpCollaborators(WorkHost &work)
+{
+    g_mode = isClone() ? g_mainWindow->g_mode : settings().mode();
+    g_tableController = std::make_unique<EditorTableController>(*this);
+    g_permission = std::make_unique<EditorPermission>(g_document, g_sheets);
+    g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
+    g_records = std::make_unique<EditorRecords>(*this, g_sheets, work);
+    g_fields = std::make_unique<EditorFields>(*this, g_sheets, work);
+    g_text = std::make_unique<EditorFreeformText>(*this);
+    g_formatting = std::make_unique<EditorFormatting>(*this, g_sheets);
+    g_links = std::make_unique<EditorLinks>(*this, g_sheets);
+    g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
+    g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
+    g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
+    g_textCommands = std::make_unique<EditorTextCommands>(*this, g_sheets, work);
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
+    connect(g_search.get(),
+            &EditorSearchController::modesChanged,
+            this,
+            &EditorWindowController::operationsChanged);
+    // Not at every key: the clone follows as soon as the person takes breath.
+    constexpr int breathMilliseconds = 250;
+    g_cloneTimer.setSingleShot(true);
+    g_cloneTimer.setInterval(breathMilliseconds);
+    connect(&g_cloneTimer, &QTimer::timeout, this, &EditorWindowController::storeForClone);
 }
 
 EditorWindowController::~EditorWindowController()
 {
-    g_document.setEditing(nullptr);
+    if (isClone()) {
+        g_mainWindow->g_cloneWindow = nullptr;
+        Q_EMIT g_mainWindow->operationsChanged();
+    } else {
+        g_document.setEditing(nullptr);
+    }
 }
 
 void EditorWindowController::prepare(const QString &firstRecord)
 {
     // What was not saved before (a new datafile) still is not; only loading a record is no edit.
     const bool wasModified = g_document.isModified();
-    g_document.setEditing(this);
+    if (!isClone())
+        g_document.setEditing(this);
+    if (constexpr qint64 expanded = 7; !settings().settingExistsForKey(u"ToolbarLocation"_s))
+        settings().setToolbarLocation(expanded);
     g_movingInViewedRecordList = true;
     g_tableController->setupTables();
     Q_EMIT modeChanged();
@@ -102,6 +146,12 @@ void EditorWindowController::prepare(const QString &firstRecord)
 
     if (settings().fields().isEmpty() && isBasicView())
         switchView();
+    if (isClone()) {
+        Q_EMIT titleChanged();
+        Q_EMIT operationsChanged();
+        Q_EMIT g_mainWindow->operationsChanged();
+        return;
+    }
     g_permission->setUpReadOnlyAndLock();
     g_document.updateChangeCount(DatafileDocument::ChangeCount::Cleared);
     if (wasModified)
@@ -134,7 +184,7 @@ qint64 EditorWindowController::recordToOpen()
 
 QString EditorWindowController::windowTitle() const
 {
-    return g_document.displayName();
+    return isClone() ? g_document.displayName() + u"-CLONE"_s : g_document.displayName();
 }
 
 QString EditorWindowController::recordNumberText() const
@@ -213,12 +263,18 @@ bool EditorWindowController::canSaveChanges() const
 void EditorWindowController::windowDidBecomeMain()
 {
     updateFreeformTextEditability();
-    g_permission->windowDidBecomeMain();
+    if (g_preferences.boolForKey(u"GeneralHighlightFindField"_s))
+        g_search->finding().view().selectFindText();
+    if (isClone())
+        reloadClone();
+    else
+        g_permission->windowDidBecomeMain();
 }
 
 void EditorWindowController::setCanSaveChanges()
 {
-    g_permission->decide();
+    if (!isClone())
+        g_permission->decide();
 }
 
 bool EditorWindowController::isAskingPassword() const
@@ -229,7 +285,7 @@ bool EditorWindowController::isAskingPassword() const
 void EditorWindowController::autoSaveChanges(bool force)
 {
     const bool hasChanges = force || g_document.isModified() || g_currentRecordDirty;
-    if (settings().autoSaveChanges() && canSaveChanges() && hasChanges && !g_nowSyncing)
+    if (!isClone() && settings().autoSaveChanges() && canSaveChanges() && hasChanges && !g_nowSyncing)
         g_saving->autoSave();
 }
 
@@ -255,6 +311,12 @@ void EditorWindowController::revertDocumentToSaved()
 
 void EditorWindowController::requestClose()
 {
+    if (isClone()) {
+        Q_EMIT closeAllowed();
+        return;
+    }
+    if (g_cloneWindow)
+        Q_EMIT cloneWindowMustClose();
     g_saving->requestClose();
 }
 
@@ -277,6 +339,12 @@ bool EditorWindowController::beginWritingClosingSettings()
 
 void EditorWindowController::windowWillClose()
 {
+    if (isClone()) {
+        g_document.disconnect(this);
+        return;
+    }
+    if (g_cloneWindow)
+        Q_EMIT cloneWindowMustClose();
     rememberRecordToOpen();
     // The lock goes last: nobody else may open the datafile for writing while its settings are written. And a
     // datafile that somebody else has locked is not ours to write, not even its settings.

@@ -7,23 +7,30 @@
 #include "editor/EditorView.h"
 #include "editor/RecordHistory.h"
 #include "editor/SheetHost.h"
+#include "editor/TextScale.h"
 
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
 namespace tavrin {
 
+class EditorFields;
 class EditorFormatting;
 class EditorFreeformText;
 class EditorLinks;
 class EditorPermission;
+class EditorRecords;
 class EditorSaving;
+class EditorSearchController;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
+class EditorTextCommands;
+class UndoHistory;
 class WorkHost;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
@@ -41,6 +48,9 @@ public:
                            SheetHost &sheets,
                            WorkHost &work,
                            Preferences &preferences);
+    /// A clone window: a second window on the same datafile, for reading. It writes into no record and no
+    /// setting. The main window's controller outlives it, and has no other clone.
+    EditorWindowController(EditorWindowController &mainWindow, SheetHost &sheets, WorkHost &work);
     ~EditorWindowController() override;
 
     void attachView(EditorView &view) { g_view = &view; }
@@ -52,9 +62,18 @@ public:
     DatafileDocument &document() { return g_document; }
     const DatafileDocument &document() const { return g_document; }
     EditorTableController &tableController() { return *g_tableController; }
+    EditorRecords &records() { return *g_records; }
+    EditorFields &fields() { return *g_fields; }
     EditorSelecting &selecting() { return *g_selecting; }
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
+    EditorSearchController &search() { return *g_search; }
+    const EditorSearchController &search() const { return *g_search; }
+    EditorTextCommands &textCommands() { return *g_textCommands; }
+
+    bool isClone() const { return g_mainWindow != nullptr; }
+    /// Of this datafile: 2 while there is a clone window.
+    int windowControllerCount() const { return isClone() || g_cloneWindow ? 2 : 1; }
 
     EditorFreeformText &text() { return *g_text; }
     const EditorFreeformText &text() const { return *g_text; }
@@ -78,7 +97,11 @@ public:
     QColor freeformBackgroundColor() const;
     bool currentRecordLocked() const;
     bool isFreeformTextEditable() const;
-    QStringList recordInfo() const;
+    QStringList recordInfo() const; ///< Modified, viewed, created; by whom each; the size.
+    int textScaleTag() const { return g_textScaleTag; }
+    double textScale() const { return textScaleForTag(g_textScaleTag); }
+    /// Also from the wheel: a tag beyond either end is that end's.
+    void setTextScale(int tag);
 
     // Derived values. Positions count selected records from 0.
     qint64 countSelected() const { return g_document.datafileCatalog().countSelected(); }
@@ -115,7 +138,26 @@ public:
     void viewGeometryDidChange(); ///< The window or the divider was moved.
     void viewSettingsDidChange(); ///< A setting of the view was stored; saved unless the person prefers not.
     void showCurrentRow();        ///< In List View.
+    /// Where the last search or the last editing of a field ended: a LastHitField, or the field's index.
+    qint64 lastHitField() const { return g_lastHitField; }
+    void setLastHitField(qint64 field) { g_lastHitField = field; }
+    /// Searching begins anew, from the find box.
+    void freshenWindowContentSettings();
     void focusFreeformText() { g_view->setFocus(EditorFocus::FreeformText); }
+
+    Preferences &preferences() { return g_preferences; }
+    const Preferences &preferences() const { return g_preferences; }
+    // For the commands on records and fields.
+    QString currentIdentifier() const { return identifierOf(g_currentRecord); }
+    /// Nothing was ever put into the current record: it may go without a question.
+    bool currentRecordMayVanish() const;
+    /// A new record, ready to be typed into.
+    void showNewRecord(const QString &identifier);
+    /// The record at the index was deleted: shows the one that followed, or the first.
+    void showAfterDeletion(qint64 index);
+    void pasteIntoFreeformText(bool plain);
+    void focusTable();
+    bool isTableFocused() const;
 
     // What can be undone beside the typing; null names when there is nothing.
     QString undoName() const;
@@ -133,8 +175,14 @@ public:
     void goForwardOneRecord() { walkViewedRecordList(&RecordHistory::goForward); }
     void switchView();
     void setMode(const QString &mode);
-    void addRecord();    ///< An empty record behind the current one, shown and ready to be typed into.
-    void deleteRecord(); ///< Asks, then deletes the current record.
+    void openCloneWindow();
+    /// A command that concerns the window's looks alone, such as "showRecordInfo:".
+    void askView(const QString &selector) { Q_EMIT viewAsked(selector); }
+    /// While it is on, nothing may be done that changes records or leaves the one shown.
+    void setEditingNonPrintableRecords(bool editing);
+    bool editingNonPrintableRecords() const { return g_editingNonPrintableRecords; }
+    void addRecord();
+    void deleteRecord();
     void saveDocument();
     void saveDocumentAs();
     void saveCopyAs();
@@ -142,6 +190,8 @@ public:
 
     /// Whether the command of that selector ("goToNextRecord:") may run now; false for an unknown one.
     bool validateAction(const QString &selector) const;
+    /// The selectors of every command that a window is to have.
+    static QStringList knownActions();
 
     /// Decides whether the window may close, asking where there are unsaved changes; then `closeAllowed` or
     /// `closeRefused`.
@@ -175,8 +225,15 @@ Q_SIGNALS:
     void closeRefused();
     /// A short line for the status bar, such as "Saved at 12:04".
     void statusMessage(const QString &message);
+    /// Another datafile is to be opened beside this one.
+    void openDatafile(const QString &path);
     /// Save As succeeded in a way that asks for the file to be opened in place of this window.
     void openInPlace(const QString &path);
+    void textScaleChanged();
+    void viewAsked(const QString &selector);
+    void cloneWindowRequested();
+    /// Told by the main window when its clone has to go now.
+    void cloneWindowMustClose();
 
 private:
     DatafileSettingsData &settings() { return g_document.datafileSettings(); }
@@ -192,13 +249,12 @@ private:
     void updateFreeformTextEditability();
     void insertInViewedRecordList(const RecordData *record);
     void markEdited(const QString &identifier);
-    void freshenWindowContentSettings() { g_lastHitField = -1; }
 
+    qint64 indexOfTitle(const QString &start) const;
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);
-    void deleteCurrentRecord();
-    void removeRecord(const QString &identifier, qint64 index);
+    void undoOrRedo(void (UndoHistory::*step)());
     void focusFirstField();
 
     void rememberRecordToOpen();
@@ -208,10 +264,17 @@ private:
     void setUpViewForMode();
     void restoreFocus(EditorFocus focus);
 
+    void setUpCollaborators(WorkHost &work);
+    void reloadClone();
+    void showChangesInClone(const DatafileChange &change);
+    void storeForClone();
+
     void followDocument();
     void documentDidChange(const DatafileChange &change);
     void recordWillBeDeleted(const QString &identifier);
     void recordDidChange(const QString &identifier);
+    void fieldFormatDidChange();
+    void recordsDidChange();
     void catalogDidChange();
     void datafileReverted();
 
@@ -222,21 +285,31 @@ private:
     std::unique_ptr<EditorTableController> g_tableController;
     std::unique_ptr<EditorPermission> g_permission;
     std::unique_ptr<EditorSaving> g_saving;
+    std::unique_ptr<EditorRecords> g_records;
+    std::unique_ptr<EditorFields> g_fields;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
     std::unique_ptr<EditorFreeformText> g_text;
     std::unique_ptr<EditorFormatting> g_formatting;
     std::unique_ptr<EditorLinks> g_links;
+    std::unique_ptr<EditorSearchController> g_search;
+    std::unique_ptr<EditorTextCommands> g_textCommands;
+    EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.
+    EditorWindowController *g_cloneWindow = nullptr; ///< Of a main window that has one.
+    QTimer g_cloneTimer;                             ///< Until the clone shows what is typed here.
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;
-    int g_lastHitField = -1;
+    QString g_mode; ///< Its own: a clone may stand in the other view.
+    qint64 g_lastHitField = -1;
+    int g_textScaleTag = usualTextScaleTag;
     bool g_currentRecordDirty = false;
     bool g_freeformTextEditable = false; ///< As last told to the view.
     bool g_movingInViewedRecordList = false;
     bool g_nowSaving = false;
     bool g_preparing = false;
     bool g_nowSyncing = false;
+    bool g_editingNonPrintableRecords = false;
 };
 
 } // namespace tavrin

@@ -3,6 +3,8 @@
 
 #include "editor/ListTableModel.h"
 
+#include "editor/CellHits.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -39,6 +41,12 @@ QVariant ListTableModel::data(const QModelIndex &index, int role) const
         return {};
     if (role == Qt::FontRole)
         return g_window.tableController().fieldsFont();
+    const EditorFinding &finding = g_window.search().finding();
+    if (role == CellRole::hitColor)
+        return finding.hitColor();
+    if (role == CellRole::hitRanges && !isTextColumn(index.column())
+        && index.row() == g_window.indexOfCurrentRecord())
+        return QVariant::fromValue(finding.hitsInField(g_shownFields.at(index.column())));
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
@@ -70,7 +78,7 @@ Qt::ItemFlags ListTableModel::flags(const QModelIndex &index) const
     if (!index.isValid() || isTextColumn(index.column()))
         return flags;
     const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
-    if (record && !record->recordLocked() && !g_window.nowSyncing())
+    if (record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone())
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -86,6 +94,15 @@ bool ListTableModel::setData(const QModelIndex &index, const QVariant &value, in
         return false;
     Q_EMIT dataChanged(index, index);
     return true;
+}
+
+bool ListTableModel::dropText(const QModelIndex &index, const QString &text)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    const FieldDefinition &field =
+        g_window.document().datafileSettings().fields().at(g_shownFields.at(index.column()));
+    return g_window.tableController().dropText(g_window.recordAtIndex(index.row()), field.identifier(), text);
 }
 
 void ListTableModel::reset()

@@ -5,6 +5,7 @@
 
 #include "document/DatafileDocument.h"
 #include "model/FieldText.h"
+#include "search/DatafileRows.h"
 #include "search/FormattedReplace.h"
 #include "search/RecordWalk.h"
 
@@ -119,7 +120,7 @@ ReplaceAllOutcome replaceAll(DatafileDocument &document,
     if (!catalog.isValidSelectedIndex(first) || !catalog.isValidSelectedIndex(last))
         return {};
     ReplacePlan plan(document, replacement, extent.fieldsToSearchIn, formatting);
-    const bool finished = RecordWalk(document, last - first + 1, progress)
+    const bool finished = RecordWalk(SelectedRecords(document), last - first + 1, progress)
                               .visit(first, last, [&](qint64 record, const RecordView &view) {
                                   if (plan.mayChange(view))
                                       plan.take(catalog.selectedIdentifierAtIndex(record), view);
@@ -137,9 +138,10 @@ ReplaceAllOutcome replaceAll(DatafileDocument &document,
 std::optional<RecordPlace>
 replaceString(DatafileDocument &document, const DatafileHit &hit, const Replacement &replacement)
 {
-    const auto view = document.datafileRecords().view(hit.identifier);
+    const auto view = document.datafileRecords().view(hit.number);
     if (!view || view->recordLocked())
         return {};
+    const QString record = document.datafileRecords().identifiers().text(hit.number);
     const auto [field, range] = hit.hit;
     const bool isInText = field == HitField::freeformText;
     const QList<FieldDefinition> fields = document.datafileSettings().fields();
@@ -158,12 +160,12 @@ replaceString(DatafileDocument &document, const DatafileHit &hit, const Replacem
     if (!replaced)
         return {};
     if (!isInText)
-        document.storeFieldValue(hit.identifier, identifier, replaced->plain);
+        document.storeFieldValue(record, identifier, replaced->plain);
     else if (content.textRTFD.isEmpty())
-        document.storeText(hit.identifier, replaced->plain);
+        document.storeText(record, replaced->plain);
     else
-        document.storeFormattedText(hit.identifier, replaced->plain, replaced->textRTFD);
-    document.markRecordModified(hit.identifier);
+        document.storeFormattedText(record, replaced->plain, replaced->textRTFD);
+    document.markRecordModified(record);
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     const qsizetype behind = range.start + with.size();
     if (isInText)

@@ -4,6 +4,7 @@
 #include "search/DatafileSearch.h"
 
 #include "document/DatafileDocument.h"
+#include "search/DatafileRows.h"
 #include "search/RecordWalk.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@
 namespace tavrin {
 
 DatafileSearch::DatafileSearch(const DatafileDocument &document, KeyOptions options, qint64 fieldsToSearchIn)
-    : g_document(document)
+    : g_row(std::make_shared<SelectedRecords>(document))
     , g_recordSearch(document.datafileSettings(), fieldsToSearchIn)
     , g_options(options)
 {}
@@ -24,29 +25,37 @@ std::vector<SearchKey> DatafileSearch::prepared(const QStringList &keys) const
     return prepared;
 }
 
-/// Visits the records from the start on, and then, if it wraps, those from the other end up to the start,
-/// which is then gone over whole.
-void DatafileSearch::visit(Direction direction,
-                           const SearchStart &start,
-                           bool wraps,
-                           SearchExtent extent,
-                           Progress &progress,
-                           const Visitor &visitor) const
+/// What find(record, place) finds first: from the start on, and then, if it wraps, from the other end up to
+/// the start, which is then gone over whole.
+template <typename Found, typename Find>
+std::optional<Found> DatafileSearch::firstFound(Direction direction,
+                                                const SearchStart &start,
+                                                bool wraps,
+                                                SearchExtent extent,
+                                                Progress &progress,
+                                                Find find) const
 {
-    const qint64 count = g_document.datafileCatalog().countSelected();
+    const qint64 count = g_row->count();
     if (start.record < 0 || start.record >= count)
-        return;
+        return {};
     const bool isForward = direction == Direction::Forward;
     const qint64 last = extent.limitToCurrentRecord ? start.record : isForward ? count - 1 : 0;
-    RecordWalk walk(g_document, count, progress);
-    const bool goesOn = walk.visit(start.record, last, [&](qint64 record, const RecordView &view) {
-        return visitor(record, view, record == start.record ? start.place : RecordPlace());
-    });
-    if (goesOn && wraps && extent.okayToWrap && !extent.limitToCurrentRecord) {
-        walk.visit(isForward ? 0 : count - 1, start.record, [&](qint64 record, const RecordView &view) {
-            return visitor(record, view, RecordPlace());
-        });
+    std::optional<Found> found;
+    RecordWalk walk(*g_row, count, progress);
+    RecordPlace place = start.place;
+    const auto look = [&](qint64 record, const RecordView &view) {
+        found = find(view, record == start.record ? place : RecordPlace());
+        if (found) {
+            found->record = record;
+            found->number = g_row->numbers(record, 1).front();
+        }
+        return !found;
+    };
+    if (walk.visit(start.record, last, look) && wraps && extent.okayToWrap && !extent.limitToCurrentRecord) {
+        place = {};
+        walk.visit(isForward ? 0 : count - 1, start.record, look);
     }
+    return found;
 }
 
 std::optional<DatafileHit> DatafileSearch::searchForString(const QString &key,
@@ -60,20 +69,12 @@ std::optional<DatafileHit> DatafileSearch::searchForString(const QString &key,
     // Whoever begins with the text of the first record has nothing before the start.
     const bool wraps =
         !isForward || g_recordSearch.fieldCount() == 0 || start.currentField || start.record > 0;
-    std::optional<DatafileHit> found;
-    visit(direction,
-          start,
-          wraps,
-          extent,
-          progress,
-          [&](qint64 record, const RecordView &view, const RecordPlace &place) {
-              const auto hit = isForward ? g_recordSearch.forwardSearchInRecord(view, prepared, place)
-                                         : g_recordSearch.reverseSearchInRecord(view, prepared, place);
-              if (hit)
-                  found = {record, g_document.datafileCatalog().selectedIdentifierAtIndex(record), *hit};
-              return !hit;
-          });
-    return found;
+    return firstFound<DatafileHit>(
+        direction, start, wraps, extent, progress, [&](const RecordView &view, const RecordPlace &place) {
+            const auto hit = isForward ? g_recordSearch.forwardSearchInRecord(view, prepared, place)
+                                       : g_recordSearch.reverseSearchInRecord(view, prepared, place);
+            return hit ? std::optional(DatafileHit{.hit = *hit}) : std::nullopt;
+        });
 }
 
 std::optional<DatafileHit> DatafileSearch::forwardSearchForString(const QString &key,
@@ -132,21 +133,10 @@ std::optional<DatafileHits> DatafileSearch::searchForArrayOfStrings(const QStrin
     const std::vector<SearchKey> prepared = this->prepared(keys);
     const bool wraps = direction == Direction::Reverse || g_recordSearch.fieldCount() == 0
                        || start.currentField != 0 || start.record > 0;
-    std::optional<DatafileHits> found;
-    visit(direction,
-          start,
-          wraps,
-          extent,
-          progress,
-          [&](qint64 record, const RecordView &view, const RecordPlace &place) {
-              found = hitsOfAll(prepared, direction, view, place);
-              if (found) {
-                  found->record = record;
-                  found->identifier = g_document.datafileCatalog().selectedIdentifierAtIndex(record);
-              }
-              return !found;
-          });
-    return found;
+    return firstFound<DatafileHits>(
+        direction, start, wraps, extent, progress, [&](const RecordView &view, const RecordPlace &place) {
+            return hitsOfAll(prepared, direction, view, place);
+        });
 }
 
 std::optional<DatafileHits> DatafileSearch::forwardSearchForArrayOfStrings(const QStringList &keys,
@@ -171,10 +161,10 @@ bool DatafileSearch::forEachRecordHolding(
     const std::function<void(qint64 record, const RecordView &view)> &visitor) const
 {
     const std::vector<SearchKey> prepared = this->prepared(keys);
-    const qint64 count = g_document.datafileCatalog().countSelected();
+    const qint64 count = g_row->count();
     if (count == 0)
         return true;
-    return RecordWalk(g_document, count, progress)
+    return RecordWalk(*g_row, count, progress)
         .visit(0, count - 1, [&](qint64 record, const RecordView &view) {
             if (g_recordSearch.holds(view, prepared))
                 visitor(record, view);

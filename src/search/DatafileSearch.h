@@ -4,9 +4,11 @@
 #pragma once
 
 #include "base/Progress.h"
+#include "search/RecordRow.h"
 #include "search/RecordSearch.h"
 
 #include <functional>
+#include <memory>
 
 namespace tavrin {
 
@@ -31,8 +33,8 @@ struct SearchExtent
 /// A record that was found, and what in it.
 struct DatafileHit
 {
-    qint64 record = 0; ///< Its place among the selected records.
-    QString identifier;
+    qint64 record = 0;  ///< Its place among the selected records.
+    quint32 number = 0; ///< Of its identifier.
     RecordHit hit;
 };
 
@@ -40,7 +42,7 @@ struct DatafileHit
 struct DatafileHits
 {
     qint64 record = 0;
-    QString identifier;
+    quint32 number = 0;
     QList<RecordHit> fieldHits;
     QList<text::Match> freeformHits;
     /// To be remembered: the field of the last key that is in a field, or HitField::freeformText.
@@ -49,7 +51,7 @@ struct DatafileHits
     qint64 lastHitField = 0;
 };
 
-/// Searches the selected records of a datafile in their order.
+/// Searches the records of a row, such as the selected ones of a datafile, in their order.
 ///
 /// It reads the records as they are stored: whoever edits one stores the edits first. Nothing is moved,
 /// changed or opened. A search that is cancelled finds nothing. After one that finds nothing, the window
@@ -57,8 +59,14 @@ struct DatafileHits
 class DatafileSearch
 {
 public:
-    /// The document outlives it; its fields stay as they are.
+    /// The selected records of a document, which outlives it and whose fields stay as they are.
     DatafileSearch(const DatafileDocument &document, KeyOptions options, qint64 fieldsToSearchIn);
+    /// On whatever thread the row may be used on.
+    DatafileSearch(std::shared_ptr<const RecordRow> row, const RecordSearch &recordSearch, KeyOptions options)
+        : g_row(std::move(row))
+        , g_recordSearch(recordSearch)
+        , g_options(options)
+    {}
 
     std::optional<DatafileHit> forwardSearchForString(const QString &key,
                                                       const SearchStart &start,
@@ -79,7 +87,7 @@ public:
                                                                SearchExtent extent,
                                                                Progress &progress) const;
 
-    /// Calls visitor(place among the selected, record) for each record that holds every key, in order. False
+    /// Calls visitor(place in the row, record) for each record that holds every key, in order. False
     /// when it was cancelled.
     bool
     forEachRecordHolding(const QStringList &keys,
@@ -91,9 +99,6 @@ public:
 
 private:
     enum class Direction { Forward, Reverse };
-
-    /// Says whether to go on behind that record.
-    using Visitor = std::function<bool(qint64 record, const RecordView &view, const RecordPlace &place)>;
 
     std::vector<SearchKey> prepared(const QStringList &keys) const;
     std::optional<DatafileHit> searchForString(const QString &key,
@@ -110,14 +115,15 @@ private:
                                           Direction direction,
                                           const RecordView &view,
                                           const RecordPlace &place) const;
-    void visit(Direction direction,
-               const SearchStart &start,
-               bool wraps,
-               SearchExtent extent,
-               Progress &progress,
-               const Visitor &visitor) const;
+    template <typename Found, typename Find>
+    std::optional<Found> firstFound(Direction direction,
+                                    const SearchStart &start,
+                                    bool wraps,
+                                    SearchExtent extent,
+                                    Progress &progress,
+                                    Find find) const;
 
-    const DatafileDocument &g_document;
+    std::shared_ptr<const RecordRow> g_row;
     RecordSearch g_recordSearch;
     KeyOptions g_options;
 };

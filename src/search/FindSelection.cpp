@@ -6,37 +6,53 @@
 #include "document/DatafileDocument.h"
 #include "search/RecordWalk.h"
 
-#include <algorithm>
+#include <QCoreApplication>
 
 namespace tavrin {
 
-bool selectForFind(DatafileDocument &document,
-                   const QStringList &keys,
-                   KeyOptions options,
-                   qint64 fieldsToSearchIn,
-                   Progress &progress)
+FindSelection::FindSelection(const DatafileDocument &document,
+                             const QStringList &keys,
+                             KeyOptions options,
+                             qint64 fieldsToSearchIn)
+    : g_row(document, RecordRowSnapshot::Which::Selected)
+    , g_search(document.datafileSettings(), fieldsToSearchIn, HiddenFields::Searched)
 {
+    options.literal = true;
+    for (const QString &key : keys)
+        g_keys.emplace_back(key, options);
+}
+
+void FindSelection::run(Progress &progress)
+{
+    const qint64 count = g_row.count();
+    g_isFinished =
+        count == 0
+        || RecordWalk(g_row, count, progress).visit(0, count - 1, [&](qint64 record, const RecordView &view) {
+               if (g_search.holds(view, g_keys))
+                   g_found.push_back(g_row.number(record));
+               return true;
+           });
+}
+
+Result<bool> FindSelection::apply(DatafileDocument &document) const
+{
+    if (!g_isFinished)
+        return Error{Error::Kind::Cancelled, {}, {}};
     SubsetSortedData &catalog = document.datafileCatalog();
     const qint64 count = catalog.countSelected();
-    if (count == 0)
-        return false;
-    options.literal = true;
-    std::vector<SearchKey> prepared;
-    for (const QString &key : keys)
-        prepared.emplace_back(key, options);
-    const RecordSearch search(document.datafileSettings(), fieldsToSearchIn, HiddenFields::Searched);
-    std::vector<bool> holds(static_cast<size_t>(count), false);
-    const bool finished =
-        RecordWalk(document, count, progress).visit(0, count - 1, [&](qint64 record, const RecordView &view) {
-            holds[static_cast<size_t>(record)] = search.holds(view, prepared);
-            return true;
-        });
-    if (!finished || std::ranges::find(holds, true) == holds.end())
-        return false;
-    size_t place = 0;
+    if (count != g_row.count() || (count > 0 && catalog.selectedNumbers(0, count) != g_row.numbers(0, count)))
+        return Error{Error::Kind::Refused,
+                     QCoreApplication::translate("FindSelection", "The records have changed meanwhile."),
+                     {}};
+    auto found = g_found.begin();
     std::vector<bool> states;
-    for (const CatalogEntry &entry : catalog.entries())
-        states.push_back(entry.currentlySelected() && holds[place++]);
+    for (const CatalogEntry &entry : catalog.entries()) {
+        const bool holds =
+            entry.currentlySelected() && found != g_found.end() && entry.identifier() == *found;
+        states.push_back(holds);
+        if (holds)
+            ++found;
+    }
     const bool isDone = catalog.setFindSelection(states);
     if (isDone)
         document.announceCatalogChange();

@@ -4,18 +4,38 @@
 #pragma once
 
 #include "base/Progress.h"
+#include "base/Result.h"
+#include "search/DatafileRows.h"
 #include "search/RecordSearch.h"
 
 namespace tavrin {
 
 class DatafileDocument;
 
-/// Leaves of the selected records those selected that hold every key as it is written, in the text or a
-/// field, hidden ones too. False, and no change, when there is none, or when it was cancelled.
-bool selectForFind(DatafileDocument &document,
-                   const QStringList &keys,
-                   KeyOptions options,
-                   qint64 fieldsToSearchIn,
-                   Progress &progress);
+/// Leaving of the selected records of a document those selected that hold every key as it is written, in the
+/// text or a field, hidden ones too. In three steps: it is made and applied on the document's thread, and
+/// runs in between on any.
+class FindSelection
+{
+public:
+    FindSelection(const DatafileDocument &document,
+                  const QStringList &keys,
+                  KeyOptions options,
+                  qint64 fieldsToSearchIn);
+
+    /// Once.
+    void run(Progress &progress);
+
+    /// Announces the new selection. False, and no change, when no record holds the keys. Cancelled; Refused
+    /// when the selection or the order changed meanwhile.
+    Result<bool> apply(DatafileDocument &document) const;
+
+private:
+    RecordRowSnapshot g_row;
+    RecordSearch g_search;
+    std::vector<SearchKey> g_keys;
+    std::vector<quint32> g_found; ///< In the order of the row.
+    bool g_isFinished = false;
+};
 
 } // namespace tavrin

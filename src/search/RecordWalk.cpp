@@ -3,8 +3,6 @@
 
 #include "search/RecordWalk.h"
 
-#include "document/DatafileDocument.h"
-
 #include <algorithm>
 
 namespace tavrin {
@@ -25,16 +23,14 @@ bool RecordWalk::visit(qint64 first, qint64 last, const Visitor &visitor)
     constexpr qint64 largestPiece = 4096;
     // What is looked at has to come from memory, mostly; meanwhile the ones before it are looked at.
     constexpr qint64 ahead = 3;
-    const SubsetSortedData &catalog = g_document.datafileCatalog();
-    const DatafileRecordsData &records = g_document.datafileRecords();
     const qint64 step = first <= last ? 1 : -1;
     const qint64 end = last + step;
     qint64 size = firstPiece;
     for (qint64 at = first; at != end; size = std::min(2 * size, largestPiece)) {
         const qint64 count = std::min(size, std::abs(end - at));
-        const std::vector<quint32> numbers = catalog.selectedNumbers(step > 0 ? at : at - count + 1, count);
+        const std::vector<quint32> numbers = g_row.numbers(step > 0 ? at : at - count + 1, count);
         const auto viewOf = [&](qint64 i) {
-            return records.view(numbers[static_cast<size_t>(step > 0 ? i : count - 1 - i)]);
+            return g_row.view(numbers[static_cast<size_t>(step > 0 ? i : count - 1 - i)]);
         };
         for (qint64 i = 0; i < count; ++i, at += step) {
             if (const auto next = i + ahead < count ? viewOf(i + ahead) : std::nullopt)

@@ -4,24 +4,22 @@
 #pragma once
 
 #include "base/Progress.h"
-#include "model/RecordView.h"
+#include "search/RecordRow.h"
 
 #include <functional>
 
 namespace tavrin {
 
-class DatafileDocument;
-
-/// Goes over selected records one by one, in either direction, however many there are.
+/// Goes over the records of a row one by one, in either direction, however many there are.
 class RecordWalk
 {
 public:
-    /// Says whether to go on. The record is given by its place among the selected ones.
+    /// Says whether to go on. The record is given by its place in the row.
     using Visitor = std::function<bool(qint64 record, const RecordView &view)>;
 
     /// `total` is how many records are to be visited in all, for the progress. All of them outlive it.
-    RecordWalk(const DatafileDocument &document, qint64 total, Progress &progress)
-        : g_document(document)
+    RecordWalk(const RecordRow &row, qint64 total, Progress &progress)
+        : g_row(row)
         , g_total(total)
         , g_progress(progress)
     {}
@@ -33,7 +31,7 @@ public:
 private:
     bool goesOn();
 
-    const DatafileDocument &g_document;
+    const RecordRow &g_row;
     qint64 g_total;
     Progress &g_progress;
     qint64 g_done = 0;

@@ -29,12 +29,4 @@ Result<std::vector<bool>> selectionByCriteria(const CatalogRecords &catalog,
                                               const SelectionSettings &settings,
                                               Progress &progress);
 
-/// Whether each entry is one of the selected ones that have every key in their text or in a field, as it is
-/// written, whatever the case unless case-sensitive.
-Result<std::vector<bool>> selectionForFind(const CatalogRecords &catalog,
-                                           const QStringList &keys,
-                                           bool caseSensitive,
-                                           const RecordTexts &texts,
-                                           Progress &progress);
-
 } // namespace tavrin

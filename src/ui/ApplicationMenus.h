@@ -24,9 +24,15 @@ public:
 
     void addOpeningItems(QMenu &file);
     void addQuitItem(QMenu &file);
+    /// What is found with windows of its own, behind an editor window's own items.
+    void addFindItems(QMenu &find);
     void addDatafilesMenu(QMenuBar &bar);
     void addWindowMenu(QMenuBar &bar);
     void addHelpMenu(QMenuBar &bar);
+
+Q_SIGNALS:
+    void findAndReplaceRequested();
+    void multiFileFindRequested();
 
 private:
     void fillRecentMenu(QMenu &menu);

@@ -3,9 +3,14 @@
 
 #include "ui/ApplicationWindows.h"
 
+#include "app/FindAndReplaceController.h"
 #include "app/MainController.h"
+#include "app/MultiFileFindController.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
+#include "ui/FindAndReplacePanel.h"
+#include "ui/MultiFileFindWindow.h"
+#include "ui/RecordInfoPalette.h"
 #include "ui/StartWindow.h"
 
 #include <QApplication>
@@ -23,6 +28,8 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
             window = window->parentWidget();
         return window;
     })
+    , g_spelling(preferences)
+    , g_findAndReplace(std::make_unique<FindAndReplaceController>(preferences))
 {}
 
 ApplicationWindows::~ApplicationWindows() = default;
@@ -31,6 +38,14 @@ void ApplicationWindows::setController(MainController &controller)
 {
     g_controller = &controller;
     g_menus = std::make_unique<ApplicationMenus>(controller);
+    connect(g_menus.get(),
+            &ApplicationMenus::findAndReplaceRequested,
+            this,
+            &ApplicationWindows::openFindAndReplaceDialog);
+    connect(g_menus.get(),
+            &ApplicationMenus::multiFileFindRequested,
+            this,
+            &ApplicationWindows::openMultiFileFind);
     connect(&controller, &MainController::openDatafilesChanged, this, &ApplicationWindows::updateStartWindow);
 }
 
@@ -39,14 +54,39 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
 {
     auto window = std::make_unique<EditorWindow>(document, g_preferences, *g_menus, firstRecord);
     connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
+    if (!g_recordInfoPalette)
+        g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
+    window->setRecordInfoPalette(g_recordInfo);
+    window->setSpelling(g_spelling);
+    connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
+        g_findAndReplace->setDatafileWindowController(&window->controller());
+    });
     window->show();
     return window;
+}
+
+void ApplicationWindows::openFindAndReplaceDialog()
+{
+    if (!g_findAndReplacePanel)
+        g_findAndReplacePanel = std::make_unique<FindAndReplacePanel>(*g_findAndReplace);
+    g_findAndReplacePanel->openFindAndReplaceDialog();
+}
+
+void ApplicationWindows::openMultiFileFind()
+{
+    if (!g_multiFileFind) {
+        g_multiFileFind = std::make_unique<MultiFileFindController>(*g_controller);
+        g_multiFileFindWindow = std::make_unique<MultiFileFindWindow>(*g_multiFileFind);
+    }
+    g_multiFileFindWindow->bringToFront();
 }
 
 void ApplicationWindows::updateStartWindow()
 {
     if (!g_controller->isFullyStarted())
         return;
+    if (g_controller->openDatafileCount() == 0)
+        g_recordInfo.setShown(false);
     if (g_controller->openDatafileCount() > 0) {
         if (g_startWindow)
             g_startWindow->hide();

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "app/DatafileWindow.h"
+#include "editor/RecordInfoPaletteController.h"
+#include "editor/Spelling.h"
 #include "ui/WidgetSheetHost.h"
 #include "ui/WidgetWorkHost.h"
 
@@ -14,8 +16,13 @@
 namespace tavrin {
 
 class ApplicationMenus;
+class FindAndReplaceController;
+class FindAndReplacePanel;
 class MainController;
+class MultiFileFindController;
+class MultiFileFindWindow;
 class Preferences;
+class RecordInfoPalette;
 class StartWindow;
 
 /// Makes the editor windows, and keeps the start window on screen while there are none.
@@ -45,12 +52,23 @@ public:
     void bringToFront();
 
 private:
+    void openFindAndReplaceDialog();
+    void openMultiFileFind();
+
     Preferences &g_preferences;
     MainController *g_controller = nullptr;
     WidgetSheetHost g_sheets;
     WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
+    RecordInfoPaletteController g_recordInfo;
+    Spelling g_spelling;
+    std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
+    std::unique_ptr<FindAndReplaceController> g_findAndReplace;
+    // Windows that are null until they were asked for.
+    std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel;
+    std::unique_ptr<MultiFileFindController> g_multiFileFind;
+    std::unique_ptr<MultiFileFindWindow> g_multiFileFindWindow;
 };
 
 } // namespace tavrin

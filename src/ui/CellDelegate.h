@@ -3,20 +3,21 @@
 
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "ui/HitDelegate.h"
 
 namespace tavrin {
 
-class EditorTableController;
-
 /// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
 /// puts the old value back.
-class CellDelegate : public QStyledItemDelegate
+class CellDelegate : public HitDelegate
 {
     Q_OBJECT
 
 public:
-    CellDelegate(EditorTableController &controller, QObject *parent);
+    using HitDelegate::HitDelegate;
+
+    /// Values are edited on several lines where they are long.
+    void setWraps(bool wraps) { g_wraps = wraps; }
 
     QWidget *createEditor(QWidget *parent,
                           const QStyleOptionViewItem &option,
@@ -28,14 +29,17 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override;
 
 Q_SIGNALS:
+    void editingBegan(const QModelIndex &index) const;
     void textEdited() const;
     /// The editing ended with Return, Tab (forward) or Backtab.
     void moved(bool forward, bool byReturn);
 
 private:
+    static QString accessibleName(const QModelIndex &index);
+    void typed(QWidget *editor) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
 
-    EditorTableController &g_controller;
+    bool g_wraps = false;
 };
 
 /// Shows the fields' names: quieter than their values, beside them, never edited.

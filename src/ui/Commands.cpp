@@ -3,12 +3,14 @@
 
 #include "ui/Commands.h"
 
+#include "editor/EditorRecords.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorWindowController.h"
 #include "ui/FormatCommands.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
@@ -20,6 +22,12 @@ namespace {
 using Controller = EditorWindowController;
 
 constexpr Command separator{"", "", "", "", nullptr};
+
+/// Alt, held while a command is chosen, turns its question off.
+bool isToggled()
+{
+    return QGuiApplication::keyboardModifiers().testFlag(Qt::AltModifier);
+}
 
 constexpr std::array fileTable{
     Command{"saveDocument:",
@@ -50,14 +58,98 @@ constexpr std::array recordTable{
             "Ctrl+Shift+N",
             "TB_C_newRecord",
             [](Controller &window) { window.addRecord(); }},
+    Command{"addRecordWithPaste:",
+            QT_TRANSLATE_NOOP("Commands", "New Record with Paste"),
+            "Ctrl+Alt+Shift+V",
+            "",
+            [](Controller &window) { window.records().addRecordWithPaste(); }},
+    Command{"addRecordWithPasteAsPlainText:",
+            QT_TRANSLATE_NOOP("Commands", "New Record with Paste as Plain Text"),
+            "",
+            "",
+            [](Controller &window) { window.records().addRecordWithPasteAsPlainText(); }},
+    Command{"duplicateCurrentRecord:",
+            QT_TRANSLATE_NOOP("Commands", "D&uplicate Record"),
+            "Ctrl+Alt+D",
+            "",
+            [](Controller &window) { window.records().duplicateCurrentRecord(); }},
+    Command{"addTOC:",
+            QT_TRANSLATE_NOOP("Commands", "New Table of Contents"),
+            "",
+            "",
+            [](Controller &window) { window.records().addTOC(); }},
+    separator,
+    Command{"copyRecord:",
+            QT_TRANSLATE_NOOP("Commands", "&Copy Record"),
+            "Ctrl+Shift+C",
+            "",
+            [](Controller &window) { window.records().copyRecord(); }},
+    Command{"copyRecordWithFieldNames:",
+            QT_TRANSLATE_NOOP("Commands", "Copy Record with Field Na&mes"),
+            "",
+            "",
+            [](Controller &window) { window.records().copyRecordWithFieldNames(); }},
+    separator,
     Command{"deleteRecord:",
             QT_TRANSLATE_NOOP("Commands", "&Delete Record…"),
             "Ctrl+Shift+Backspace",
             "TB_C_deleteRecord",
-            [](Controller &window) { window.deleteRecord(); }},
+            [](Controller &window) { window.records().deleteRecordWithToggle(isToggled()); }},
+    Command{"deleteRecordWithoutWarning:",
+            QT_TRANSLATE_NOOP("Commands", "Delete Record without &Warning"),
+            "Ctrl+Alt+Shift+Backspace",
+            "",
+            [](Controller &window) { window.records().deleteRecordWithoutWarning(); }},
+    Command{"deleteAllSelectedRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Delete &All Selected Records…"),
+            "",
+            "",
+            [](Controller &window) { window.records().deleteAllSelectedRecords(); }},
+    Command{"removeDuplicateRecords:",
+            QT_TRANSLATE_NOOP("Commands", "&Remove Duplicate Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().removeDuplicateRecords(); }},
+    separator,
+    Command{"toggleRecordLocked:",
+            QT_TRANSLATE_NOOP("Commands", "Loc&k or Unlock Record"),
+            "Ctrl+Alt+L",
+            "",
+            [](Controller &window) { window.records().toggleRecordLocked(); }},
+    Command{"lockAllRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Lock All Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().lockAllRecords(); }},
+    Command{"unlockAllRecords:",
+            QT_TRANSLATE_NOOP("Commands", "Unlock All Records"),
+            "",
+            "",
+            [](Controller &window) { window.records().unlockAllRecords(); }},
+    Command{"revertAllRecordsLockedState:",
+            QT_TRANSLATE_NOOP("Commands", "Re&vert Locked State"),
+            "",
+            "",
+            [](Controller &window) { window.records().revertAllRecordsLockedState(); }},
+    separator,
+    Command{"makeThisTheFirstRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Make This the First Record"),
+            "",
+            "",
+            [](Controller &window) { window.records().makeThisTheFirstRecord(); }},
+    Command{"makeThisTheLastRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Make This the Last Record"),
+            "",
+            "",
+            [](Controller &window) { window.records().makeThisTheLastRecord(); }},
+    Command{"moveAfterRecordNumber:",
+            QT_TRANSLATE_NOOP("Commands", "Move A&fter Record Number…"),
+            "",
+            "",
+            [](Controller &window) { window.records().moveAfterRecordNumber(); }},
     separator,
     Command{"goToFirstRecord:",
-            QT_TRANSLATE_NOOP("Commands", "&First Record"),
+            QT_TRANSLATE_NOOP("Commands", "F&irst Record"),
             "Ctrl+Home",
             "TB_C_first",
             [](Controller &window) { window.goToFirstRecord(); }},
@@ -168,6 +260,70 @@ constexpr std::array sortTable{
             [](Controller &window) { window.sorting().editSortTasks(); }},
 };
 
+constexpr std::array findTable{
+    Command{"activateFindBox:",
+            QT_TRANSLATE_NOOP("Commands", "&Find"),
+            "Ctrl+F",
+            "",
+            [](Controller &window) { window.search().activateFindBox(); }},
+    // The keys of these are not the keys that are held down with a button: those are commands here.
+    Command{"forwardSearch:",
+            QT_TRANSLATE_NOOP("Commands", "Find &Next"),
+            "Ctrl+G; F3",
+            "TB_C_findFwd",
+            [](Controller &window) { window.search().forwardSearch({}); }},
+    Command{"reverseSearch:",
+            QT_TRANSLATE_NOOP("Commands", "Find &Previous"),
+            "Ctrl+Shift+G; Shift+F3",
+            "TB_C_findBwd",
+            [](Controller &window) { window.search().reverseSearch({}); }},
+    Command{"forwardSearchAfterRecord:",
+            QT_TRANSLATE_NOOP("Commands", "Find Behind This &Record"),
+            "Ctrl+Alt+G; Alt+F3",
+            "",
+            [](Controller &window) { window.search().forwardSearch({.option = true}); }},
+    Command{"forwardSearchToHit:",
+            QT_TRANSLATE_NOOP("Commands", "Find Next and &Go There"),
+            "Ctrl+F3",
+            "",
+            [](Controller &window) { window.search().forwardSearch({.control = true}); }},
+    Command{"useSelectionForFind:",
+            QT_TRANSLATE_NOOP("Commands", "&Use Selection for Find"),
+            "Ctrl+E",
+            "",
+            [](Controller &window) { window.search().useSelectionForFind(); }},
+    Command{"insertAmpersand:",
+            QT_TRANSLATE_NOOP("Commands", "&Insert &&&& Between Keys"),
+            "",
+            "",
+            [](Controller &window) { window.search().insertAmpersand(); }},
+    separator,
+    Command{"toggleSelectMode:",
+            QT_TRANSLATE_NOOP("Commands", "&Select Instead of Finding"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleSelectMode(); },
+            [](const Controller &window) { return window.search().isSelectMode(); }},
+    Command{"toggleEntryStyle:",
+            QT_TRANSLATE_NOOP("Commands", "Keys Between &Blanks, Phrases in Quotes"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleEntryStyle(); },
+            [](const Controller &window) { return window.search().isInternetStyle(); }},
+    Command{"toggleCaseSensitivity:",
+            QT_TRANSLATE_NOOP("Commands", "&Case Sensitive"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleCaseSensitivity(); },
+            [](const Controller &window) { return window.search().isCaseSensitive(); }},
+    Command{"toggleFindOptionsLock:",
+            QT_TRANSLATE_NOOP("Commands", "&Lock These Options"),
+            "",
+            "",
+            [](Controller &window) { window.search().toggleOptionsLock(); },
+            [](const Controller &window) { return window.search().areOptionsLocked(); }},
+};
+
 const Command *find(std::span<const Command> table, const QString &selector)
 {
     const auto found = std::ranges::find_if(table, [&selector](const Command &command) {
@@ -198,10 +354,22 @@ std::span<const Command> sortCommands()
     return sortTable;
 }
 
+std::span<const Command> findCommands()
+{
+    return findTable;
+}
+
 const Command *commandForSelector(const QString &selector)
 {
-    for (const std::span<const Command> table :
-         {fileCommands(), recordCommands(), selectCommands(), sortCommands()}) {
+    for (const std::span<const Command> table : {fileCommands(),
+                                                 recordCommands(),
+                                                 fieldCommands(),
+                                                 backupCommands(),
+                                                 selectCommands(),
+                                                 sortCommands(),
+                                                 findCommands(),
+                                                 viewCommands(),
+                                                 textCommands()}) {
         if (const Command *command = find(table, selector))
             return command;
     }

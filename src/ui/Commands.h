@@ -23,13 +23,21 @@ struct Command
     const char *shortcut; ///< Portable key text, several separated by ";"; empty for none.
     const char *icon;     ///< Image name; empty for none.
     void (*run)(EditorWindowController &window);
+    /// Whether a check mark stands before it; null for a command that has none.
+    bool (*isOn)(const EditorWindowController &window) = nullptr;
 };
 
 /// A menu's commands in order; a command without a selector is a separator.
 std::span<const Command> fileCommands();
 std::span<const Command> recordCommands();
+std::span<const Command> fieldCommands();
+std::span<const Command> backupCommands();
 std::span<const Command> selectCommands();
 std::span<const Command> sortCommands();
+std::span<const Command> findCommands();
+// Of the window's looks, and the small ones on the text.
+std::span<const Command> viewCommands();
+std::span<const Command> textCommands();
 
 /// Every command of an editor window by its selector; null for an unknown one.
 const Command *commandForSelector(const QString &selector);

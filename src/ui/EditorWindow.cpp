@@ -6,16 +6,19 @@
 #include "document/DatafileDocument.h"
 #include "editor/EditorFreeformText.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorToolbarController.h"
+#include "ui/CellEditor.h"
 #include "ui/DatafileDrop.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 #include "ui/WindowFrame.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -33,19 +36,44 @@ EditorWindow::EditorWindow(DatafileDocument &document,
     : g_sheets([this] { return this; })
     , g_work(this)
     , g_controller(document, g_sheets, g_work, preferences)
+    , g_menus(menus)
+{
+    build();
+    g_controller.attachView(*this);
+    g_controller.prepare(firstRecord);
+    updateAll();
+}
+
+EditorWindow::EditorWindow(CloneOf original)
+    : g_sheets([this] { return this; })
+    , g_work(this)
+    , g_controller(original.mainWindow.g_controller, g_sheets, g_work)
+    , g_menus(original.mainWindow.g_menus)
+{
+    build();
+    g_controller.attachView(*this);
+    const RecordData *shown = original.mainWindow.g_controller.currentRecord();
+    g_controller.prepare(shown ? shown->identifier() : QString());
+    updateAll();
+}
+
+void EditorWindow::build()
 {
     setAcceptDrops(true);
     resize(860, 620);
     buildTables();
     buildTextArea();
     setCentralWidget(g_splitter);
-    buildMenus(menus);
+    buildMenus(g_menus);
     buildToolbar();
+    buildFinding();
     buildStatusBar();
     followController();
+    followView();
+}
 
-    g_controller.attachView(*this);
-    g_controller.prepare(firstRecord);
+void EditorWindow::updateAll()
+{
     updateMode();
     updateRecord();
     updateStatus();
@@ -91,19 +119,21 @@ void EditorWindow::updateMode()
     g_listViewAction->setChecked(!basic);
     if (!basic)
         applyColumnWidths();
+    updateToolbar();
 }
 
 void EditorWindow::updateRecord()
 {
     updateOperations();
     updateStatus();
+    updateRecordInfo();
 }
 
 void EditorWindow::updateStatus()
 {
     g_recordNumberButton->setText(g_controller.recordNumberText());
     g_selectionButton->setText(g_controller.selectionText());
-    g_recordLocked->setVisible(g_controller.currentRecordLocked());
+    updateLockButton();
     g_readOnlyMark->setVisible(g_controller.document().openedReadOnly());
 }
 
@@ -116,13 +146,25 @@ void EditorWindow::updateTitle()
     setWindowFilePath(g_controller.document().filePath());
     setWindowModified(g_controller.document().isModified());
     g_textTitle->setText(g_controller.textName());
-    g_text->setFont(g_controller.textFont());
+    setTextScale(g_controller.textScale());
+    updateToolbar();
+    updateTableLooks();
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
     g_text->setMayHaveFormats(g_controller.text().mayHaveFormats(), g_controller.text().mayHaveImages());
     updateStatus();
 }
 
 // What the controller asks of the widgets.
+
+void EditorWindow::pasteIntoFreeformText(bool plain)
+{
+    if (g_text->isReadOnly())
+        return;
+    if (plain)
+        g_text->pasteAsPlainText();
+    else
+        g_text->paste();
+}
 
 RecordTableView &EditorWindow::visibleTable() const
 {
@@ -161,16 +203,14 @@ void EditorWindow::editTableCell(int row, int column)
 void EditorWindow::resumeTableCell(int row, int column)
 {
     visibleTable().editCell(row, column);
-    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
-        editor->end(false);
-        editor->deselect();
-    }
+    QWidget *editor = QApplication::focusWidget();
+    selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
 }
 
 void EditorWindow::insertIntoCell(const QString &text)
 {
-    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
-        editor->insert(text);
+    if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
+        insertInCell(editor, text);
 }
 
 EditorFocus EditorWindow::focus() const
@@ -244,8 +284,11 @@ void EditorWindow::closeEvent(QCloseEvent *event)
 void EditorWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         g_controller.windowDidBecomeMain();
+        updateRecordInfo();
+        Q_EMIT activated();
+    }
 }
 
 void EditorWindow::showEvent(QShowEvent *event)

@@ -12,10 +12,12 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include <functional>
 #include <span>
 #include <utility>
 
 class QAction;
+class QActionGroup;
 class QLabel;
 class QMenu;
 class QSplitter;
@@ -27,9 +29,16 @@ namespace tavrin {
 class ApplicationMenus;
 class CellDelegate;
 struct Command;
+class FindBox;
+class EditorToolbar;
+class EditorToolbarController;
+class FieldWrapping;
 class FreeformRuler;
 class FreeformTextEdit;
+class RecordInfoPaletteController;
 class RecordTableView;
+class Spelling;
+class WindowFindView;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
 class EditorWindow : public QMainWindow, public DatafileWindow, public EditorView
@@ -43,7 +52,20 @@ public:
                  Preferences &preferences,
                  ApplicationMenus &menus,
                  const QString &firstRecord);
+    /// A clone of that window, which outlives it.
+    struct CloneOf
+    {
+        EditorWindow &mainWindow;
+    };
+    explicit EditorWindow(CloneOf original);
     ~EditorWindow() override;
+
+    /// The palette that all windows share; it outlives the window.
+    void setRecordInfoPalette(RecordInfoPaletteController &palette);
+    /// The spelling that all windows share; it outlives the window.
+    void setSpelling(Spelling &spelling);
+    /// Where the toolbar's find box comes from, each time that the toolbar is built.
+    void setFindBoxSource(std::function<QWidget *(QWidget *parent)> source);
 
     // DatafileWindow
     EditorWindowController &controller() override { return g_controller; }
@@ -61,6 +83,7 @@ public:
     bool isFreeformTextModified() const override;
     void clearFreeformTextModified() override;
     void setFreeformTextEditable(bool editable) override;
+    void pasteIntoFreeformText(bool plain) override;
     bool isTableEditing() const override;
     void endTableEditing() override;
     void selectTableRow(int row) override;
@@ -72,9 +95,15 @@ public:
     void setFrame(const QString &frame) override;
     double splitHeight() const override;
     void setSplitHeight(double height) override;
+    void insertTyped(const QString &text) override;
+    void setTextScale(double scale) override;
+    std::pair<int, int> cellTextSelection() const override;
+    void setCellTextSelection(int start, int length) override;
 
 Q_SIGNALS:
     void datafilesDropped(const QStringList &paths);
+    /// The person turned to this window.
+    void activated();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -86,18 +115,35 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void build();
+    void updateAll();
     void buildTables();
+    void followTables();
+    void updateTableLooks();
+    void hitBasicCell(const QModelIndex &index);
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
     void buildFormatMenu();
     void buildViewMenu();
     void buildSortMenu();
+    void buildFinding();
     void buildColumnMenu();
     void showColumnMenu(int column, const QPoint &position);
     void addCommands(QMenu *menu, std::span<const Command> commands);
     void buildToolbar();
     void buildStatusBar();
+    void buildLockButton();
+    void buildTextMenu(QMenu &menu);
+    void buildTextScaleMenu(QMenu &menu);
+    void followToolbar();
+    void followView();
+    void doForView(const QString &selector);
+    void updateToolbar();
+    void updateRecordInfo();
+    void updateLockButton();
+    void openClone();
+    void closeClone();
     void followController();
     void followText();
     void updateRuler();
@@ -118,6 +164,8 @@ private:
     WidgetWorkHost g_work;
     EditorWindowController g_controller;
     QHash<QString, QAction *> g_actions;
+    FindBox *g_findBox = nullptr;
+    std::unique_ptr<WindowFindView> g_findView;
     QStackedWidget *g_tables = nullptr;
     RecordTableView *g_basicTable = nullptr;
     RecordTableView *g_listTable = nullptr;
@@ -127,7 +175,7 @@ private:
     FreeformTextEdit *g_text = nullptr;
     QToolButton *g_recordNumberButton = nullptr;
     QToolButton *g_selectionButton = nullptr;
-    QLabel *g_recordLocked = nullptr;
+    QToolButton *g_recordLocked = nullptr;
     QLabel *g_readOnlyMark = nullptr;
     QAction *g_basicViewAction = nullptr;
     QAction *g_listViewAction = nullptr;
@@ -136,6 +184,14 @@ private:
     std::pair<bool, bool> g_caretPlace; ///< Whether the caret is in a link, and in a table.
     bool g_closing = false;
     bool g_applyingWidths = false;
+    std::unique_ptr<EditorToolbarController> g_toolbarController;
+    EditorToolbar *g_toolbar = nullptr;
+    QActionGroup *g_textScaleActions = nullptr;
+    RecordInfoPaletteController *g_recordInfo = nullptr;
+    ApplicationMenus &g_menus;
+    FieldWrapping *g_fieldWrapping = nullptr;
+    Spelling *g_spelling = nullptr;
+    std::unique_ptr<EditorWindow> g_clone; ///< Goes before its main window.
 };
 
 } // namespace tavrin

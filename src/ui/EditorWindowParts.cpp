@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// How an editor window is put together: its tables, text area, menus, toolbar and status bar.
+// How an editor window is put together: its tables, text area, menus and status bar.
 
 #include "editor/BasicTableModel.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/ListTableModel.h"
@@ -11,10 +12,13 @@
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
+#include "ui/FieldWrapping.h"
+#include "ui/FindBox.h"
 #include "ui/FreeformRuler.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
 #include "ui/RecordTableView.h"
+#include "ui/WindowFindView.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -24,7 +28,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -45,15 +48,13 @@ void EditorWindow::buildTables()
     g_basicTable->horizontalHeader()->hide();
     g_basicTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     g_basicTable->horizontalHeader()->setStretchLastSection(true);
-    auto *basicDelegate = new CellDelegate(tables, g_basicTable);
+    auto *basicDelegate = new CellDelegate(g_basicTable);
     g_basicTable->setItemDelegate(basicDelegate);
-    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn,
-                                           new FieldNameDelegate(tables, g_basicTable));
+    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn, new FieldNameDelegate(g_basicTable));
     connect(basicDelegate, &CellDelegate::moved, this, [this](bool forward) { moveInBasicView(forward); });
-    // A click on a field's name edits its value.
-    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, [this](const QModelIndex &index) {
-        g_basicTable->editCell(index.row(), BasicTableModel::ValueColumn);
-    });
+    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, &EditorWindow::hitBasicCell);
+    g_fieldWrapping = new FieldWrapping(tables, *g_basicTable, *basicDelegate);
+    g_fieldWrapping->setParent(this);
     connect(g_basicTable->selectionModel(),
             &QItemSelectionModel::currentRowChanged,
             this,
@@ -65,7 +66,7 @@ void EditorWindow::buildTables()
     g_listTable->setModel(&tables.listTableModel());
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();
-    auto *listDelegate = new CellDelegate(tables, g_listTable);
+    auto *listDelegate = new CellDelegate(g_listTable);
     g_listTable->setItemDelegate(listDelegate);
     connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
     connect(g_listTable, &RecordTableView::uneditableCellClicked, this, [this] { g_text->setFocus(); });
@@ -87,23 +88,18 @@ void EditorWindow::buildTables()
     connect(
         &tables.listTableModel(), &QAbstractItemModel::modelReset, this, &EditorWindow::applyColumnWidths);
 
-    for (const CellDelegate *delegate : {basicDelegate, listDelegate})
+    for (const CellDelegate *delegate : {basicDelegate, listDelegate}) {
         connect(
             delegate, &CellDelegate::textEdited, &g_controller, &EditorWindowController::cellTextDidChange);
+        // A search goes on behind the field that was edited last.
+        connect(delegate, &CellDelegate::editingBegan, this, [this, &tables](const QModelIndex &index) {
+            const bool isBasic = g_controller.isBasicView();
+            g_controller.setLastHitField(isBasic ? index.row() : tables.fieldForListColumn(index.column()));
+        });
+    }
     g_tables->addWidget(g_basicTable);
     g_tables->addWidget(g_listTable);
-}
-
-void EditorWindow::applyColumnWidths()
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_applyingWidths = true;
-    const int height = qRound(tables.listViewRowHeight()) + 6;
-    for (RecordTableView *table : {g_basicTable, g_listTable})
-        table->verticalHeader()->setDefaultSectionSize(height);
-    for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
-        g_listTable->setColumnWidth(column, qRound(tables.columnWidth(column)));
-    g_applyingWidths = false;
+    followTables();
 }
 
 void EditorWindow::buildTextArea()
@@ -145,12 +141,15 @@ QAction *EditorWindow::actionFor(const QString &selector)
     if (QAction *made = g_actions.value(selector))
         return made;
     const Command *command = commandForSelector(selector);
+    if (!command)
+        return nullptr;
     auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
     action->setObjectName(selector);
     if (*command->shortcut)
         action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command->shortcut)));
     if (*command->icon)
         action->setIcon(imageNamed(QString::fromLatin1(command->icon)));
+    action->setCheckable(command->isOn != nullptr);
     connect(action, &QAction::triggered, &g_controller, [this, run = command->run] { run(g_controller); });
     g_actions.insert(selector, action);
     return action;
@@ -164,15 +163,20 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     QAction *close = file->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(Qt::CTRL | Qt::Key_W);
     addCommands(file, fileCommands());
+    addCommands(file, backupCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 
     buildEditMenu();
     buildViewMenu();
     addCommands(menuBar()->addMenu(tr("&Record")), recordCommands());
+    addCommands(menuBar()->addMenu(tr("Fie&lds")), fieldCommands());
     addCommands(menuBar()->addMenu(tr("&Select")), selectCommands());
     buildSortMenu();
     buildFormatMenu();
+    QMenu *find = menuBar()->addMenu(tr("F&ind"));
+    addCommands(find, findCommands());
+    menus.addFindItems(*find);
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
@@ -222,25 +226,6 @@ void EditorWindow::buildColumnMenu()
     });
 }
 
-void EditorWindow::showColumnMenu(int column, const QPoint &position)
-{
-    if (column < 0)
-        return;
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](const QString &text, bool descending) {
-        menu->addAction(text, &g_controller, [this, column, descending] {
-            g_controller.sorting().sortByColumn(column, descending);
-        });
-    };
-    add(tr("Sort &Ascending"), false);
-    add(tr("Sort &Descending"), true);
-    menu->addSeparator();
-    menu->addAction(actionFor(u"sortByFields:"_s));
-    menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
-    menu->popup(position);
-}
-
 void EditorWindow::buildViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
@@ -255,44 +240,25 @@ void EditorWindow::buildViewMenu()
     };
     g_basicViewAction = add(tr("&Basic View"), u"TB_C_basicView"_s, Qt::Key_1, u"Basic"_s);
     g_listViewAction = add(tr("&List View"), u"TB_C_listView"_s, Qt::Key_2, u"List"_s);
+    addCommands(menu, viewCommands().first(3));
+    buildTextScaleMenu(*menu);
+    addCommands(menu, viewCommands().subspan(3));
 }
 
-void EditorWindow::buildToolbar()
+void EditorWindow::buildFinding()
 {
-    QToolBar *toolbar = addToolBar(tr("Toolbar"));
-    toolbar->setObjectName(u"toolbar"_s);
-    toolbar->setMovable(false);
-    toolbar->setIconSize(QSize(22, 22));
-    const auto add = [&](const char *selector, const QString &label) {
-        QAction *action = actionFor(QString::fromLatin1(selector));
-        action->setIconText(label);
-        action->setToolTip(u"%1 (%2)"_s.arg(label, action->shortcut().toString(QKeySequence::NativeText)));
-        toolbar->addAction(action);
-    };
-    add("addRecord:", tr("New Record"));
-    add("deleteRecord:", tr("Delete Record"));
-    toolbar->addSeparator();
-    add("goToFirstRecord:", tr("First Record"));
-    add("goToPreviousRecord:", tr("Previous Record"));
-    add("goToNextRecord:", tr("Next Record"));
-    add("goToLastRecord:", tr("Last Record"));
-    toolbar->addSeparator();
-    add("goBackOneRecord:", tr("Back"));
-    add("goForwardOneRecord:", tr("Forward"));
-    toolbar->addSeparator();
-    add("selectRecords:", tr("Select Records"));
-    add("selectAllRecords:", tr("Select All Records"));
-    add("switchToOmitted:", tr("Switch to Omitted"));
-    add("sortByFields:", tr("Sort"));
-    auto *space = new QWidget(toolbar);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    toolbar->addWidget(space);
-    toolbar->addAction(g_basicViewAction);
-    toolbar->addAction(g_listViewAction);
-    for (QAction *action : {g_basicViewAction, g_listViewAction}) {
-        if (auto *button = qobject_cast<QToolButton *>(toolbar->widgetForAction(action)))
-            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    }
+    addToolBarBreak();
+    QToolBar *row = addToolBar(tr("Find"));
+    row->setObjectName(u"findRow"_s);
+    row->setMovable(false);
+    g_findBox = new FindBox(g_controller.search(), row);
+    row->addWidget(g_findBox);
+    g_findView = std::make_unique<WindowFindView>(
+        *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
+    g_controller.search().attachView(*g_findView);
+    connect(&g_controller.search(), &EditorSearchController::counted, this, [this](const QString &line) {
+        statusBar()->showMessage(line);
+    });
 }
 
 void EditorWindow::buildStatusBar()
@@ -300,6 +266,7 @@ void EditorWindow::buildStatusBar()
     const auto makeButton = [this](const QString &name, const QString &toolTip) {
         auto *button = new QToolButton(this);
         button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(name);
         button->setToolTip(toolTip);
         button->setPopupMode(QToolButton::InstantPopup);
@@ -308,10 +275,7 @@ void EditorWindow::buildStatusBar()
         statusBar()->addPermanentWidget(button);
         return button;
     };
-    g_recordLocked = new QLabel(this);
-    g_recordLocked->setPixmap(imageNamed(u"TB_C_recordlocked"_s).pixmap(16, 16));
-    g_recordLocked->setToolTip(tr("This record is locked"));
-    statusBar()->addPermanentWidget(g_recordLocked);
+    buildLockButton();
     g_readOnlyMark = new QLabel(tr("Read-only"), this);
     g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
     statusBar()->addPermanentWidget(g_readOnlyMark);
@@ -327,29 +291,13 @@ void EditorWindow::buildStatusBar()
     addCommands(g_selectionButton->menu(), selectCommands());
 }
 
-void EditorWindow::moveInBasicView(bool forward)
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_basicTable->editCell(tables.fieldAfter(tables.currentField(), forward), BasicTableModel::ValueColumn);
-}
-
-void EditorWindow::moveInListView(bool forward, bool byReturn)
-{
-    const int columns =
-        static_cast<int>(g_controller.tableController().listTableModel().shownFields().size());
-    const QModelIndex index = g_listTable->currentIndex();
-    if (byReturn || columns == 0) {
-        g_listTable->setFocus();
-        return;
-    }
-    const int next = (index.column() + (forward ? 1 : columns - 1)) % columns;
-    g_listTable->editCell(index.row(), next);
-}
-
 void EditorWindow::updateOperations()
 {
-    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action)
+    for (auto action = g_actions.cbegin(); action != g_actions.cend(); ++action) {
         action.value()->setEnabled(g_controller.validateAction(action.key()));
+        if (const Command *command = commandForSelector(action.key()); command && command->isOn)
+            action.value()->setChecked(command->isOn(g_controller));
+    }
     const bool canSwitch = g_controller.validateAction(u"switchView:"_s);
     g_basicViewAction->setEnabled(canSwitch);
     g_listViewAction->setEnabled(canSwitch);

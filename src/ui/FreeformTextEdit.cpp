@@ -7,8 +7,10 @@
 #include "editor/TextChanging.h"
 #include "editor/TextLists.h"
 #include "ui/DatafileDrop.h"
+#include "ui/HitColors.h"
 #include "ui/LinkColors.h"
 #include "ui/TextClipboard.h"
+#include "ui/TextMarks.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -28,6 +30,7 @@ FreeformTextEdit::FreeformTextEdit(QWidget *parent)
     : QTextEdit(parent)
     , g_device(*viewport())
     , g_linkColors(new LinkColors(*document()))
+    , g_marks(new TextMarks(*this))
 {
     // Every 28 points, where nobody set a tab stop.
     constexpr double tabDistance = 37;
@@ -107,6 +110,48 @@ void FreeformTextEdit::setPaperColor(const QColor &color)
         return;
     g_paperColor = color;
     applyPaperColor();
+}
+
+void FreeformTextEdit::showHits(const QList<text::Match> &hits, const QColor &color)
+{
+    const auto end = static_cast<qsizetype>(document()->characterCount() - 1);
+    g_hits.clear();
+    g_hitColor = color;
+    for (const text::Match &hit : hits) {
+        if (hit.start < 0 || hit.start + hit.length > end)
+            continue;
+        QTextCursor cursor(document());
+        cursor.setPosition(static_cast<int>(hit.start));
+        cursor.setPosition(static_cast<int>(hit.start + hit.length), QTextCursor::KeepAnchor);
+        g_hits.append(cursor);
+    }
+    applyHits();
+}
+
+void FreeformTextEdit::applyHits()
+{
+    // The last hit is selected as well: on what marks it, the hit's colour must be read, too.
+    QPalette colors = palette();
+    const QPalette usual = QApplication::palette(this);
+    const HitColors hitColors(g_hitColor, colors.color(QPalette::Active, QPalette::Base));
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const bool hasHits = !g_hits.isEmpty();
+        colors.setColor(
+            group, QPalette::Highlight, hasHits ? hitColors.mark : usual.color(group, QPalette::Highlight));
+        colors.setColor(group,
+                        QPalette::HighlightedText,
+                        hasHits ? hitColors.text : usual.color(group, QPalette::HighlightedText));
+    }
+    setPalette(colors);
+    QList<ExtraSelection> shown;
+    for (const QTextCursor &hit : g_hits) {
+        ExtraSelection selection;
+        selection.cursor = hit;
+        selection.format.setForeground(hitColors.text);
+        selection.format.setBackground(hitColors.mark);
+        shown.append(selection);
+    }
+    g_marks->setMarks(QStringLiteral("found"), shown);
 }
 
 // Keys.
@@ -364,6 +409,8 @@ void FreeformTextEdit::applyPaperColor()
     colors.setColor(QPalette::Link, isLight() ? QColor(0, 0, 200) : QColor(140, 180, 255));
     setPalette(colors);
     g_linkColors->setColor(colors.color(QPalette::Link));
+    if (!g_hits.isEmpty())
+        applyHits();
 }
 
 } // namespace tavrin

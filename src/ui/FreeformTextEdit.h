@@ -5,6 +5,7 @@
 
 #include "editor/AttachmentObject.h"
 #include "richtext/AttributedText.h"
+#include "text/TextMatcher.h"
 #include "ui/ScaledDevice.h"
 
 #include <QColor>
@@ -15,6 +16,7 @@
 namespace tavrin {
 
 class LinkColors;
+class TextMarks;
 
 /// The Freeform Text Area.
 ///
@@ -49,6 +51,11 @@ public:
 
     void pasteAsPlainText();
 
+    /// Colours these ranges, and no others, until the text is another one. They are not part of the text.
+    void showHits(const QList<text::Match> &hits, const QColor &color);
+    /// What is drawn over the text.
+    TextMarks &marks() { return *g_marks; }
+
 Q_SIGNALS:
     /// The person changed the text.
     void edited();
@@ -77,6 +84,7 @@ protected:
 
 private:
     void applyPaperColor();
+    void applyHits();
     bool handleStructureKey(const QKeyEvent &event);
     bool moveInTable(bool forward);
     void leaveLinkAndAttachment();
@@ -86,6 +94,9 @@ private:
     AttachmentObject g_attachments;
     ScaledDevice g_device;
     LinkColors *g_linkColors;
+    TextMarks *g_marks;
+    QList<QTextCursor> g_hits;
+    QColor g_hitColor;
     QColor g_paperColor;
     QString g_pressedLink;
     bool g_loading = false;

@@ -8,13 +8,18 @@
 #include "editor/AlertSheetController.h"
 #include "editor/EnterPasswordSheetController.h"
 #include "editor/FileSheetController.h"
+#include "editor/FormSheetController.h"
 #include "editor/GotoRecordSheetController.h"
+#include "editor/ModifyFieldsSheetController.h"
 #include "editor/SelectRecordsSheetController.h"
 #include "editor/SortFieldsSheetController.h"
 #include "editor/SortFreeformSheetController.h"
 #include "editor/SortTaskNameSheetController.h"
 #include "editor/SortTasksSheetController.h"
+#include "ui/DialogParts.h"
+#include "ui/FormDialog.h"
 #include "ui/LookDialogs.h"
+#include "ui/ModifyFieldsDialog.h"
 #include "ui/NewDatafileDialog.h"
 #include "ui/SelectRecordsDialog.h"
 #include "ui/SortDialogs.h"
@@ -129,10 +134,18 @@ makeEntryDialog(QVSheetController &sheet, const QString &title, const QString &l
 
 QDialog *makeGotoRecord(GotoRecordSheetController &sheet, QWidget *parent)
 {
-    const EntryDialog made = makeEntryDialog(sheet,
-                                             translated("Go to Record Number"),
-                                             translated("Record number (1 to %1):").arg(sheet.maximum()),
-                                             parent);
+    const bool goes = sheet.purpose() == GotoRecordSheetController::Purpose::GoTo;
+    const QString label = goes ? translated("Number (1 to %1), or start of a title:")
+                               : translated("Move behind record number (1 to %1):");
+    const EntryDialog made =
+        makeEntryDialog(sheet,
+                        goes ? translated("Go to Record") : translated("Move After Record Number"),
+                        label.arg(QLocale().toString(sheet.maximum())),
+                        parent);
+    QLabel *note = makeNoteLabel(made.dialog);
+    static_cast<QFormLayout *>(made.dialog->layout())->insertRow(1, note);
+    QObject::connect(
+        &sheet, &QVSheetController::changed, note, [&sheet, note] { setNote(note, sheet.problem()); });
     made.entry->setText(sheet.entry());
     made.entry->selectAll();
     QObject::connect(made.entry, &QLineEdit::textChanged, &sheet, &GotoRecordSheetController::setEntry);
@@ -192,6 +205,10 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return makeSortTaskName(*name, parent);
     if (auto *tasks = qobject_cast<SortTasksSheetController *>(&sheet))
         return new SortTasksDialog(*tasks, parent);
+    if (auto *form = qobject_cast<FormSheetController *>(&sheet))
+        return new FormDialog(*form, parent);
+    if (auto *modify = qobject_cast<ModifyFieldsSheetController *>(&sheet))
+        return new ModifyFieldsDialog(*modify, parent);
     if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
         return new NewDatafileDialog(*datafile, parent);
     if (QDialog *look = makeLookDialog(sheet, parent))

@@ -26,7 +26,6 @@ private Q_SLOTS:
     void aDatafileWithoutCatalogIsSorted();
     void selectingStoresCriteriaAndMarks();
     void aSelectionOfNothingIsNotKept();
-    void findKeysNarrowTheSelection();
 
 private:
     std::unique_ptr<DatafileDocument> opened(const plist::Dictionary &root) const
@@ -297,25 +296,6 @@ void ArrangementTest::aSelectionOfNothingIsNotKept()
     QVERIFY(!arrangement.omit(u"r0"_s) && !arrangement.omit(u"r4"_s));
     QCOMPARE(errors.size(), 3);
     QCOMPARE(document->datafileCatalog().selectedIdentifiers(), QStringList{u"r4"_s});
-}
-
-void ArrangementTest::findKeysNarrowTheSelection()
-{
-    const auto document = opened(root());
-    DatafileArrangement arrangement(*document);
-    document->datafileCatalog().omitIdentifier(u"r4"_s);
-    Progress progress;
-    const auto found = [&](const QStringList &keys, bool caseSensitive) {
-        return arrangement.selectForFind(keys, caseSensitive, progress).value();
-    };
-    // One key in the field, the other in the text; no single record has both of the second pair.
-    QVERIFY(!found({}, false) && !found({u"c &"_s, u"text 1"_s}, false) && !found({u"b"_s}, false));
-    QVERIFY(!found({u"e"_s, u"TEXT 1"_s}, true));
-    QCOMPARE(document->datafileCatalog().countSelected(), 4);
-    QVERIFY(found({u"e"_s, u"TEXT 1"_s}, false));
-    QCOMPARE(document->datafileCatalog().selectedIdentifiers(), QStringList{u"r1"_s});
-    QVERIFY(arrangement.revertToPrevious());
-    QCOMPARE(document->datafileCatalog().countSelected(), 4);
 }
 
 QTEST_GUILESS_MAIN(ArrangementTest)

@@ -179,7 +179,7 @@ void DatafileReplaceTest::oneHitIsReplacedAndTheSearchGoesOnBehindIt()
         start = {hit->record, *place, {}};
     }
     QCOMPARE(contents(*document), (QStringList{u"a.a a.aa.a|a.a a.a"_s, u"a|a"_s}));
-    QVERIFY(!replaceString(*document, {0, u"gone"_s, {}}, {u"a"_s, u"b"_s, {}}));
+    QVERIFY(!replaceString(*document, {0, 1000, {}}, {u"a"_s, u"b"_s, {}}));
 }
 
 QTEST_GUILESS_MAIN(DatafileReplaceTest)

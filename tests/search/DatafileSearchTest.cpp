@@ -209,7 +209,7 @@ void DatafileSearchTest::severalKeysAreSoughtInOneRecord()
     constexpr SearchExtent wraps{.okayToWrap = true};
 
     auto found = search.forwardSearchForArrayOfStrings(keys, {}, {}, g_progress);
-    QVERIFY(found && found->record == 0 && found->identifier == u"r0");
+    QVERIFY(found && found->record == 0);
     QCOMPARE(found->fieldHits, (QList{RecordHit{0, {0, 3}}}));
     QCOMPARE(found->freeformHits, (QList{Match{0, 4}}));
     QCOMPARE(found->hitField, 0);
@@ -241,8 +241,10 @@ void DatafileSearchTest::findSelectionNarrows()
                                          {1});
     const SubsetSortedData &catalog = document->datafileCatalog();
     const auto select = [&](const QStringList &keys, bool caseSensitive) {
-        return selectForFind(
-            *document, keys, {.caseSensitive = caseSensitive}, FieldsToSearchIn::everything, g_progress);
+        FindSelection selection(
+            *document, keys, {.caseSensitive = caseSensitive}, FieldsToSearchIn::everything);
+        selection.run(g_progress);
+        return selection.apply(*document).value();
     };
     QVERIFY(!select({u"Red"_s}, true) && !select({}, false) && !select({u"none"_s}, false));
     QVERIFY(!catalog.objectAtIndex(3)->currentlySelected() && catalog.objectAtIndex(3)->previouslySelected());

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QMimeData;
+
+namespace tavrin {
+
+class DatafileDocument;
+class RecordData;
+
+enum class FieldNames { Without, With };
+
+/// A record as other programs take it from the clipboard: formatted and plain. The fields come first, one a
+/// line, then the text.
+QMimeData *copiedRecord(const RecordData &record, const DatafileDocument &document, FieldNames names);
+
+} // namespace tavrin

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+// The dated copies of a datafile: which there are, and what can be done with them.
+
+#include "document/DatafileBackups.h"
+#include "document/DatafileContents.h"
+#include "editor/AlertSheetController.h"
+#include "editor/EditorRecords.h"
+#include "editor/EditorWindowController.h"
+#include "editor/FileSheetController.h"
+#include "editor/FormPreview.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class BackupUse { Open, Restore };
+
+/// How many records a backup holds.
+class BackupLook : public FormPreview::Look
+{
+public:
+    explicit BackupLook(const DatafileBackups::Backup &backup) : g_backup(backup) {}
+
+    void run(Progress &progress) override
+    {
+        if (const auto contents = readDatafile(g_backup.path, progress))
+            g_count = contents->records->count();
+    }
+    FormSheetController::Preview preview() const override
+    {
+        const QLocale locale;
+        return {{},
+                {EditorRecords::tr("This backup"), u""_s},
+                {{EditorRecords::tr("Written"), locale.toString(g_backup.written, QLocale::ShortFormat)},
+                 {EditorRecords::tr("Size"), locale.formattedDataSize(g_backup.size)},
+                 {EditorRecords::tr("Records"),
+                  g_count ? locale.toString(*g_count) : EditorRecords::tr("It cannot be read.")}}};
+    }
+
+private:
+    DatafileBackups::Backup g_backup;
+    std::optional<quint32> g_count;
+};
+
+} // namespace
+
+void EditorRecords::browseBackups()
+{
+    const QList<DatafileBackups::Backup> backups = DatafileBackups(g_window.document()).list();
+    if (backups.isEmpty()) {
+        showAlert(g_sheets,
+                  tr("There are no backups of this datafile."),
+                  tr("One is written before all selected records are deleted, and by Back Up Now."));
+        return;
+    }
+    auto form = std::make_unique<FormSheetController>(tr("Browse Backups"), tr("&Continue"), true);
+    QList<CodedItem> items;
+    for (const DatafileBackups::Backup &backup : backups)
+        items.append({QLocale().toString(backup.written, QLocale::ShortFormat) + u" — "_s
+                      + QFileInfo(backup.path).fileName()});
+    const auto which = form->addChoice(tr("&Backup:"), items);
+    const auto use = form->addChoice(tr("&Do this:"),
+                                     {{tr("Open it read-only"), codeOf(BackupUse::Open)},
+                                      {tr("Restore it as a copy"), codeOf(BackupUse::Restore)}});
+    g_preview = std::make_unique<FormPreview>(
+        *form, [backups, which, form = form.get()]() -> std::shared_ptr<FormPreview::Look> {
+            return std::make_shared<BackupLook>(backups[form->rows()[which].chosen]);
+        });
+    connect(form.get(), &QVSheetController::finished, this, [=, this, form = form.get()](int code) {
+        g_preview.reset();
+        if (code != QVSheetController::FirstButton)
+            return;
+        const QString path = backups[form->rows()[which].chosen].path;
+        if (form->choice(use).code == codeOf(BackupUse::Open))
+            Q_EMIT g_window.openDatafile(path);
+        else
+            restoreBackup(path);
+    });
+    g_sheets.begin(std::move(form));
+}
+
+void EditorRecords::restoreBackup(const QString &path)
+{
+    FileSheetController::Request request;
+    request.purpose = FileSheetController::Purpose::SaveFile;
+    request.title = tr("Restore as a Copy");
+    request.acceptLabel = tr("Restore");
+    request.folder = QFileInfo(g_window.document().filePath()).path();
+    request.suggestedName = QFileInfo(path).fileName();
+    request.requiredExtension = QFileInfo(path).suffix();
+    auto panel = std::make_unique<FileSheetController>(request);
+    connect(panel.get(), &QVSheetController::finished, this, [this, path, panel = panel.get()](int code) {
+        if (code != QVSheetController::FirstButton || panel->paths().isEmpty())
+            return;
+        const QString target = panel->paths().constFirst();
+        // The panel has asked already whether to replace what is there.
+        if (target != g_window.document().filePath() && (!QFile::exists(target) || QFile::remove(target))
+            && QFile::copy(path, target))
+            Q_EMIT g_window.openDatafile(target);
+        else
+            showAlert(g_sheets, tr("The backup could not be copied."), target);
+    });
+    g_sheets.begin(std::move(panel));
+}
+
+} // namespace tavrin

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "document/ContentWork.h"
+#include "editor/EditorWindowController.h"
+#include "editor/FormSheetController.h"
+#include "editor/LongWork.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace tavrin {
+
+class FormPreview;
+class ModifyFieldsSheetController;
+/// The commands on fields and on what they hold, as an editor window offers them: the forms with their
+/// previews, the work, and what is said afterwards.
+///
+/// What is being typed is stored first. Nothing happens while the datafile is synchronized.
+class EditorFields : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditorFields(EditorWindowController &window, SheetHost &sheets, WorkHost &work);
+    ~EditorFields() override;
+
+    void modifyFields();
+    /// Which fields are columns of List View.
+    void setVisible();
+    void addFieldWithContent();
+
+    void fillEmptyFields();
+    void replaceFieldContents();
+    void totalFieldContents();
+    void transferFieldContents();
+
+    void moveCurrentFreeformTextIntoFields() { moveTextIntoFields(true); }
+    void moveAllFreeformTextIntoFields() { moveTextIntoFields(false); }
+    void moveTextElements();
+
+private:
+    using MakeWork = std::function<std::shared_ptr<ContentWork>()>;
+    /// What is said when it is done: how many contents and records were changed.
+    using Tell = std::function<QString(const ContentWork &work)>;
+
+    QList<CodedItem> fieldItems() const;
+    /// With the text as the last.
+    QList<CodedItem> contentItems() const;
+    void moveTextIntoFields(bool onlyCurrent);
+
+    void showModifyFields(const std::function<void(ModifyFieldsSheetController &)> &fill);
+    void acceptFields(const ModifyFieldsSheetController &sheet);
+    void askToDelete(QStringList names, QList<qint64> uses, const std::function<void(bool agreed)> &answered);
+
+    /// Asks with a form whose work is previewed, and then does it.
+    void ask(std::unique_ptr<FormSheetController> form, const MakeWork &make, const Tell &tell);
+    /// The same for a kind of work that is made from what `read` finds in the form. What is read is kept with
+    /// every change: the form goes before the work is made the last time.
+    template <typename Work, typename Read>
+    void askWith(std::unique_ptr<FormSheetController> form, const Read &read, const Tell &tell);
+    void recordTotals(const QStringList &fields, const QString &olderRecord);
+    void begin(const QString &title, const MakeWork &make, const Tell &tell);
+    void finish(const QString &title, ContentWork &work, const MakeWork &make, const Tell &tell);
+
+    EditorWindowController &g_window;
+    SheetHost &g_sheets;
+    WorkHost &g_work;
+    std::unique_ptr<FormPreview> g_preview;
+};
+
+template <typename Work, typename Read>
+void EditorFields::askWith(std::unique_ptr<FormSheetController> form, const Read &read, const Tell &tell)
+{
+    const auto kept = std::make_shared<decltype(read())>(read());
+    connect(form.get(), &FormSheetController::changed, form.get(), [kept, read] { *kept = read(); });
+    ask(
+        std::move(form), [this, kept] { return std::make_shared<Work>(g_window.document(), *kept); }, tell);
+}
+
+} // namespace tavrin

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace tavrin {
+
+class EditorWindowController;
+class FormPreview;
+class SheetHost;
+class WorkHost;
+
+/// Adding, copying, deleting, ordering and locking records as an editor window offers it: the questions, what
+/// is shown afterwards, and Undo.
+///
+/// What is being typed is stored first. Nothing happens while the datafile is synchronized.
+class EditorRecords : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditorRecords(EditorWindowController &window, SheetHost &sheets, WorkHost &work);
+    ~EditorRecords() override;
+
+    /// An empty record, shown and ready to be typed into. None while the current one is empty.
+    void addRecord() { addEmptyRecord(); }
+    void addRecordWithPaste() { addAndPaste(false); }
+    void addRecordWithPasteAsPlainText() { addAndPaste(true); }
+    /// With what is on the clipboard where a key says so.
+    void addRecordWithToggle(bool toggled);
+    void duplicateCurrentRecord();
+    void addTOC();
+
+    void deleteRecord(); ///< Asks first.
+    void deleteRecordWithoutWarning();
+    void deleteRecordWithToggle(bool toggled);
+    /// Asks, writes a backup unless the person wants none, and then deletes.
+    void deleteAllSelectedRecords();
+    void removeDuplicateRecords();
+
+    void makeThisTheFirstRecord();
+    void makeThisTheLastRecord();
+    void moveAfterRecordNumber();
+
+    void lockAllRecords() { setAllLocked(true); }
+    void unlockAllRecords() { setAllLocked(false); }
+    void revertAllRecordsLockedState();
+    void toggleRecordLocked();
+
+    /// Onto the clipboard, formatted and plain.
+    void copyRecord();
+    void copyRecordWithFieldNames();
+
+    void saveCurrentDatafileToBackups();
+    void browseBackups();
+
+private:
+    bool addEmptyRecord();
+    void addAndPaste(bool plain);
+    void backUpAndDelete();
+    void deleteSelected();
+    void move(bool toFirst);
+    void setAllLocked(bool locked);
+    void beginRemovingDuplicates();
+    /// Begins to write a backup; then `done`, or an alert.
+    void backUp(const std::function<void()> &done);
+    void tellBackupFailure(const QString &message);
+    void restoreBackup(const QString &path);
+
+    EditorWindowController &g_window;
+    SheetHost &g_sheets;
+    WorkHost &g_work;
+    std::unique_ptr<FormPreview> g_preview;
+    std::unique_ptr<QObject> g_backup; ///< While one is being written.
+};
+
+} // namespace tavrin
