@@ -352,10 +352,11 @@ std::optional<bool> EditorFormatting::isOn(const QString &selector) const
             return !selected.isNull() && state.isSo(paragraphAt(selected));
     }
     constexpr auto list = "orderFrontListPanel:"_L1;
-    if (selector.startsWith(list) && selector.size() > list.size() && !selector.endsWith("er"_L1))
-        return !selected.isNull()
-               && listMarkerAt(selected).contains(u'{' + selector.sliced(list.size()) + u'}');
-    return {};
+    const QString kind = selector.startsWith(list) ? selector.sliced(list.size()) : QString();
+    if (kind.isEmpty() || kind == "deeper"_L1 || kind == "higher"_L1)
+        return {};
+    const QString marker = selected.isNull() ? QString() : listMarkerAt(selected);
+    return kind == "none"_L1 ? marker.isEmpty() : marker.contains(u'{' + kind + u'}');
 }
 
 } // namespace tavrin

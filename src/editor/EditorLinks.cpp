@@ -53,6 +53,9 @@ bool isProgram(const QFileInfo &file)
 
 void addLinksTo(QTextDocument &document)
 {
+    // One layout for all of them.
+    QTextCursor edit(&document);
+    edit.beginEditBlock();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         const QString text = block.text();
         for (const text::Link &link : text::linksIn(text)) {
@@ -63,6 +66,7 @@ void addLinksTo(QTextDocument &document)
                        [&link](CharacterFormat &look) { look.link = link.url; });
         }
     }
+    edit.endEditBlock();
 }
 
 } // namespace
@@ -83,10 +87,7 @@ void EditorLinks::activateLinks()
     const QTextCursor cursor = g_window.view().freeformCursor();
     if (!g_window.validateAction(u"activateLinks:"_s) || cursor.isNull())
         return;
-    QTextCursor edit(cursor.document());
-    edit.beginEditBlock();
     addLinksTo(*cursor.document());
-    edit.endEditBlock();
 }
 
 // Following.
@@ -221,7 +222,7 @@ void EditorLinks::linkFile(const QString &path, EditorFocus focus, int row, int 
     }
     insertLinkedText(file.fileName(), url);
     if (std::as_const(g_window).document().datafileSettings().automaticallyEnableLinks())
-        activateFreeformLinks();
+        activateLinks();
 }
 
 void EditorLinks::insertLinkedText(const QString &text, const QString &link)

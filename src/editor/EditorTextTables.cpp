@@ -21,11 +21,14 @@ namespace {
 AttributedText emptyTable(int rows, int columns, const CharacterFormat &look, int width)
 {
     constexpr qint32 thin = 20;
-    constexpr qint32 inside = 100;
+    constexpr qint32 beside = 100;
+    constexpr qint32 above = 20;
     CellStyle style;
     style.width = width / columns;
     for (CellSide &side : style.sides)
-        side = {thin, inside, richtext::Color{170, 170, 170}};
+        side = {thin, above, richtext::Color{170, 170, 170}};
+    style.sides[static_cast<size_t>(Side::Left)].padding = beside;
+    style.sides[static_cast<size_t>(Side::Right)].padding = beside;
     AttributedText table(QString(rows * columns, u'\n'), look);
     for (int cell = 0; cell < rows * columns; ++cell) {
         table.applyToParagraphs(cell, 1, [&](ParagraphFormat &paragraph) {

@@ -81,7 +81,11 @@ void EditorWindow::updateAll()
     updateOperations();
 }
 
-EditorWindow::~EditorWindow() = default;
+EditorWindow::~EditorWindow()
+{
+    // It loses the focus when the window goes, and tells of it.
+    g_text->disconnect(this);
+}
 
 void EditorWindow::bringToFront()
 {

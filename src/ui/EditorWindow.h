@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <span>
+#include <utility>
 
 class QAction;
 class QActionGroup;
@@ -180,6 +181,7 @@ private:
     QAction *g_listViewAction = nullptr;
     QMenu *g_sortTasksMenu = nullptr;
     double g_wantedSplitHeight = -1;
+    std::pair<bool, bool> g_caretPlace; ///< Whether the caret is in a link, and in a table.
     bool g_closing = false;
     bool g_applyingWidths = false;
     std::unique_ptr<EditorToolbarController> g_toolbarController;

@@ -181,7 +181,7 @@ constexpr std::array textTable{
             "",
             [](Controller &window) { window.formatting().toggleFreeformRuler(); }},
     Command{"copyRuler:",
-            QT_TRANSLATE_NOOP("Commands", "&Copy Ruler"),
+            QT_TRANSLATE_NOOP("Commands", "Cop&y Ruler"),
             "",
             "",
             [](Controller &window) { window.formatting().copyRuler(); }},
@@ -331,7 +331,7 @@ constexpr std::array menus{
     CommandMenu{QT_TRANSLATE_NOOP("Commands", "&Text"), textTable},
     CommandMenu{QT_TRANSLATE_NOOP("Commands", "&List"), listTable},
     CommandMenu{QT_TRANSLATE_NOOP("Commands", "T&able"), tableTable},
-    CommandMenu{QT_TRANSLATE_NOOP("Commands", "Lin&k"), linkTable},
+    CommandMenu{QT_TRANSLATE_NOOP("Commands", "L&ink"), linkTable},
     CommandMenu{"", otherTable},
 };
 

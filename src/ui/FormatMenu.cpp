@@ -16,11 +16,13 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+#include <utility>
+
 namespace tavrin {
 
 void EditorWindow::buildFormatMenu()
 {
-    QMenu *format = menuBar()->addMenu(tr("Fo&rmat"));
+    QMenu *format = menuBar()->addMenu(tr("Forma&t"));
     for (const CommandMenu &part : formatMenus()) {
         QMenu *menu = format;
         if (*part.title)
@@ -72,6 +74,11 @@ void EditorWindow::followText()
 
 void EditorWindow::updateRuler()
 {
+    // Commands on links and tables come and go with the caret.
+    const bool isInLink = !g_controller.links().linkAtCaret().isEmpty();
+    const bool isInTable = g_controller.formatting().isInTable();
+    if (std::pair(isInLink, isInTable) != std::exchange(g_caretPlace, std::pair(isInLink, isInTable)))
+        updateOperations();
     if (g_ruler->isHidden())
         return;
     const double margin = g_text->document()->documentMargin() * g_text->textScale();

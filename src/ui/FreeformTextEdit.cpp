@@ -407,14 +407,17 @@ void FreeformTextEdit::pasteAsPlainText()
 void FreeformTextEdit::applyPaperColor()
 {
     QPalette colors = QApplication::palette(this);
-    if (g_paperColor.isValid() && g_paperColor != QColor(Qt::white)) {
+    const auto isLight = [&colors] {
         constexpr float middle = 0.45F;
-        const bool isLight = g_paperColor.lightnessF() > middle;
+        return colors.color(QPalette::Base).lightnessF() > middle;
+    };
+    if (g_paperColor.isValid() && g_paperColor != QColor(Qt::white)) {
         colors.setColor(QPalette::Base, g_paperColor);
         // Stored text is black unless it says otherwise; only on a dark paper would it vanish.
-        colors.setColor(QPalette::Text, isLight ? Qt::black : Qt::white);
-        colors.setColor(QPalette::Link, isLight ? QColor(0, 0, 200) : QColor(140, 180, 255));
+        colors.setColor(QPalette::Text, isLight() ? Qt::black : Qt::white);
     }
+    // Desktops forget that blue is hard to read on black.
+    colors.setColor(QPalette::Link, isLight() ? QColor(0, 0, 200) : QColor(140, 180, 255));
     setPalette(colors);
     g_linkColors->setColor(colors.color(QPalette::Link));
     if (!g_hits.isEmpty())

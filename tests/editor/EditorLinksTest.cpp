@@ -4,10 +4,8 @@
 #include "editor/EditorLinks.h"
 
 #include "EditorFixture.h"
-#include "editor/TextBridge.h"
-#include "editor/TextChanging.h"
+#include "support/DocumentEditorView.h"
 
-#include <QTextDocument>
 #include <QUrl>
 
 using namespace tavrin;
@@ -25,22 +23,7 @@ private Q_SLOTS:
 
 void EditorLinksTest::addressesOfATextBecomeLinks()
 {
-    /// Whose text is seen and can be decorated.
-    class View : public FakeEditorView
-    {
-    public:
-        void setFreeformText(const richtext::AttributedText &newText,
-                             const richtext::CharacterFormat &plain) override
-        {
-            FakeEditorView::setFreeformText(newText, plain);
-            tavrin::setText(document, newText, plain);
-        }
-        void decorateFreeformText(const std::function<void(QTextDocument &)> &change) override
-        {
-            change(document);
-        }
-        QTextDocument document;
-    } view;
+    DocumentEditorView view;
     EditorFixture editor;
     editor.entries[0].text = u"See www.a.example.\n\u00E9 me@b.example!"_s;
     editor.open();

@@ -72,7 +72,7 @@ void UrlScannerTest::manyAddressesAndHalfAddressesTakeLittleTime()
 {
     // Would take hours if each address were looked for through the whole rest.
     for (const QString &piece : {u"@ "_s, u"www. http:// "_s, u"a@b.cd "_s, u"@"_s})
-        linksIn(piece.repeated(500'000));
+        linksIn(piece.repeated(100'000));
     QCOMPARE(linksIn(u"tel://1 "_s.repeated(100'000)).size(), 100'000U);
 }
 
