@@ -58,11 +58,17 @@ private:
     void askToDelete(QStringList names, QList<qint64> uses, const std::function<void(bool agreed)> &answered);
 
     /// Asks with a form whose work is previewed, and then does it.
-    void ask(std::unique_ptr<FormSheetController> form, const MakeWork &make, const Tell &tell);
+    void ask(std::unique_ptr<FormSheetController> form,
+             const MakeWork &make,
+             const Tell &tell,
+             const Tell &summary = {});
     /// The same for a kind of work that is made from what `read` finds in the form. What is read is kept with
     /// every change: the form goes before the work is made the last time.
     template <typename Work, typename Read>
-    void askWith(std::unique_ptr<FormSheetController> form, const Read &read, const Tell &tell);
+    void askWith(std::unique_ptr<FormSheetController> form,
+                 const Read &read,
+                 const Tell &tell,
+                 const Tell &summary = {});
     void recordTotals(const QStringList &fields, const QString &olderRecord);
     void begin(const QString &title, const MakeWork &make, const Tell &tell);
     void finish(const QString &title, ContentWork &work, const MakeWork &make, const Tell &tell);
@@ -74,12 +80,18 @@ private:
 };
 
 template <typename Work, typename Read>
-void EditorFields::askWith(std::unique_ptr<FormSheetController> form, const Read &read, const Tell &tell)
+void EditorFields::askWith(std::unique_ptr<FormSheetController> form,
+                           const Read &read,
+                           const Tell &tell,
+                           const Tell &summary)
 {
     const auto kept = std::make_shared<decltype(read())>(read());
     connect(form.get(), &FormSheetController::changed, form.get(), [kept, read] { *kept = read(); });
     ask(
-        std::move(form), [this, kept] { return std::make_shared<Work>(g_window.document(), *kept); }, tell);
+        std::move(form),
+        [this, kept] { return std::make_shared<Work>(g_window.document(), *kept); },
+        tell,
+        summary);
 }
 
 } // namespace tavrin
