@@ -60,16 +60,13 @@ CustomizeToolbarDialog::CustomizeToolbarDialog(EditorToolbarController &controll
     for (QListWidget *list : {g_available, g_shown})
         connect(list, &QListWidget::itemSelectionChanged, this, &CustomizeToolbarDialog::updateButtons);
     // A drop tells of the row it put in and then of the one it took away: look when both are done.
-    connect(g_shown->model(),
-            &QAbstractItemModel::rowsInserted,
-            this,
-            &CustomizeToolbarDialog::store,
-            Qt::QueuedConnection);
-    connect(g_shown->model(),
-            &QAbstractItemModel::rowsRemoved,
-            this,
-            &CustomizeToolbarDialog::store,
-            Qt::QueuedConnection);
+    const QAbstractItemModel *shown = g_shown->model();
+    const auto storeSoon = [this, shown](auto signal) {
+        connect(shown, signal, this, &CustomizeToolbarDialog::store, Qt::QueuedConnection);
+    };
+    storeSoon(&QAbstractItemModel::rowsInserted);
+    storeSoon(&QAbstractItemModel::rowsRemoved);
+    storeSoon(&QAbstractItemModel::rowsMoved);
     connect(g_display, &QComboBox::activated, this, [this](int index) {
         g_controller.setDisplay(static_cast<EditorToolbarController::Display>(index));
     });

@@ -91,6 +91,9 @@ void EditorToolbar::applyStyle()
     labels.setPointSizeF(labels.pointSizeF() * quieter);
     for (QToolButton *button : findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly))
         button->setFont(labels);
+    // The platform draws the overflow's arrows dark on dark.
+    if (auto *more = findChild<QToolButton *>(u"qt_toolbar_ext_button"_s))
+        more->setIcon(imageNamed(u"TB_M_more"_s));
     setVisible(g_controller.isShown());
 }
 

@@ -60,7 +60,8 @@ EditorWindow::EditorWindow(CloneOf original)
 void EditorWindow::build()
 {
     setAcceptDrops(true);
-    resize(860, 620);
+    // With room for the title bar and the borders, also on a small screen.
+    resize(QSize(860, 620).boundedTo(screen()->availableSize() - QSize(16, 48)));
     buildTables();
     buildTextArea();
     setCentralWidget(g_splitter);
