@@ -5,7 +5,9 @@
 
 #include "editor/AlertSheetController.h"
 #include "editor/DefaultFontWork.h"
+#include "editor/EditorFreeformText.h"
 #include "editor/EditorWindowController.h"
+#include "editor/TextChanging.h"
 #include "model/Preferences.h"
 #include "plist/KeyedArchive.h"
 
@@ -57,15 +59,16 @@ void removeLine(QTextCursor &cursor, const QTextBlock &line)
     cursor.removeSelectedText();
 }
 
-bool isAllMarked(const QTextCursor &selection)
+bool isInTable(const QTextBlock &line)
 {
-    QTextCursor walk(selection);
-    for (int i = selection.selectionStart() + 1; i <= selection.selectionEnd(); ++i) {
-        walk.setPosition(i);
-        if (walk.charFormat().background().style() == Qt::NoBrush)
-            return false;
-    }
-    return true;
+    return line.isValid() && QTextCursor(line).currentTable();
+}
+
+/// Whether the line's end is its own. Beside a table it is the table's, which would go with it.
+bool mayRemoveLine(const QTextBlock &line)
+{
+    return !isInTable(line) && !isInTable(line.next())
+           && (line.next().isValid() || !isInTable(line.previous()));
 }
 
 } // namespace
@@ -122,8 +125,7 @@ void EditorTextCommands::removeBlankLines()
     cursor.beginEditBlock();
     for (int number = line.blockNumber(); number >= end; --number) {
         line = text.findBlockByNumber(number);
-        cursor.setPosition(line.position());
-        if (isBlank(line) && !cursor.currentTable() && text.blockCount() > 1)
+        if (isBlank(line) && mayRemoveLine(line) && text.blockCount() > 1)
             removeLine(cursor, line);
     }
     cursor.endEditBlock();
@@ -142,15 +144,17 @@ QColor EditorTextCommands::highlighterColor() const
 void EditorTextCommands::toggleHighlighter()
 {
     QTextCursor cursor = g_window.view().freeformCursor();
-    if (cursor.isNull() || !g_window.isFreeformTextEditable())
+    if (cursor.isNull() || !g_window.isFreeformTextEditable() || !g_window.text().mayHaveFormats())
         return;
     if (!cursor.hasSelection())
         cursor.select(QTextCursor::WordUnderCursor);
     if (!cursor.hasSelection())
         return;
-    QTextCharFormat mark;
-    mark.setBackground(isAllMarked(cursor) ? QBrush(Qt::NoBrush) : QBrush(highlighterColor()));
-    cursor.mergeCharFormat(mark);
+    const bool isMarked = isWholly(cursor, [](const auto &look) { return look.background.has_value(); });
+    const richtext::Color color = toColor(highlighterColor());
+    changeLook(cursor, [&](richtext::CharacterFormat &look) {
+        look.background = isMarked ? std::nullopt : std::optional(color);
+    });
 }
 
 void EditorTextCommands::changeCurrentRecordToDefaultFont()

@@ -41,6 +41,15 @@ int markerLength(const QString &text)
     return end > 0 && end < longest ? static_cast<int>(end + 1) : 0;
 }
 
+/// As the text beside it, but neither a link nor a picture.
+QTextCharFormat markerLook(const QTextCharFormat &beside)
+{
+    CharacterFormat look = *lookOf(beside);
+    look.attachment.reset();
+    look.link.clear();
+    return charFormatFor(Look(std::move(look)));
+}
+
 void replaceMarker(const QTextBlock &block, const QString &marker)
 {
     const int length = listOf(block) != 0 || marker.isEmpty() ? markerLength(block.text()) : 0;
@@ -51,16 +60,10 @@ void replaceMarker(const QTextBlock &block, const QString &marker)
     cursor.setPosition(block.position() + length);
     if (block.length() - 1 > length)
         cursor.movePosition(QTextCursor::NextCharacter);
-    Look look = lookOf(cursor.charFormat());
-    if (look->attachment || !look->link.isEmpty()) {
-        CharacterFormat plain = *look;
-        plain.attachment.reset();
-        plain.link.clear();
-        look = Look(std::move(plain));
-    }
+    const QTextCharFormat look = markerLook(cursor.charFormat());
     cursor.setPosition(block.position());
     cursor.setPosition(block.position() + length, QTextCursor::KeepAnchor);
-    cursor.insertText(marker, charFormatFor(look));
+    cursor.insertText(marker, look);
 }
 
 /// Numbers the items of the list around a paragraph anew, as far as they follow each other.
@@ -162,8 +165,7 @@ void setList(QTextCursor &cursor, const QString &marker)
                 replaceMarker(block, {});
             makeListItem(format, identifier, marker, level);
             setParagraph(block, format);
-            QTextCursor(block).insertText(listMarker(marker, 1),
-                                          charFormatFor(lookOf(QTextCursor(block).charFormat())));
+            QTextCursor(block).insertText(listMarker(marker, 1), markerLook(QTextCursor(block).charFormat()));
         }
         renumber(blocks.constFirst());
         renumber(blocks.constLast().next());
@@ -205,7 +207,7 @@ bool splitListItem(QTextCursor &cursor)
     if (block.length() - 1 == length) {
         takeOut(block);
     } else {
-        const QTextCharFormat look = cursor.charFormat();
+        const QTextCharFormat look = markerLook(cursor.charFormat());
         cursor.insertBlock(block.blockFormat(), look);
         cursor.insertText(listMarker(formatOf(block).list.levels.value(formatOf(block).list.level).marker, 1),
                           look);

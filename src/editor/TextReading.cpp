@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QImageReader>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -35,6 +36,10 @@ std::optional<Attachment> pictureOf(const QTextDocument &document, const QTextIm
         if (!qvariant_cast<QImage>(resource).save(&buffer, "PNG"))
             return {};
     }
+    // A file that only claims to be a picture stays where it is.
+    QBuffer buffer(&bytes);
+    if (!QImageReader(&buffer).canRead())
+        return {};
     const auto points = [](double pixels) { return qRound(qBound(0.0, pixels, 10'000.0)) * twipsPerPoint; };
     const QString suffix = bytes.startsWith("\xFF\xD8") ? QStringLiteral("jpeg")
                            : bytes.startsWith("GIF8")   ? QStringLiteral("gif")

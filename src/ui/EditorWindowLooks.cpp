@@ -189,8 +189,7 @@ void EditorWindow::insertTyped(const QString &text)
     if (isCellEditor(focusWidget())) {
         insertInCell(focusWidget(), text);
     } else if (!g_text->isReadOnly()) {
-        g_text->insertPlainText(text);
-        g_text->ensureCursorVisible();
+        g_text->insertTyped(text);
     }
 }
 

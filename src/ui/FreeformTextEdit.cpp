@@ -367,7 +367,7 @@ void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
     leaveLinkAndAttachment();
     if (!g_mayHaveFormats) {
         if (source->hasText())
-            insertPlain(source->text());
+            insertTyped(source->text());
         else
             Q_EMIT refused(tr("The texts of a Tavrin Mobile datafile cannot hold images."));
         return;
@@ -376,7 +376,7 @@ void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
     base.attachment.reset();
     auto text = formattedTextOf(*source, base);
     if (!text) {
-        insertPlain(source->text());
+        insertTyped(source->text());
         return;
     }
     if (!g_mayHaveImages && removeAttachments(*text))
@@ -387,8 +387,11 @@ void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
     ensureCursorVisible();
 }
 
-void FreeformTextEdit::insertPlain(const QString &text)
+void FreeformTextEdit::insertTyped(const QString &text)
 {
+    if (isReadOnly())
+        return;
+    leaveLinkAndAttachment();
     QTextCursor cursor = textCursor();
     cursor.insertText(text, currentCharFormat());
     setTextCursor(cursor);
@@ -400,8 +403,7 @@ void FreeformTextEdit::pasteAsPlainText()
     const QMimeData *source = QApplication::clipboard()->mimeData();
     if (isReadOnly() || !source || !source->hasText())
         return;
-    leaveLinkAndAttachment();
-    insertPlain(source->text());
+    insertTyped(source->text());
 }
 
 void FreeformTextEdit::applyPaperColor()

@@ -52,6 +52,8 @@ public:
     /// The colour behind the text; white, the paper nobody chose, follows the palette.
     void setPaperColor(const QColor &color);
 
+    /// As if the person had typed it.
+    void insertTyped(const QString &text);
     void pasteAsPlainText();
 
     /// Colours these ranges, and no others, until the text is another one. They are not part of the text.
@@ -91,7 +93,6 @@ private:
     bool handleStructureKey(const QKeyEvent &event);
     bool moveInTable(bool forward);
     void leaveLinkAndAttachment();
-    void insertPlain(const QString &text);
     void showPointerAt(const QPoint &position, Qt::KeyboardModifiers modifiers);
 
     AttachmentObject g_attachments;

@@ -7,6 +7,7 @@
 #include "editor/DefaultFontWork.h"
 #include "editor/EditorFixture.h"
 #include "editor/SpellingDictionary.h"
+#include "editor/TextBridge.h"
 #include "richtext/Rtfd.h"
 
 #include <QTextBlock>
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void stampsAreWrittenAsPeopleOfThePlaceWriteThem();
     void blankLinesGo_data();
     void blankLinesGo();
+    void blankLinesBesideTablesStay();
     void theHighlighterToggles();
     void theDefaultFontKeepsEverythingElse();
     void allSelectedRecordsGetTheDefaultFontAndBack();
@@ -37,7 +39,7 @@ namespace {
 /// A view whose text is a real document.
 struct TextView : FakeEditorView
 {
-    QTextCursor freeformTextCursor() const override { return cursor; }
+    QTextCursor freeformCursor() const override { return cursor; }
     void insertTyped(const QString &stamp) override { typed += stamp; }
 
     QTextDocument content;
@@ -114,6 +116,28 @@ void EditorTextCommandsTest::blankLinesGo()
     QCOMPARE(editor.textView.content.toPlainText(), before);
 }
 
+void EditorTextCommandsTest::blankLinesBesideTablesStay()
+{
+    using namespace richtext;
+    AttributedText text(u"\n\na\nb\n\n\nend"_s);
+    for (const int column : {0, 1})
+        text.applyToParagraphs(2 + 2 * column, 1, [column](ParagraphFormat &format) {
+            format.cell = {1, 0, column, {}};
+        });
+    TextFixture editor;
+    for (const QString &ending : {u"end"_s, QString()}) {
+        setText(editor.textView.content, text);
+        editor.textView.cursor = QTextCursor(&editor.textView.content);
+        editor.commands().removeBlankLines();
+        QCOMPARE(plainTextOf(editor.textView.content), u"\na\nb\n"_s + ending);
+        text.remove(text.size() - ending.size(), ending.size());
+    }
+    setText(editor.textView.content, text.substring(2, 5));
+    editor.textView.cursor = QTextCursor(&editor.textView.content);
+    editor.commands().removeBlankLines();
+    QCOMPARE(plainTextOf(editor.textView.content), u"a\nb\n"_s);
+}
+
 void EditorTextCommandsTest::theHighlighterToggles()
 {
     TextFixture editor;
@@ -126,6 +150,9 @@ void EditorTextCommandsTest::theHighlighterToggles()
     };
     editor.commands().toggleHighlighter();
     QCOMPARE(mark().color(), editor.commands().highlighterColor());
+    // It is in the text that is stored, and only on the word.
+    const richtext::AttributedText marked = textOf(editor.textView.content);
+    QVERIFY(marked.characterFormatAt(4).background && !marked.characterFormatAt(3).background);
     editor.commands().toggleHighlighter();
     QCOMPARE(mark().style(), Qt::NoBrush);
 
