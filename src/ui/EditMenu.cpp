@@ -4,7 +4,6 @@
 #include "ui/EditMenu.h"
 
 #include "ui/EditorWindow.h"
-#include "ui/FreeformTextEdit.h"
 
 #include <QAction>
 #include <QApplication>
@@ -68,14 +67,6 @@ EditMenu::EditMenu(EditorWindowController &controller, QWidget *window)
     addCommand(tr("Cu&t"), QKeySequence::Cut, "cut");
     addCommand(tr("&Copy"), QKeySequence::Copy, "copy");
     addCommand(tr("&Paste"), QKeySequence::Paste, "paste");
-    g_pastePlain = addAction(tr("Paste as Plain Te&xt"));
-    g_pastePlain->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_V);
-    connect(g_pastePlain, &QAction::triggered, this, [] {
-        if (auto *text = qobject_cast<FreeformTextEdit *>(QApplication::focusWidget()))
-            text->pasteAsPlainText();
-        else if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
-            line->paste();
-    });
     addSeparator();
     addCommand(tr("Select &All"), QKeySequence::SelectAll, "selectAll");
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateCommands);
@@ -120,7 +111,7 @@ void EditMenu::updateCommands()
     };
     for (QAction *action : actions()) {
         // Those without a slot are the window's commands.
-        if (action->data().isValid() && action != g_pastePlain)
+        if (action->data().isValid())
             action->setEnabled(isAllowed(action->data().toByteArray()));
     }
     updateUndo(g_undo, tr("&Undo"), isAllowed("undo"), g_controller.undoName());

@@ -27,7 +27,6 @@ private:
     EditorWindowController &g_controller;
     QAction *g_undo = nullptr;
     QAction *g_redo = nullptr;
-    QAction *g_pastePlain = nullptr;
 };
 
 } // namespace tavrin
