@@ -6,12 +6,7 @@
 // The general limits come first, then the rule of the command itself. A command that has none may run while
 // there is one window on the datafile: beside a clone, nothing else may change what both show.
 
-#include "editor/EditorFormatting.h"
-#include "editor/EditorFreeformText.h"
-#include "editor/EditorLinks.h"
-#include "editor/EditorSearchController.h"
-#include "editor/EditorSorting.h"
-#include "editor/EditorTableController.h"
+#include "editor/ActionConditions.h"
 #include "editor/EditorWindowController.h"
 
 #include <algorithm>
@@ -27,166 +22,15 @@ struct ActionRule
 {
     QLatin1StringView selector;
     bool (*mayRun)(const EditorWindowController &window);
-    bool besideClone = false; ///< May also run while there is a clone window.
 };
-
-bool always(const EditorWindowController & /*window*/)
-{
-    return true;
-}
-
-bool hasFields(const EditorWindowController &window)
-{
-    return !window.document().datafileSettings().fields().isEmpty();
-}
-
-bool permitsSaving(const EditorWindowController &window)
-{
-    return window.canSaveChanges();
-}
-
-bool permitsSave(const EditorWindowController &window)
-{
-    return window.canSaveChanges() && !window.document().isMobile();
-}
-
-bool hasSavedVersion(const EditorWindowController &window)
-{
-    return !window.document().filePath().isEmpty() && window.document().isModified();
-}
-
-bool hasOmittedRecords(const EditorWindowController &window)
-{
-    return window.haveCurrentSelection();
-}
-
-bool hasRecord(const EditorWindowController &window)
-{
-    return window.currentRecord() != nullptr;
-}
-
-bool hasSortTasks(const EditorWindowController &window)
-{
-    return !window.sorting().sortTaskNames().isEmpty();
-}
-
-bool hasSorted(const EditorWindowController &window)
-{
-    return window.sorting().hasSorted();
-}
-
-bool mayDelete(const EditorWindowController &window)
-{
-    return window.currentRecord() && window.document().datafileCatalog().count() >= 2;
-}
-
-bool mayGoBack(const EditorWindowController &window)
-{
-    return window.viewedRecordList().canGoBack();
-}
-
-bool mayGoForward(const EditorWindowController &window)
-{
-    return window.viewedRecordList().canGoForward();
-}
-
-bool mayChangeFindOptions(const EditorWindowController &window)
-{
-    return !window.search().areOptionsLocked();
-}
-
-bool mayReorder(const EditorWindowController &window)
-{
-    return !window.haveCurrentSelection();
-}
-
-bool isInTable(const EditorWindowController &window)
-{
-    return window.view().focus() == EditorFocus::Table;
-}
-
-bool mayWrapFields(const EditorWindowController &window)
-{
-    return window.isBasicView() && window.document().datafileSettings().fieldWrapping();
-}
-
-bool entersFindClassically(const EditorWindowController &window)
-{
-    return window.document().datafileSettings().findEntryMode() == 0;
-}
-
-bool mayEditText(const EditorWindowController &window)
-{
-    return window.isFreeformTextEditable();
-}
-
-bool mayChangeFont(const EditorWindowController &window)
-{
-    return hasRecord(window) && !window.currentRecordLocked();
-}
-
-bool mayFormat(const EditorWindowController &window)
-{
-    return window.formatting().mayFormat();
-}
-
-bool mayFormatTable(const EditorWindowController &window)
-{
-    return mayFormat(window) && window.formatting().isInTable();
-}
-
-bool mayInsertTable(const EditorWindowController &window)
-{
-    return mayFormat(window) && !window.formatting().isInTable();
-}
-
-bool mayPasteStyle(const EditorWindowController &window)
-{
-    return mayFormat(window) && window.formatting().hasCopiedStyle();
-}
-
-bool mayPasteRuler(const EditorWindowController &window)
-{
-    return mayFormat(window) && window.formatting().hasCopiedRuler();
-}
-
-bool hasFormats(const EditorWindowController &window)
-{
-    return window.currentRecord() && window.text().mayHaveFormats();
-}
-
-bool mayActivateLinks(const EditorWindowController &window)
-{
-    return hasFormats(window) && window.isFreeformTextEditable();
-}
-
-bool mayLinkFile(const EditorWindowController &window)
-{
-    const EditorFocus focus = window.view().focus();
-    if (!hasFormats(window) || focus == EditorFocus::Elsewhere)
-        return false;
-    return focus == EditorFocus::Table ? hasFields(window) && !window.currentRecordLocked()
-                                       : window.isFreeformTextEditable();
-}
-
-bool mayRemoveLink(const EditorWindowController &window)
-{
-    const QTextCursor cursor = window.view().freeformCursor();
-    return mayFormat(window) && !cursor.isNull() && cursor.hasSelection();
-}
-
-bool mayOpenLink(const EditorWindowController &window)
-{
-    return window.view().focus() == EditorFocus::FreeformText && !window.links().linkAtCaret().isEmpty();
-}
 
 constexpr std::array actionRules{
     ActionRule{"addRecord:"_L1, always},
-    ActionRule{"deleteRecord:"_L1, mayDelete, true},
+    ActionRule{"deleteRecord:"_L1, mayDelete},
     ActionRule{"deselectCurrentRecord:"_L1, hasRecord},
     ActionRule{"editSortTasks:"_L1, hasSortTasks},
-    ActionRule{"goBackOneRecord:"_L1, mayGoBack, true},
-    ActionRule{"goForwardOneRecord:"_L1, mayGoForward, true},
+    ActionRule{"goBackOneRecord:"_L1, mayGoBack},
+    ActionRule{"goForwardOneRecord:"_L1, mayGoForward},
     ActionRule{"goToFirstRecord:"_L1, always},
     ActionRule{"goToLastRecord:"_L1, always},
     ActionRule{"goToNextRecord:"_L1, always},
@@ -195,11 +39,11 @@ constexpr std::array actionRules{
     ActionRule{"revertDocumentToSaved:"_L1, hasSavedVersion},
     ActionRule{"revertToPreviousSelection:"_L1, always},
     ActionRule{"saveCopyAs:"_L1, permitsSaving},
-    ActionRule{"saveDocument:"_L1, permitsSave, true},
+    ActionRule{"saveDocument:"_L1, permitsSave},
     ActionRule{"saveDocumentAs:"_L1, permitsSaving},
     ActionRule{"saveSortTask:"_L1, hasSorted},
-    ActionRule{"selectAllRecords:"_L1, hasOmittedRecords, true},
-    ActionRule{"selectFromOmitted:"_L1, hasOmittedRecords, true},
+    ActionRule{"selectAllRecords:"_L1, hasOmittedRecords},
+    ActionRule{"selectFromOmitted:"_L1, hasOmittedRecords},
     ActionRule{"selectRecords:"_L1, hasRecord},
     ActionRule{"sortByCreatedDate:"_L1, hasRecord},
     ActionRule{"sortByFields:"_L1, hasRecord},
@@ -207,8 +51,8 @@ constexpr std::array actionRules{
     ActionRule{"sortByModifiedDate:"_L1, hasRecord},
     ActionRule{"sortDatafileByWholeRecord:"_L1, hasRecord},
     ActionRule{"sortTask:"_L1, hasSortTasks},
-    ActionRule{"switchToOmitted:"_L1, hasOmittedRecords, true},
-    ActionRule{"switchView:"_L1, hasFields, true},
+    ActionRule{"switchToOmitted:"_L1, hasOmittedRecords},
+    ActionRule{"switchView:"_L1, hasFields},
     // Finding.
     ActionRule{"activateFindBox:"_L1, always},
     ActionRule{"forwardSearch:"_L1, always},
@@ -279,42 +123,42 @@ constexpr std::array actionRules{
     ActionRule{"changeAllToDefaultFont:"_L1, hasRecord},
     ActionRule{"changeCurrentRecordToDefaultFont:"_L1, mayChangeFont},
     ActionRule{"customizeToolbar:"_L1, always},
-    ActionRule{"insertAmpersand:"_L1, entersFindClassically, true},
+    ActionRule{"insertAmpersand:"_L1, entersFindClassically},
     ActionRule{"insertDateTime:"_L1, hasRecord},
-    ActionRule{"openCloneWindow:"_L1, always, true},
+    ActionRule{"openCloneWindow:"_L1, always},
     ActionRule{"pasteAsPlainText:"_L1, hasRecord},
     ActionRule{"removeBlankLines:"_L1, mayEditText},
-    ActionRule{"showRecordInfo:"_L1, always, true},
+    ActionRule{"showRecordInfo:"_L1, always},
     ActionRule{"toggleHighlighter:"_L1, mayEditText},
-    ActionRule{"toggleSpellChecking:"_L1, always, true},
-    ActionRule{"toggleToolbarShown:"_L1, always, true},
+    ActionRule{"toggleSpellChecking:"_L1, always},
+    ActionRule{"toggleToolbarShown:"_L1, always},
     ActionRule{"toggleToolbarStyle:"_L1, always},
-    ActionRule{"updateLineWrapping:"_L1, mayWrapFields, true},
-    // Commands with a rule of their own, whoever builds them.
-    ActionRule{"addFieldWithContent:"_L1, always, true},
-    ActionRule{"copyRecordWithFieldNames:"_L1, hasFields, true},
-    ActionRule{"deactivateFieldLink:"_L1, isInTable, true},
-    ActionRule{"deleteAllSelectedRecords:"_L1, hasOmittedRecords, true},
-    ActionRule{"deleteRecordWithToggle:"_L1, mayDelete, true},
-    ActionRule{"deleteRecordWithoutWarning:"_L1, mayDelete, true},
-    ActionRule{"exportAsCSV:"_L1, always, true},
-    ActionRule{"exportAsFreeformDatafile:"_L1, hasFields, true},
-    ActionRule{"exportAsTabDelimited:"_L1, always, true},
-    ActionRule{"fillEmptyFields:"_L1, hasFields, true},
-    ActionRule{"insertFileLink:"_L1, mayLinkFile, true},
-    ActionRule{"makeThisTheFirstRecord:"_L1, mayReorder, true},
-    ActionRule{"makeThisTheLastRecord:"_L1, mayReorder, true},
-    ActionRule{"moveAfterRecordNumber:"_L1, mayReorder, true},
-    ActionRule{"moveAllFreeformTextIntoFields:"_L1, hasFields, true},
-    ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, hasFields, true},
-    ActionRule{"moveTextElements:"_L1, always, true},
-    ActionRule{"printAllListViewRecords:"_L1, hasFields, true},
-    ActionRule{"removeLink:"_L1, mayRemoveLink, true},
-    ActionRule{"replaceFieldContents:"_L1, hasFields, true},
-    ActionRule{"save:"_L1, permitsSaving, true},
-    ActionRule{"synchronizeDatafiles:"_L1, always, true},
-    ActionRule{"totalFieldContents:"_L1, hasFields, true},
-    ActionRule{"transferFieldContents:"_L1, hasFields, true},
+    ActionRule{"updateLineWrapping:"_L1, mayWrapFields},
+    // Commands with a rule of their own that nobody has built yet.
+    ActionRule{"addFieldWithContent:"_L1, always},
+    ActionRule{"copyRecordWithFieldNames:"_L1, hasFields},
+    ActionRule{"deactivateFieldLink:"_L1, isInTable},
+    ActionRule{"deleteAllSelectedRecords:"_L1, hasOmittedRecords},
+    ActionRule{"deleteRecordWithToggle:"_L1, mayDelete},
+    ActionRule{"deleteRecordWithoutWarning:"_L1, mayDelete},
+    ActionRule{"exportAsCSV:"_L1, always},
+    ActionRule{"exportAsFreeformDatafile:"_L1, hasFields},
+    ActionRule{"exportAsTabDelimited:"_L1, always},
+    ActionRule{"fillEmptyFields:"_L1, hasFields},
+    ActionRule{"insertFileLink:"_L1, mayLinkFile},
+    ActionRule{"makeThisTheFirstRecord:"_L1, mayReorder},
+    ActionRule{"makeThisTheLastRecord:"_L1, mayReorder},
+    ActionRule{"moveAfterRecordNumber:"_L1, mayReorder},
+    ActionRule{"moveAllFreeformTextIntoFields:"_L1, hasFields},
+    ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, hasFields},
+    ActionRule{"moveTextElements:"_L1, always},
+    ActionRule{"printAllListViewRecords:"_L1, hasFields},
+    ActionRule{"removeLink:"_L1, mayRemoveLink},
+    ActionRule{"replaceFieldContents:"_L1, hasFields},
+    ActionRule{"save:"_L1, permitsSaving},
+    ActionRule{"synchronizeDatafiles:"_L1, always},
+    ActionRule{"totalFieldContents:"_L1, hasFields},
+    ActionRule{"transferFieldContents:"_L1, hasFields},
 };
 
 /// When a command may not run, whatever its own rule says.
@@ -431,6 +275,48 @@ constexpr std::array actionLimits{
     ActionLimit{"useStandardLigatures:"_L1, Formatting},
 };
 
+/// What may also run while there is a clone window.
+constexpr std::array actionsBesideClone{
+    "addFieldWithContent:"_L1,
+    "copyRecordWithFieldNames:"_L1,
+    "deactivateFieldLink:"_L1,
+    "deleteAllSelectedRecords:"_L1,
+    "deleteRecord:"_L1,
+    "deleteRecordWithoutWarning:"_L1,
+    "deleteRecordWithToggle:"_L1,
+    "exportAsCSV:"_L1,
+    "exportAsFreeformDatafile:"_L1,
+    "exportAsTabDelimited:"_L1,
+    "fillEmptyFields:"_L1,
+    "goBackOneRecord:"_L1,
+    "goForwardOneRecord:"_L1,
+    "insertAmpersand:"_L1,
+    "insertFileLink:"_L1,
+    "makeThisTheFirstRecord:"_L1,
+    "makeThisTheLastRecord:"_L1,
+    "moveAfterRecordNumber:"_L1,
+    "moveAllFreeformTextIntoFields:"_L1,
+    "moveCurrentFreeformTextIntoFields:"_L1,
+    "moveTextElements:"_L1,
+    "openCloneWindow:"_L1,
+    "printAllListViewRecords:"_L1,
+    "removeLink:"_L1,
+    "replaceFieldContents:"_L1,
+    "save:"_L1,
+    "saveDocument:"_L1,
+    "selectAllRecords:"_L1,
+    "selectFromOmitted:"_L1,
+    "showRecordInfo:"_L1,
+    "switchToOmitted:"_L1,
+    "switchView:"_L1,
+    "synchronizeDatafiles:"_L1,
+    "toggleSpellChecking:"_L1,
+    "toggleToolbarShown:"_L1,
+    "totalFieldContents:"_L1,
+    "transferFieldContents:"_L1,
+    "updateLineWrapping:"_L1,
+};
+
 } // namespace
 
 bool EditorWindowController::validateAction(const QString &selector) const
@@ -449,10 +335,11 @@ bool EditorWindowController::validateAction(const QString &selector) const
         return false;
     if (g_document.isMobile() && isLimited(NotInMobile))
         return false;
+    if (windowControllerCount() > 1
+        && std::ranges::find(actionsBesideClone, name) == actionsBesideClone.end())
+        return false;
     const auto rule = std::ranges::find(actionRules, name, &ActionRule::selector);
-    if (rule == actionRules.end())
-        return limit != actionLimits.end() && windowControllerCount() < 2;
-    return (rule->besideClone || windowControllerCount() < 2) && rule->mayRun(*this);
+    return rule == actionRules.end() ? limit != actionLimits.end() : rule->mayRun(*this);
 }
 
 QStringList EditorWindowController::knownActions()

@@ -14,7 +14,7 @@ namespace tavrin {
 
 void EditorWindowController::openCloneWindow()
 {
-    if (!isClone() && !g_cloneWindow)
+    if (!isClone())
         Q_EMIT cloneWindowRequested();
 }
 
@@ -28,11 +28,11 @@ void EditorWindowController::reloadClone()
 
 void EditorWindowController::showChangesInClone(const DatafileChange &change)
 {
-    const auto *changed = std::get_if<RecordChanged>(&change);
-    if (changed && changed->identifier == currentIdentifier())
-        g_text->show(*g_currentRecord);
-    else if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
+    if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
         reloadClone();
+    else if (g_currentRecord
+             && (g_currentRecord->textString() != g_cloneText || g_currentRecord->textRTFD() != g_cloneRTFD))
+        loadCurrentRecord();
 }
 
 void EditorWindowController::storeForClone()

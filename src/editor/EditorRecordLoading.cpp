@@ -86,6 +86,10 @@ void EditorWindowController::privateLoadValidatedRecord(RecordData *record)
 {
     saveIfDifferentRecord(record);
     g_text->show(*record);
+    if (isClone()) {
+        g_cloneText = record->textString();
+        g_cloneRTFD = record->textRTFD();
+    }
     updateFreeformTextEditability();
     g_tableController->reload();
     if (settings().automaticallyEnableLinks())

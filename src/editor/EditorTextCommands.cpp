@@ -107,9 +107,12 @@ void EditorTextCommands::insertAmpersand()
 
 void EditorTextCommands::pasteAsPlainText()
 {
+    EditorView &view = g_window.view();
     const QString text = QGuiApplication::clipboard()->text();
-    if (!text.isEmpty())
-        g_window.view().insertTyped(text);
+    if (view.focus() == EditorFocus::FreeformText)
+        view.pasteIntoFreeformText(true);
+    else if (!text.isEmpty())
+        view.insertTyped(text);
 }
 
 void EditorTextCommands::removeBlankLines()

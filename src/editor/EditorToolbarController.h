@@ -39,8 +39,8 @@ public:
     static constexpr auto FlexibleSpace = "FlexibleSpace";
     static constexpr auto FindBox = "FindBox";
 
-    /// `hasCommand` tells whether there is a command of that selector; with the find box's identifier it
-    /// tells of the find box. The preferences outlive the controller.
+    /// `hasCommand` tells whether there is a command of that selector. The preferences outlive the
+    /// controller.
     EditorToolbarController(Preferences &preferences, std::function<bool(const QString &)> hasCommand);
 
     /// Everything that can be put there now, in the order in which a dialog offers it.

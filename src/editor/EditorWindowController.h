@@ -296,7 +296,9 @@ private:
     std::unique_ptr<EditorTextCommands> g_textCommands;
     EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.
     EditorWindowController *g_cloneWindow = nullptr; ///< Of a main window that has one.
-    QTimer g_cloneTimer;                             ///< Until the clone shows what is typed here.
+    QString g_cloneText;                             ///< What a clone shows, in its two stored forms.
+    QByteArray g_cloneRTFD;
+    QTimer g_cloneTimer; ///< Until the clone shows what is typed here.
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;

@@ -67,7 +67,13 @@ void EditorToolbar::setOtherView(const QString &image, const QString &label)
 
 void EditorToolbar::build()
 {
+    // Lines, spaces and the find box are the toolbar's own, made anew each time.
+    const QList<QAction *> before = actions();
     clear();
+    for (QAction *action : before) {
+        if (action->parent() == this)
+            action->deleteLater();
+    }
     for (const QString &identifier : g_controller.items())
         addItem(identifier);
     applyStyle();
@@ -104,10 +110,10 @@ void EditorToolbar::addItem(const QString &identifier)
         addSeparator();
     else if (EditorToolbarController::mayRepeat(identifier))
         addSpace(identifier == QLatin1StringView(EditorToolbarController::FlexibleSpace));
-    else if (identifier != QLatin1StringView(EditorToolbarController::FindBox))
+    else if (identifier == QLatin1StringView(EditorToolbarController::FindBox) && g_findBox)
+        addWidget(g_findBox(this));
+    else
         addCommand(item);
-    else if (QWidget *findBox = g_findBox ? g_findBox(this) : nullptr)
-        addWidget(findBox);
 }
 
 void EditorToolbar::addCommand(const ToolbarItem &item)

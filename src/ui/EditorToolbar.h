@@ -25,7 +25,8 @@ public:
     /// The controller outlives the toolbar.
     EditorToolbar(EditorToolbarController &controller, ActionSource actions, QWidget *parent);
 
-    /// The find box is made anew each time that the toolbar is built; without a source it has no place.
+    /// The find box is made anew each time that the toolbar is built. Without a source, a button leads to the
+    /// one that the window has elsewhere.
     void setFindBoxSource(WidgetSource source);
     /// Without text whatever the person chose, as a datafile may ask.
     void setCompact(bool compact);

@@ -84,6 +84,8 @@ void EditorWindow::updateAll()
 
 EditorWindow::~EditorWindow()
 {
+    // The clone tells this window that it goes: while there is a window to be told.
+    g_clone.reset();
     // It loses the focus when the window goes, and tells of it.
     g_text->disconnect(this);
 }

@@ -252,6 +252,10 @@ void EditorWindow::setSpelling(Spelling &spelling)
 
 void EditorWindow::openClone()
 {
+    if (g_clone) {
+        g_clone->bringToFront();
+        return;
+    }
     g_clone = std::make_unique<EditorWindow>(CloneOf{*this});
     if (g_recordInfo)
         g_clone->setRecordInfoPalette(*g_recordInfo);

@@ -41,9 +41,14 @@ void FieldWrapping::setWrapping(bool wraps, bool live)
 
 void FieldWrapping::update()
 {
+    // What is being typed is not in the record yet, and its row follows it.
+    const QWidget *editor = g_live && g_table.isEditing() ? QApplication::focusWidget() : nullptr;
+    const int typedRow = isCellTextModified(editor) ? g_table.currentIndex().row() : -1;
     const int rows = g_table.model()->rowCount();
-    for (int row = 0; row < rows; ++row)
-        setRowHeight(row, g_table.model()->index(row, BasicTableModel::ValueColumn).data().toString());
+    for (int row = 0; row < rows; ++row) {
+        const QModelIndex value = g_table.model()->index(row, BasicTableModel::ValueColumn);
+        setRowHeight(row, row == typedRow ? cellText(editor) : value.data().toString());
+    }
 }
 
 void FieldWrapping::cellTyped()

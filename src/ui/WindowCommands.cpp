@@ -46,7 +46,7 @@ constexpr std::array viewTable{
     separator,
     Command{showRecordInfo,
             QT_TRANSLATE_NOOP("Commands", "Record &Information"),
-            "Ctrl+Shift+I",
+            "Ctrl+Alt+I",
             "TB_C_recordInfo",
             askView<showRecordInfo>},
     Command{"openCloneWindow:",
