@@ -123,6 +123,8 @@ Result<QString> realFieldNamed(const QString &name, const DatafileSettingsData &
     const Result<QString> field = contentNamed(name, settings);
     if (field && *field == "Text"_L1)
         return wrong(Cli::tr("The text is no field."));
+    if (field && field->isEmpty())
+        return wrong(Cli::tr("The field \"%1\" has no identifier to store a value under.").arg(name));
     return field;
 }
 

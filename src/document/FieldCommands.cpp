@@ -31,7 +31,7 @@ FillEmptyFields::FillEmptyFields(const DatafileDocument &document, const Filling
 void FillEmptyFields::change(const RecordView &record, Change &change)
 {
     for (const QString &field : g_filling.fields) {
-        if (!record.fieldValue(field).isEmpty())
+        if (field.isEmpty() || !record.fieldValue(field).isEmpty())
             continue;
         QString text = g_filling.text;
         if (g_filling.number) {

@@ -32,7 +32,7 @@ PresenceChange::removing(DatafileDocument &document, std::span<const quint32> re
 }
 
 std::unique_ptr<PresenceChange>
-PresenceChange::added(quint32 record, const QString &name, std::optional<NumberCount> numberCount)
+PresenceChange::added(quint32 record, const QString &name, const NumberCount &numberCount)
 {
     std::unique_ptr<PresenceChange> change(new PresenceChange(name));
     change->g_numbers.push_back(record);

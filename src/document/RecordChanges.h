@@ -32,11 +32,16 @@ public:
 
     /// Of a record that was just added.
     static std::unique_ptr<PresenceChange>
-    added(quint32 record, const QString &name, std::optional<NumberCount> numberCount = {});
+    added(quint32 record, const QString &name, const NumberCount &numberCount);
 
     QString name() const override { return g_name; }
     void undo(DatafileDocument &document) override { exchange(document); }
     void redo(DatafileDocument &document) override { exchange(document); }
+
+    bool isAddingOf(quint32 record) const override
+    {
+        return g_numberCount && g_numbers.size() == 1 && g_numbers.front() == record;
+    }
 
     /// How many records are out now.
     size_t countOut() const { return g_records.size(); }

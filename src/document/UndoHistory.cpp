@@ -17,6 +17,15 @@ void UndoHistory::push(std::unique_ptr<UndoStep> step)
     Q_EMIT changed();
 }
 
+void UndoHistory::forgetAddingOf(quint32 record)
+{
+    if (g_steps.empty() || canRedo() || !g_steps.back()->isAddingOf(record))
+        return;
+    g_steps.pop_back();
+    --g_done;
+    Q_EMIT changed();
+}
+
 void UndoHistory::clear()
 {
     g_steps.clear();

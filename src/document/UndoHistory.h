@@ -27,6 +27,8 @@ public:
     virtual QString name() const = 0;
     virtual void undo(DatafileDocument &document) = 0;
     virtual void redo(DatafileDocument &document) = 0;
+    /// Whether all that was done is that a record came in.
+    virtual bool isAddingOf(quint32 /*record*/) const { return false; }
 };
 
 /// What can be undone in a datafile beside the typing, in the order in which it was done.
@@ -41,6 +43,8 @@ public:
 
     /// Remembers a step that was just done. What was undone before can no longer be done again.
     void push(std::unique_ptr<UndoStep> step);
+    /// Forgets the last step when all it did was to add that record, which is gone again.
+    void forgetAddingOf(quint32 record);
     void clear();
 
     bool canUndo() const { return g_done > 0; }

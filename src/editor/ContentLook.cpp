@@ -15,12 +15,12 @@ FormSheetController::Preview ContentLook::preview() const
 {
     FormSheetController::Preview preview;
     const ContentWork &work = *g_content;
-    preview.summary =
-        g_summary ? g_summary(work)
-                  : filledIn(EditorFields::tr("%lu content(s) in %lu of %lu selected record(s) will change."),
-                             {QString::number(work.changedContents()),
-                              QString::number(work.changedRecords()),
-                              QString::number(work.records())});
+    preview.summary = g_summary ? g_summary(work)
+                                : filledIn(EditorFields::tr("%lu content(s) in %lu of %lu selected record(s) "
+                                                            "will change."),
+                                           {QString::number(work.changedContents()),
+                                            QString::number(work.changedRecords()),
+                                            QString::number(work.records())});
     if (work.lockedRecords() > 0)
         preview.summary += u' '
                            + filledIn(EditorFields::tr("%lu locked record(s) will be skipped."),

@@ -8,6 +8,7 @@
 #include "document/FieldOperations.h"
 #include "document/FieldTotals.h"
 #include "document/TextMoving.h"
+#include "editor/AlertSheetController.h"
 #include "editor/ContentLook.h"
 #include "editor/EditorFields.h"
 #include "editor/EditorWindowController.h"
@@ -15,6 +16,8 @@
 
 #include <QDate>
 #include <QLocale>
+
+#include <algorithm>
 
 namespace tavrin {
 
@@ -130,7 +133,11 @@ void EditorFields::replaceFieldContents()
                                                  form.text(which),
                                                  form.isOn(caseSensitive)};
     };
-    askWith<ReplaceFieldContents>(std::move(owned), make, contentsChanged);
+    askWith<ReplaceFieldContents>(
+        std::move(owned), make, contentsChanged, [&form, field](const ContentWork &work) {
+            return filledIn(tr("Replace the contents of \"%@\" in %lu selected record(s)?"),
+                            {form.choice(field).text, QString::number(work.changedRecords())});
+        });
 }
 
 void EditorFields::transferFieldContents()
@@ -278,7 +285,14 @@ void EditorFields::recordTotals(const QStringList &fields, const QString &olderR
         if (work->totals().wasCancelled())
             return;
         DatafileDocument &document = g_window.document();
-        if (olderRecord.isEmpty()) {
+        const std::vector<FieldTotal> &totals = work->totals().totals();
+        if (std::ranges::all_of(totals, [](const FieldTotal &total) { return total.count == 0; })) {
+            const FieldDefinition *field =
+                document.datafileSettings().fieldWithIdentifier(totals.front().field);
+            showAlert(g_sheets,
+                      filledIn(tr("There are no numbers in \"%@\"."), {field ? field->name() : QString()}),
+                      {});
+        } else if (olderRecord.isEmpty()) {
             g_window.showRecord(work->totals().addTotalRecord(document));
         } else {
             work->totals().updateTotalRecord(document, olderRecord);

@@ -66,8 +66,11 @@ EditorFields::~EditorFields() = default;
 QList<CodedItem> EditorFields::fieldItems() const
 {
     QList<CodedItem> items;
-    for (const FieldDefinition &field : g_window.document().datafileSettings().fields())
-        items.append({field.name(), 0, field.identifier()});
+    for (const FieldDefinition &field : g_window.document().datafileSettings().fields()) {
+        // Without an identifier there is nothing under which contents could stand.
+        if (!field.identifier().isEmpty())
+            items.append({field.name(), 0, field.identifier()});
+    }
     return items;
 }
 
@@ -80,19 +83,23 @@ QList<CodedItem> EditorFields::contentItems() const
 
 // Asking, doing, telling.
 
-void EditorFields::ask(std::unique_ptr<FormSheetController> form, const MakeWork &make, const Tell &tell)
+void EditorFields::ask(std::unique_ptr<FormSheetController> form,
+                       const MakeWork &make,
+                       const Tell &tell,
+                       const Tell &summary)
 {
     if (!g_window.leaveEditing())
         return;
-    g_preview = std::make_unique<FormPreview>(*form, [this, make]() -> std::shared_ptr<FormPreview::Look> {
-        return std::make_shared<ContentLook>(make(), g_window.document());
-    });
-    connect(
-        form.get(), &QVSheetController::finished, this, [this, make, tell, title = form->title()](int code) {
-            g_preview.reset();
-            if (code == QVSheetController::FirstButton)
-                begin(title, make, tell);
+    g_preview =
+        std::make_unique<FormPreview>(*form, [this, make, summary]() -> std::shared_ptr<FormPreview::Look> {
+            return std::make_shared<ContentLook>(make(), g_window.document(), summary);
         });
+    const QString title = form->title();
+    connect(form.get(), &QVSheetController::finished, this, [this, make, tell, title](int code) {
+        g_preview.reset();
+        if (code == QVSheetController::FirstButton)
+            begin(title, make, tell);
+    });
     g_sheets.begin(std::move(form));
 }
 

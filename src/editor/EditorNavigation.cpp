@@ -3,6 +3,7 @@
 
 // Going from record to record, adding and deleting them.
 
+#include "document/UndoHistory.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorRecords.h"
 #include "editor/EditorTableController.h"
@@ -168,7 +169,9 @@ void EditorWindowController::deleteIfEmptyRecordAtIndex(qint64 index)
     if (!record || !mayVanish(*record, settings()))
         return;
     const qint64 lastIndex = countSelected() - 1;
+    const quint32 number = g_document.datafileRecords().identifiers().number(identifierOf(record));
     g_document.deleteRecord(identifierOf(record));
+    g_document.undoHistory().forgetAddingOf(number);
     g_currentRecord = nullptr;
     if (countSelected() == 0) {
         g_document.datafileCatalog().selectAll();

@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableWidget>
@@ -108,8 +109,8 @@ QWidget *ModifyFieldsDialog::makeCommands()
         if (QTableWidgetItem *item = g_table->item(g_table->currentRow(), nameColumn))
             g_table->editItem(item);
     });
-    g_up = addCommand(tr("Move &Up"), [this] { move(g_table->currentRow() - 1); });
-    g_down = addCommand(tr("Move Do&wn"), [this] { move(g_table->currentRow() + 1); });
+    g_up = addCommand(tr("Move &Up"), [this] { moveRow(g_table->currentRow(), g_table->currentRow() - 1); });
+    g_down = addCommand(tr("Move Do&wn"), [this] { moveRow(g_table->currentRow(), g_table->currentRow() + 1); });
     addCommand(tr("&Names from Datafile…"), [this] { chooseDatafile(); });
     layout->addStretch(1);
     return commands;
@@ -149,9 +150,8 @@ void ModifyFieldsDialog::cellEdited(int row, int column)
         g_sheet.setShown(row, item->checkState() == Qt::Checked);
 }
 
-void ModifyFieldsDialog::move(int to)
+void ModifyFieldsDialog::moveRow(int from, int to)
 {
-    const int from = g_table->currentRow();
     if (from < 0 || to < 0 || to >= g_table->rowCount())
         return;
     g_sheet.moveField(from, to);
@@ -168,10 +168,13 @@ bool ModifyFieldsDialog::eventFilter(QObject *watched, QEvent *event)
     int to = over.isValid() ? over.row() : g_table->rowCount();
     if (over.isValid() && drop->position().y() > g_table->visualRect(over).center().y())
         ++to;
-    // The table takes away what was dragged, unless it is told that nothing was moved.
-    drop->setDropAction(Qt::CopyAction);
-    drop->accept();
-    move(qBound(0, to > from ? to - 1 : to, g_table->rowCount() - 1));
+    // The table takes away what was dragged, unless it is told that nothing was moved; and it is done with
+    // the drag only afterwards.
+    drop->setDropAction(Qt::IgnoreAction);
+    drop->ignore();
+    to = qBound(0, to > from ? to - 1 : to, g_table->rowCount() - 1);
+    QMetaObject::invokeMethod(
+        this, [this, from, to] { moveRow(from, to); }, Qt::QueuedConnection);
     return true;
 }
 

@@ -30,7 +30,7 @@ private:
     void makeTable();
     void fill(int currentRow);
     void cellEdited(int row, int column);
-    void move(int to);
+    void moveRow(int from, int to);
     void chooseDatafile();
     void showNotes();
 

@@ -67,6 +67,11 @@ void EditorRecordsTest::aNewRecordIsPlacedAndTakenBack()
     QCOMPARE(editor.identifiers().size(), 4);
     QVERIFY(!editor.document->isModified() && editor.window->currentRecord());
 
+    editor.window->addRecord();
+    editor.window->goToFirstRecord(); // The empty one vanishes, and with it what could be undone.
+    QCOMPARE(editor.identifiers().size(), 4);
+    QVERIFY(editor.window->undoName().isEmpty());
+
     editor.window->showRecord(u"r1"_s);
     editor.window->records().duplicateCurrentRecord();
     QCOMPARE(editor.window->recordNumberText(), u"#3"_s);
