@@ -110,7 +110,8 @@ QWidget *ModifyFieldsDialog::makeCommands()
             g_table->editItem(item);
     });
     g_up = addCommand(tr("Move &Up"), [this] { moveRow(g_table->currentRow(), g_table->currentRow() - 1); });
-    g_down = addCommand(tr("Move Do&wn"), [this] { moveRow(g_table->currentRow(), g_table->currentRow() + 1); });
+    g_down =
+        addCommand(tr("Move Do&wn"), [this] { moveRow(g_table->currentRow(), g_table->currentRow() + 1); });
     addCommand(tr("&Names from Datafile…"), [this] { chooseDatafile(); });
     layout->addStretch(1);
     return commands;
