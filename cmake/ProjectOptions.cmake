@@ -3,6 +3,7 @@
 option(TAVRIN_BUILD_TESTS "Build the tests" ON)
 option(TAVRIN_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(TAVRIN_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
+option(TAVRIN_PRECOMPILED_HEADERS "Compile the headers of Qt and of the standard library once" OFF)
 option(TAVRIN_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 set(TAVRIN_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them")
 
@@ -14,7 +15,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(TAVRIN_CCACHE ccache)
 if(TAVRIN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${TAVRIN_CCACHE})
+    # It may take a precompiled header for what it was made from.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${TAVRIN_CCACHE})
 endif()
 
 add_library(project_options INTERFACE)

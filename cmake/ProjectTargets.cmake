@@ -1,5 +1,26 @@
 # The kinds of target: a room's library, a program, a test.
 
+# Nearly all that a compiler reads of one of our files are the headers of Qt and of the standard library; they
+# are compiled once for all. Each file still includes what it
+# uses: the release build goes without (TAVRIN_PRECOMPILED_HEADERS).
+function(project_precompiled_headers name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;DEPENDS")
+    if(NOT TAVRIN_PRECOMPILED_HEADERS)
+        return()
+    endif()
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/precompiled/${name}.cpp CONTENT "// Carries headers.\n")
+    add_library(precompiled_${name} OBJECT ${CMAKE_BINARY_DIR}/precompiled/${name}.cpp)
+    target_link_libraries(precompiled_${name} PRIVATE project_options ${arg_DEPENDS})
+    target_precompile_headers(precompiled_${name} PRIVATE ${arg_HEADERS})
+    set_target_properties(precompiled_${name} PROPERTIES AUTOMOC OFF)
+endfunction()
+
+function(project_reuse_headers target name)
+    if(TAVRIN_PRECOMPILED_HEADERS)
+        target_precompile_headers(${target} REUSE_FROM precompiled_${name})
+    endif()
+endfunction()
+
 # project_library(NAME SOURCES ... DEPENDS ...): one room, as a static library `tavrin_NAME`.
 # A name in DEPENDS is a room or a full target name.
 function(project_library name)
@@ -7,6 +28,11 @@ function(project_library name)
     add_library(tavrin_${name} STATIC ${arg_SOURCES})
     target_link_libraries(tavrin_${name} PUBLIC project_options)
     project_link(tavrin_${name} PUBLIC ${arg_DEPENDS})
+    if(name STREQUAL ui)
+        project_reuse_headers(tavrin_${name} widgets)
+    else()
+        project_reuse_headers(tavrin_${name} core)
+    endif()
 endfunction()
 
 # project_test(NAME DEPENDS ... [SOURCES ...] [TIMEOUT seconds] [THREADS]): one Qt Test program from NAME.cpp,
@@ -23,6 +49,7 @@ function(project_test name)
         TAVRIN_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
     target_link_libraries(${name} PRIVATE project_options Qt6::Test)
     project_link(${name} PRIVATE ${arg_DEPENDS})
+    project_reuse_headers(${name} core)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name})
     project_test_environment(${name} ${arg_TIMEOUT})

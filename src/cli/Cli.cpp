@@ -15,18 +15,13 @@ namespace {
 
 QList<Command> commands()
 {
-    return {infoCommand(),
-            checkCommand(),
-            listCommand(),
-            showCommand(),
-            newCommand(),
-            saveCommand(),
-            setCommand(),
-            sortCommand(),
-            selectCommand(),
-            findCommand(),
-            replaceCommand(),
-            settingsCommand()};
+    return {infoCommand(),     checkCommand(),     listCommand(),         showCommand(),
+            newCommand(),      saveCommand(),      setCommand(),          addCommand(),
+            deleteCommand(),   duplicateCommand(), moveCommand(),         lockCommand(),
+            dedupeCommand(),   fieldsCommand(),    fillCommand(),         replaceContentsCommand(),
+            transferCommand(), totalCommand(),     textToFieldsCommand(), extractCommand(),
+            sortCommand(),     selectCommand(),    findCommand(),         replaceCommand(),
+            importCommand(),   exportCommand(),    settingsCommand()};
 }
 
 QString synopsisOf(const Option &option)

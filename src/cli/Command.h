@@ -47,7 +47,9 @@ QList<Option> writingOptions();
 QList<Option> commonOptions();
 
 Command checkCommand();
+Command exportCommand();
 Command findCommand();
+Command importCommand();
 Command infoCommand();
 Command listCommand();
 Command newCommand();
@@ -58,5 +60,22 @@ Command setCommand();
 Command settingsCommand();
 Command showCommand();
 Command sortCommand();
+
+// Record commands.
+Command addCommand();
+Command dedupeCommand();
+Command deleteCommand();
+Command duplicateCommand();
+Command lockCommand();
+Command moveCommand();
+
+// Field commands.
+Command extractCommand();
+Command fieldsCommand();
+Command fillCommand();
+Command replaceContentsCommand();
+Command textToFieldsCommand();
+Command totalCommand();
+Command transferCommand();
 
 } // namespace tavrin

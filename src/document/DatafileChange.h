@@ -27,6 +27,10 @@ struct RecordChanged
 {
     QString identifier;
 };
+/// Contents or bookkeeping of many records changed.
+struct RecordsChanged
+{
+};
 /// Order or selection of the catalog changed.
 struct CatalogChanged
 {
@@ -50,6 +54,7 @@ using DatafileChange = std::variant<RecordAdded,
                                     RecordWillBeDeleted,
                                     RecordDeleted,
                                     RecordChanged,
+                                    RecordsChanged,
                                     CatalogChanged,
                                     FieldFormatChanged,
                                     SettingsChanged,

@@ -136,7 +136,11 @@ void DatafileDocument::markRecordModified(const QString &recordIdentifier)
 
 QString DatafileDocument::addRecord(const QString &afterIdentifier)
 {
-    auto record = std::make_unique<RecordData>(g_services.environment);
+    return addRecord(std::make_unique<RecordData>(g_services.environment), afterIdentifier);
+}
+
+QString DatafileDocument::addRecord(std::unique_ptr<RecordData> record, const QString &afterIdentifier)
+{
     const QString identifier = record->identifier();
     g_records->setRecord(std::move(record), identifier);
     if (afterIdentifier.isEmpty())
@@ -176,6 +180,7 @@ void DatafileDocument::addFieldNamesToDocument(const QStringList &names)
     if (names.isEmpty())
         return;
     g_settings->setFields(g_settings->fields() + arrayForFieldNames(names));
+    updateChangeCount(ChangeCount::Done);
     announce(FieldFormatChanged{});
     Q_EMIT datafileFieldFormatChanged();
 }

@@ -176,6 +176,8 @@ public:
     bool isModified() const { return g_changeCount != 0; }
     void updateChangeCount(ChangeCount change);
 
+    /// Tells everybody. For operations that change the data themselves.
+    void announce(const DatafileChange &change);
     /// Announces that the order or the selection of the catalog changed.
     void announceCatalogChange();
 
@@ -193,6 +195,8 @@ public:
     /// Adds an empty record behind another (empty: at the beginning; unknown: at the end) and announces it.
     /// The identifier of the new record.
     QString addRecord(const QString &afterIdentifier);
+    /// The same with a new record that was made and filled already.
+    QString addRecord(std::unique_ptr<RecordData> record, const QString &afterIdentifier);
     /// Announces, removes from the records and the catalog, announces. Nothing for an unknown identifier.
     void deleteRecord(const QString &identifier);
 
@@ -233,7 +237,6 @@ private:
 
     DatafileDocument(const DocumentServices &services, DatafileKind kind);
 
-    void announce(const DatafileChange &change);
     void takeContents(DatafileContents contents);
     DatafileSnapshot snapshot();
     bool canSaveChanges() const { return !g_editing || g_editing->canSaveChanges(); }

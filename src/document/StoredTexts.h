@@ -27,9 +27,12 @@ public:
     Date modifiedDate(quint32 record) const override;
     QStringList fieldIdentifiers() const override { return g_fieldIdentifiers; }
 
-private:
+    /// Whether there is a record of that number.
+    bool contains(quint32 record) const { return g_records.view(record).has_value(); }
+    /// Of a record that is there; outlived by this.
     RecordView view(quint32 record) const { return *g_records.view(record); }
 
+private:
     StoredRecords g_records;
     AddressPlace g_addressPlace;
     QStringList g_fieldIdentifiers;

@@ -71,6 +71,14 @@ bool BasicTableModel::setData(const QModelIndex &index, const QVariant &value, i
     return true;
 }
 
+bool BasicTableModel::dropText(const QModelIndex &index, const QString &text)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    const FieldDefinition &field = g_window.document().datafileSettings().fields().at(index.row());
+    return g_window.tableController().dropText(g_window.currentRecord(), field.identifier(), text);
+}
+
 void BasicTableModel::reset()
 {
     beginResetModel();

@@ -27,6 +27,9 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
+    /// Puts a dropped text into a value; false where it may not be edited.
+    bool dropText(const QModelIndex &index, const QString &text);
+
     /// The definitions changed.
     void reset();
     /// Another record, or another content of this one.

@@ -124,14 +124,14 @@ void EditorWindowController::insertInViewedRecordList(const RecordData *record)
 void EditorWindowController::saveIfDifferentRecord(RecordData *newRecord)
 {
     if (!g_nowSaving && newRecord != g_currentRecord) {
-        if (g_currentRecord)
+        if (g_currentRecord && !isClone())
             cleanFieldValues();
-        if (newRecord)
+        if (newRecord && !isClone())
             newRecord->viewed(g_document.services().environment);
         const bool wasEditing = g_view->isTableEditing();
         if (wasEditing)
             g_view->endTableEditing();
-        if (g_currentRecord) {
+        if (g_currentRecord && !isClone()) {
             storeFreeformText();
             if (wasEditing && newRecord)
                 g_view->setFocus(EditorFocus::Table);
@@ -145,7 +145,7 @@ void EditorWindowController::saveIfDifferentRecord(RecordData *newRecord)
 
 void EditorWindowController::updateCurrentRecord()
 {
-    if (g_nowSaving || !g_currentRecord)
+    if (g_nowSaving || !g_currentRecord || isClone())
         return;
     if (g_view->isTableEditing())
         g_view->endTableEditing();
@@ -198,7 +198,7 @@ void EditorWindowController::resumeTableEditing()
 
 void EditorWindowController::setDatafileChanged()
 {
-    if (!g_nowSyncing)
+    if (!g_nowSyncing && !isClone())
         g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
 }
 
@@ -212,8 +212,11 @@ void EditorWindowController::markEdited(const QString &identifier)
 
 void EditorWindowController::textDidChange()
 {
-    if (g_currentRecord && !g_nowSyncing)
-        markEdited(identifierOf(g_currentRecord));
+    if (!g_currentRecord || g_nowSyncing || isClone())
+        return;
+    markEdited(identifierOf(g_currentRecord));
+    if (g_cloneWindow)
+        g_cloneTimer.start();
 }
 
 void EditorWindowController::cellTextDidChange()

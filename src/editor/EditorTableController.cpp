@@ -3,10 +3,12 @@
 
 #include "editor/EditorTableController.h"
 
+#include "document/UndoHistory.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorWindowController.h"
 #include "editor/ListTableModel.h"
 #include "model/FieldText.h"
+#include "search/TextChanges.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -15,6 +17,23 @@
 #include <cmath>
 
 namespace tavrin {
+
+namespace {
+
+class DroppedText : public UndoStep
+{
+public:
+    explicit DroppedText(TextChanges changes) : g_changes(std::move(changes)) {}
+
+    QString name() const override { return EditorTableController::tr("Drop Text"); }
+    void undo(DatafileDocument &document) override { g_changes.exchange(document); }
+    void redo(DatafileDocument &document) override { g_changes.exchange(document); }
+
+private:
+    TextChanges g_changes;
+};
+
+} // namespace
 
 EditorTableController::EditorTableController(EditorWindowController &window)
     : g_window(window)
@@ -27,6 +46,7 @@ EditorTableController::~EditorTableController() = default;
 void EditorTableController::setupTables()
 {
     g_fieldsFont = g_window.fieldsFont();
+    g_fieldsFont.setPointSizeF(g_fieldsFont.pointSizeF() * g_window.textScale());
     g_basicTableModel->reset();
     g_listTableModel->reset();
     reload();
@@ -50,7 +70,7 @@ bool EditorTableController::mayEdit() const
 
 bool EditorTableController::mayEditRecord(const RecordData *record) const
 {
-    return record && !record->recordLocked() && !g_window.nowSyncing();
+    return record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone();
 }
 
 QString EditorTableController::cleanedFieldValue(const QString &value)
@@ -108,13 +128,18 @@ double EditorTableController::columnWidth(int column) const
 {
     constexpr double widthWithoutFields = 3000;
     const DatafileSettingsData &settings = g_window.document().datafileSettings();
+    const double scale = g_window.textScale();
     if (!g_listTableModel->isTextColumn(column))
-        return settings.fields().at(g_listTableModel->shownFields().at(column)).width();
-    return settings.fields().isEmpty() ? widthWithoutFields : static_cast<double>(settings.textColumnWidth());
+        return settings.fields().at(g_listTableModel->shownFields().at(column)).width() * scale;
+    return settings.fields().isEmpty() ? widthWithoutFields
+                                       : static_cast<double>(settings.textColumnWidth()) * scale;
 }
 
-void EditorTableController::columnDidResize(int column, double width)
+void EditorTableController::columnDidResize(int column, double shownWidth)
 {
+    if (g_window.isClone())
+        return;
+    const double width = shownWidth / g_window.textScale();
     DatafileSettingsData &settings = g_window.document().datafileSettings();
     if (g_listTableModel->isTextColumn(column)) {
         settings.setTextColumnWidth(static_cast<float>(width));
@@ -124,6 +149,38 @@ void EditorTableController::columnDidResize(int column, double width)
         settings.setFields(fields);
     }
     g_window.viewSettingsDidChange();
+}
+
+void EditorTableController::headerClicked(int column, HeaderClick click)
+{
+    if (ColumnSizing(g_window).click(column, click))
+        Q_EMIT columnWidthsChanged();
+}
+
+double EditorTableController::wrappedHeight(const QString &value, double width) const
+{
+    const QFontMetricsF metrics(g_fieldsFont);
+    const QRectF room(0, 0, qMax(1.0, width), 1e6);
+    const double height = metrics.boundingRect(room, Qt::TextWordWrap | Qt::TextWrapAnywhere, value).height();
+    return qMax(metrics.height(), height);
+}
+
+bool EditorTableController::dropText(const RecordData *record,
+                                     const QString &fieldIdentifier,
+                                     const QString &text)
+{
+    if (!mayEditRecord(record))
+        return false;
+    DatafileDocument &document = g_window.document();
+    TextChanges changes;
+    changes.add({document.datafileRecords().identifierForRecord(record),
+                 {{fieldIdentifier, cleanedFieldValue(text)}},
+                 {},
+                 {}});
+    changes.exchange(document);
+    document.undoHistory().push(std::make_unique<DroppedText>(std::move(changes)));
+    g_window.setDatafileChanged();
+    return true;
 }
 
 double EditorTableController::listViewRowHeight() const

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "editor/ColumnSizing.h"
+
 #include <QFont>
 #include <QObject>
 
@@ -59,12 +61,23 @@ public:
     int listColumnForField(int field) const;
     int fieldForListColumn(int column) const;
 
-    /// Width in points of a List View column, and its new width as the person dragged it.
+    /// Width in points of a List View column as it is shown, and its new width as the person dragged it.
     double columnWidth(int column) const;
     void columnDidResize(int column, double width);
+    /// The person clicked a column's header, or chose in its menu.
+    void headerClicked(int column, HeaderClick click);
 
     /// Height of a List View row in points.
     double listViewRowHeight() const;
+    /// Height in points of a value's text in that width, on as many lines as it takes; at least one line.
+    double wrappedHeight(const QString &value, double width) const;
+
+    /// Puts a dropped text into the field in place of what was there, as a step that can be undone. False
+    /// when the record may not be edited.
+    bool dropText(const RecordData *record, const QString &fieldIdentifier, const QString &text);
+
+Q_SIGNALS:
+    void columnWidthsChanged();
 
 private:
     EditorWindowController &g_window;

@@ -4,6 +4,9 @@
 #pragma once
 
 #include <QString>
+#include <QTextCursor>
+
+#include <utility>
 
 namespace tavrin {
 
@@ -51,6 +54,18 @@ public:
     /// Height of the table above the divider as it was set or dragged, in points; -1: never.
     virtual double splitHeight() const = 0;
     virtual void setSplitHeight(double height) = 0;
+
+    /// The person's place in the freeform text; null without one.
+    virtual QTextCursor freeformTextCursor() const { return {}; }
+    /// Goes to a place of the freeform text, or selects a part of it.
+    virtual void setFreeformTextCursor(const QTextCursor & /*cursor*/) {}
+    /// As if the person had typed it where the caret is: into the cell being edited, else into the text.
+    virtual void insertTyped(const QString & /*text*/) {}
+    /// Shows the freeform text at that scale; what is stored does not change.
+    virtual void setTextScale(double /*scale*/) {}
+    /// The part of the cell being edited that is selected, as start and length; {-1, 0} without one.
+    virtual std::pair<int, int> cellTextSelection() const { return {-1, 0}; }
+    virtual void setCellTextSelection(int /*start*/, int /*length*/) {}
 };
 
 } // namespace tavrin

@@ -40,7 +40,7 @@ Overloaded(Handlers...) -> Overloaded<Handlers...>;
 
 bool EditorWindowController::isBasicView() const
 {
-    return settings().mode() == basicMode;
+    return g_mode == basicMode;
 }
 
 QString EditorWindowController::mode() const
@@ -60,16 +60,22 @@ void EditorWindowController::setMode(const QString &mode)
     if (toBasic == isBasicView())
         return;
     const EditorFocus focus = g_view->focus();
+    const auto [start, length] = g_view->cellTextSelection();
     updateCurrentRecord();
     const int field = g_tableController->currentField();
     g_tableController->setCurrentField(toBasic ? g_tableController->fieldForListColumn(field)
                                                : g_tableController->listColumnForField(field));
-    settings().setMode(toBasic ? basicMode : listMode);
-    viewSettingsDidChange();
+    g_mode = toBasic ? basicMode : listMode;
+    if (!isClone()) {
+        settings().setMode(g_mode);
+        viewSettingsDidChange();
+    }
     Q_EMIT modeChanged();
     setUpViewForMode();
     g_tableController->reload();
     restoreFocus(focus);
+    if (focus == EditorFocus::Table && start >= 0)
+        g_view->setCellTextSelection(start, length);
     Q_EMIT operationsChanged();
 }
 
@@ -79,7 +85,7 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
     if (focus == EditorFocus::FreeformText)
         focusFreeformText();
     if (focus == EditorFocus::Elsewhere)
-        g_search->activateFindBox();
+        g_search->selectSearchField();
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
     const int field = g_tableController->currentField();
@@ -104,7 +110,7 @@ void EditorWindowController::showCurrentRow()
 
 void EditorWindowController::viewSettingsDidChange()
 {
-    if (!g_preferences.boolForKey(u"GeneralNoUpdateForViewChanges"_s))
+    if (!isClone() && !g_preferences.boolForKey(u"GeneralNoUpdateForViewChanges"_s))
         settings().setDatafileSettingsDidChange(true);
 }
 
@@ -117,6 +123,8 @@ QString EditorWindowController::currentViewFrame() const
 
 void EditorWindowController::setCurrentViewFrame(const QString &frame)
 {
+    if (isClone())
+        return;
     if (isBasicView())
         settings().setBasicViewFrame(frame, g_preparing);
     else
@@ -132,9 +140,10 @@ void EditorWindowController::setUpViewForMode()
 {
     // What the view reports while it is being placed is not the person's doing.
     g_preparing = true;
+    // A clone stands beside its main window, not on it: where, the view knows.
     if (const QString frame = currentViewFrame(); frame.isEmpty())
         setCurrentViewFrame(g_view->frame());
-    else
+    else if (!isClone())
         g_view->setFrame(frame);
     g_view->setSplitHeight(currentSplitHeight());
     g_preparing = false;
@@ -142,7 +151,7 @@ void EditorWindowController::setUpViewForMode()
 
 void EditorWindowController::viewGeometryDidChange()
 {
-    if (g_preparing)
+    if (g_preparing || isClone())
         return;
     if (const QString frame = g_view->frame(); frame != currentViewFrame())
         setCurrentViewFrame(frame);
@@ -169,6 +178,8 @@ void EditorWindowController::followDocument()
         Q_EMIT titleChanged();
         Q_EMIT operationsChanged();
     });
+    if (isClone())
+        return;
     connect(&g_document, &DatafileDocument::selectionWouldBeEmptyError, this, [this] {
         showAlert(g_sheets,
                   tr("Selection Did Not Change"),
@@ -184,12 +195,9 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const RecordWillBeDeleted &deleted) { recordWillBeDeleted(deleted.identifier); },
                    [this](const RecordDeleted &) { catalogDidChange(); },
                    [this](const RecordChanged &changed) { recordDidChange(changed.identifier); },
+                   [this](const RecordsChanged &) { recordsDidChange(); },
                    [this](const CatalogChanged &) { catalogDidChange(); },
-                   [this](const FieldFormatChanged &) {
-                       g_tableController->setupTables();
-                       setDatafileChanged();
-                       Q_EMIT operationsChanged();
-                   },
+                   [this](const FieldFormatChanged &) { fieldFormatDidChange(); },
                    [this](const SettingsChanged &) {
                        g_tableController->setupTables();
                        Q_EMIT titleChanged();
@@ -197,6 +205,8 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    },
                    [this](const DatafileReverted &) { datafileReverted(); }},
         change);
+    if (isClone())
+        showChangesInClone(change);
 }
 
 void EditorWindowController::recordWillBeDeleted(const QString &identifier)
@@ -227,6 +237,24 @@ void EditorWindowController::recordDidChange(const QString &identifier)
     }
 }
 
+void EditorWindowController::fieldFormatDidChange()
+{
+    // Without fields there is nothing that Basic View could show.
+    if (settings().fields().isEmpty() && isBasicView())
+        setMode(listMode);
+    g_tableController->setupTables();
+    Q_EMIT operationsChanged();
+}
+
+void EditorWindowController::recordsDidChange()
+{
+    g_tableController->reload();
+    if (g_freeformTextEditable != isFreeformTextEditable())
+        updateFreeformTextEditability();
+    Q_EMIT statusChanged();
+    Q_EMIT operationsChanged();
+}
+
 void EditorWindowController::catalogDidChange()
 {
     g_tableController->listTableModel().reset();
@@ -241,6 +269,8 @@ void EditorWindowController::datafileReverted()
     // resetting the tables ends the editing without taking the cell over.
     g_currentRecord = nullptr;
     g_currentRecordDirty = false;
+    if (!isClone())
+        g_mode = settings().mode();
     g_tableController->setupTables();
     Q_EMIT statusChanged();
     Q_EMIT modeChanged();
@@ -252,7 +282,7 @@ void EditorWindowController::datafileReverted()
 
 bool EditorWindowController::leaveEditing()
 {
-    if (g_nowSyncing)
+    if (g_nowSyncing || isClone())
         return false;
     updateCurrentRecord();
     saveIfDifferentRecord(nullptr);

@@ -13,6 +13,7 @@
 #include "editor/EditorSelecting.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorTextCommands.h"
 #include "model/Preferences.h"
 
 #include <QFontDatabase>
@@ -61,30 +62,62 @@ EditorWindowController::EditorWindowController(DatafileDocument &document,
     : g_document(document)
     , g_sheets(sheets)
     , g_preferences(preferences)
-    , g_tableController(std::make_unique<EditorTableController>(*this))
-    , g_permission(std::make_unique<EditorPermission>(document, sheets))
-    , g_saving(std::make_unique<EditorSaving>(*this, sheets, work))
-    , g_selecting(std::make_unique<EditorSelecting>(*this, sheets, work))
-    , g_sorting(std::make_unique<EditorSorting>(*this, sheets, work, preferences))
-    , g_search(std::make_unique<EditorSearchController>(*this, sheets, work, preferences))
 {
+    setUpCollaborators(work);
+}
+
+EditorWindowController::EditorWindowController(EditorWindowController &mainWindow,
+                                               SheetHost &sheets,
+                                               WorkHost &work)
+    : g_document(mainWindow.g_document)
+    , g_sheets(sheets)
+    , g_preferences(mainWindow.g_preferences)
+    , g_mainWindow(&mainWindow)
+{
+    setUpCollaborators(work);
+    mainWindow.g_cloneWindow = this;
+}
+
+void EditorWindowController::setUpCollaborators(WorkHost &work)
+{
+    g_mode = isClone() ? g_mainWindow->g_mode : settings().mode();
+    g_tableController = std::make_unique<EditorTableController>(*this);
+    g_permission = std::make_unique<EditorPermission>(g_document, g_sheets);
+    g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
+    g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
+    g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
+    g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
+    g_textCommands = std::make_unique<EditorTextCommands>(*this, g_sheets, work);
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
     connect(g_search.get(),
             &EditorSearchController::modesChanged,
             this,
             &EditorWindowController::operationsChanged);
+    // Not at every key: the clone follows as soon as the person takes breath.
+    constexpr int breathMilliseconds = 250;
+    g_cloneTimer.setSingleShot(true);
+    g_cloneTimer.setInterval(breathMilliseconds);
+    connect(&g_cloneTimer, &QTimer::timeout, this, &EditorWindowController::storeForClone);
 }
 
 EditorWindowController::~EditorWindowController()
 {
-    g_document.setEditing(nullptr);
+    if (isClone()) {
+        g_mainWindow->g_cloneWindow = nullptr;
+        Q_EMIT g_mainWindow->operationsChanged();
+    } else {
+        g_document.setEditing(nullptr);
+    }
 }
 
 void EditorWindowController::prepare(const QString &firstRecord)
 {
     // What was not saved before (a new datafile) still is not; only loading a record is no edit.
     const bool wasModified = g_document.isModified();
-    g_document.setEditing(this);
+    if (!isClone())
+        g_document.setEditing(this);
+    if (constexpr qint64 expanded = 7; !settings().settingExistsForKey(u"ToolbarLocation"_s))
+        settings().setToolbarLocation(expanded);
     g_movingInViewedRecordList = true;
     g_tableController->setupTables();
     Q_EMIT modeChanged();
@@ -103,6 +136,12 @@ void EditorWindowController::prepare(const QString &firstRecord)
 
     if (settings().fields().isEmpty() && isBasicView())
         switchView();
+    if (isClone()) {
+        Q_EMIT titleChanged();
+        Q_EMIT operationsChanged();
+        Q_EMIT g_mainWindow->operationsChanged();
+        return;
+    }
     g_permission->setUpReadOnlyAndLock();
     g_document.updateChangeCount(DatafileDocument::ChangeCount::Cleared);
     if (wasModified)
@@ -135,7 +174,7 @@ qint64 EditorWindowController::recordToOpen()
 
 QString EditorWindowController::windowTitle() const
 {
-    return g_document.displayName();
+    return isClone() ? g_document.displayName() + u"-CLONE"_s : g_document.displayName();
 }
 
 QString EditorWindowController::recordNumberText() const
@@ -221,12 +260,16 @@ void EditorWindowController::windowDidBecomeMain()
     updateFreeformTextEditability();
     if (g_preferences.boolForKey(u"GeneralHighlightFindField"_s))
         g_search->finding().view().selectFindText();
-    g_permission->windowDidBecomeMain();
+    if (isClone())
+        reloadClone();
+    else
+        g_permission->windowDidBecomeMain();
 }
 
 void EditorWindowController::setCanSaveChanges()
 {
-    g_permission->decide();
+    if (!isClone())
+        g_permission->decide();
 }
 
 bool EditorWindowController::isAskingPassword() const
@@ -237,7 +280,7 @@ bool EditorWindowController::isAskingPassword() const
 void EditorWindowController::autoSaveChanges(bool force)
 {
     const bool hasChanges = force || g_document.isModified() || g_currentRecordDirty;
-    if (settings().autoSaveChanges() && canSaveChanges() && hasChanges && !g_nowSyncing)
+    if (!isClone() && settings().autoSaveChanges() && canSaveChanges() && hasChanges && !g_nowSyncing)
         g_saving->autoSave();
 }
 
@@ -263,6 +306,12 @@ void EditorWindowController::revertDocumentToSaved()
 
 void EditorWindowController::requestClose()
 {
+    if (isClone()) {
+        Q_EMIT closeAllowed();
+        return;
+    }
+    if (g_cloneWindow)
+        Q_EMIT cloneWindowMustClose();
     g_saving->requestClose();
 }
 
@@ -285,6 +334,12 @@ bool EditorWindowController::beginWritingClosingSettings()
 
 void EditorWindowController::windowWillClose()
 {
+    if (isClone()) {
+        g_document.disconnect(this);
+        return;
+    }
+    if (g_cloneWindow)
+        Q_EMIT cloneWindowMustClose();
     rememberRecordToOpen();
     // The lock goes last: nobody else may open the datafile for writing while its settings are written. And a
     // datafile that somebody else has locked is not ours to write, not even its settings.

@@ -7,10 +7,12 @@
 #include "editor/EditorView.h"
 #include "editor/RecordHistory.h"
 #include "editor/SheetHost.h"
+#include "editor/TextScale.h"
 
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 
@@ -22,6 +24,7 @@ class EditorSearchController;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
+class EditorTextCommands;
 class WorkHost;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
@@ -39,6 +42,9 @@ public:
                            SheetHost &sheets,
                            WorkHost &work,
                            Preferences &preferences);
+    /// A clone window: a second window on the same datafile, for reading. It writes into no record and no
+    /// setting. The main window's controller outlives it, and has no other clone.
+    EditorWindowController(EditorWindowController &mainWindow, SheetHost &sheets, WorkHost &work);
     ~EditorWindowController() override;
 
     void attachView(EditorView &view) { g_view = &view; }
@@ -55,6 +61,13 @@ public:
     const EditorSorting &sorting() const { return *g_sorting; }
     EditorSearchController &search() { return *g_search; }
     const EditorSearchController &search() const { return *g_search; }
+    EditorTextCommands &textCommands() { return *g_textCommands; }
+    const EditorView &view() const { return *g_view; }
+    EditorView &view() { return *g_view; }
+
+    bool isClone() const { return g_mainWindow != nullptr; }
+    /// Of this datafile: 2 while there is a clone window.
+    int windowControllerCount() const { return isClone() || g_cloneWindow ? 2 : 1; }
 
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }
@@ -73,7 +86,11 @@ public:
     /// be read; editing it asks for editFreeformTextAsPlain() first, so that no formatting is lost unasked.
     bool isFreeformTextFormatted() const;
     bool isFreeformTextEditable() const;
-    QStringList recordInfo() const;
+    QStringList recordInfo() const; ///< Modified, viewed, created; by whom each; the size.
+    int textScaleTag() const { return g_textScaleTag; }
+    double textScale() const { return textScaleForTag(g_textScaleTag); }
+    /// Also from the wheel: a tag beyond either end is that end's.
+    void setTextScale(int tag);
 
     // Derived values. Positions count selected records from 0.
     qint64 countSelected() const { return g_document.datafileCatalog().countSelected(); }
@@ -118,6 +135,9 @@ public:
     void freshenWindowContentSettings();
     void focusFreeformText() { g_view->setFocus(EditorFocus::FreeformText); }
 
+    Preferences &preferences() { return g_preferences; }
+    const Preferences &preferences() const { return g_preferences; }
+
     // What can be undone beside the typing; null names when there is nothing.
     QString undoName() const;
     QString redoName() const;
@@ -134,6 +154,12 @@ public:
     void goForwardOneRecord() { walkViewedRecordList(&RecordHistory::goForward); }
     void switchView();
     void setMode(const QString &mode);
+    void openCloneWindow();
+    /// A command that concerns the window's looks alone, such as "showRecordInfo:".
+    void askView(const QString &selector) { Q_EMIT viewAsked(selector); }
+    /// While it is on, nothing may be done that changes records or leaves the one shown.
+    void setEditingNonPrintableRecords(bool editing);
+    bool editingNonPrintableRecords() const { return g_editingNonPrintableRecords; }
     void addRecord();    ///< An empty record behind the current one, shown and ready to be typed into.
     void deleteRecord(); ///< Asks, then deletes the current record.
     void saveDocument();
@@ -143,6 +169,8 @@ public:
 
     /// Whether the command of that selector ("goToNextRecord:") may run now; false for an unknown one.
     bool validateAction(const QString &selector) const;
+    /// The selectors of every command that a window is to have.
+    static QStringList knownActions();
 
     /// Decides whether the window may close, asking where there are unsaved changes; then `closeAllowed` or
     /// `closeRefused`.
@@ -178,6 +206,11 @@ Q_SIGNALS:
     void statusMessage(const QString &message);
     /// Save As succeeded in a way that asks for the file to be opened in place of this window.
     void openInPlace(const QString &path);
+    void textScaleChanged();
+    void viewAsked(const QString &selector);
+    void cloneWindowRequested();
+    /// Told by the main window when its clone has to go now.
+    void cloneWindowMustClose();
 
 private:
     DatafileSettingsData &settings() { return g_document.datafileSettings(); }
@@ -194,6 +227,7 @@ private:
     void insertInViewedRecordList(const RecordData *record);
     void markEdited(const QString &identifier);
 
+    qint64 indexOfTitle(const QString &start) const;
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);
@@ -208,10 +242,17 @@ private:
     void setUpViewForMode();
     void restoreFocus(EditorFocus focus);
 
+    void setUpCollaborators(WorkHost &work);
+    void reloadClone();
+    void showChangesInClone(const DatafileChange &change);
+    void storeForClone();
+
     void followDocument();
     void documentDidChange(const DatafileChange &change);
     void recordWillBeDeleted(const QString &identifier);
     void recordDidChange(const QString &identifier);
+    void fieldFormatDidChange();
+    void recordsDidChange();
     void catalogDidChange();
     void datafileReverted();
 
@@ -225,16 +266,23 @@ private:
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
     std::unique_ptr<EditorSearchController> g_search;
+    std::unique_ptr<EditorTextCommands> g_textCommands;
+    EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.
+    EditorWindowController *g_cloneWindow = nullptr; ///< Of a main window that has one.
+    QTimer g_cloneTimer;                             ///< Until the clone shows what is typed here.
     RecordData *g_currentRecord = nullptr;
     RecordHistory g_viewedRecordList;
     QString g_firstOpenedRecordID;
+    QString g_mode; ///< Its own: a clone may stand in the other view.
     qint64 g_lastHitField = -1;
+    int g_textScaleTag = usualTextScaleTag;
     bool g_currentRecordDirty = false;
     bool g_freeformTextEditable = false; ///< As last told to the view.
     bool g_movingInViewedRecordList = false;
     bool g_nowSaving = false;
     bool g_preparing = false;
     bool g_nowSyncing = false;
+    bool g_editingNonPrintableRecords = false;
 };
 
 } // namespace tavrin

@@ -78,7 +78,7 @@ Qt::ItemFlags ListTableModel::flags(const QModelIndex &index) const
     if (!index.isValid() || isTextColumn(index.column()))
         return flags;
     const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
-    if (record && !record->recordLocked() && !g_window.nowSyncing())
+    if (record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone())
         flags |= Qt::ItemIsEditable;
     return flags;
 }
@@ -94,6 +94,15 @@ bool ListTableModel::setData(const QModelIndex &index, const QVariant &value, in
         return false;
     Q_EMIT dataChanged(index, index);
     return true;
+}
+
+bool ListTableModel::dropText(const QModelIndex &index, const QString &text)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable))
+        return false;
+    const FieldDefinition &field =
+        g_window.document().datafileSettings().fields().at(g_shownFields.at(index.column()));
+    return g_window.tableController().dropText(g_window.recordAtIndex(index.row()), field.identifier(), text);
 }
 
 void ListTableModel::reset()

@@ -27,6 +27,9 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
+    /// Puts a dropped text into a cell; false where it may not be edited.
+    bool dropText(const QModelIndex &index, const QString &text);
+
     /// The definition's index for each field column, in order; the text's column is one more.
     const QList<int> &shownFields() const { return g_shownFields; }
     bool isTextColumn(int column) const { return column == g_shownFields.size(); }

@@ -4,6 +4,7 @@
 #include "model/QVKeyedCollectionData.h"
 
 #include "base/InternalInconsistency.h"
+#include "model/JoinedRecords.h"
 #include "model/ValueRecords.h"
 
 #include <algorithm>
@@ -79,6 +80,12 @@ RecordData *QVKeyedCollectionData::opened(Slot &slot) const
 RecordData *QVKeyedCollectionData::recordForIdentifier(const QString &identifier) const
 {
     Slot *slot = slotOf(identifier);
+    return slot ? opened(*slot) : nullptr;
+}
+
+RecordData *QVKeyedCollectionData::recordForNumber(quint32 identifierNumber) const
+{
+    Slot *slot = slotOf(identifierNumber);
     return slot ? opened(*slot) : nullptr;
 }
 
@@ -169,14 +176,31 @@ std::unique_ptr<RecordData> QVKeyedCollectionData::takeRecordForIdentifier(const
     if (!slot)
         return nullptr;
     opened(*slot);
-    g_slotOfIdentifier[slot->identifier] = noPlace;
+    std::optional<Taken> taken = take(slot->identifier);
+    return std::move(taken->g_slot.record);
+}
+
+std::optional<QVKeyedCollectionData::Taken> QVKeyedCollectionData::take(quint32 identifierNumber)
+{
+    Slot *slot = slotOf(identifierNumber);
+    if (!slot)
+        return {};
+    Taken taken(std::move(*slot));
+    g_slotOfIdentifier[identifierNumber] = noPlace;
     slot->identifier = IdentifierTable::none;
-    std::unique_ptr<RecordData> record = std::move(slot->record);
     --g_count;
     constexpr size_t fewSlots = 64;
     if (g_slots.size() > 2 * static_cast<size_t>(g_count) + fewSlots)
         closeUp();
-    return record;
+    return taken;
+}
+
+void QVKeyedCollectionData::putBack(Taken record)
+{
+    if (slotOf(record.g_slot.identifier))
+        return;
+    addSlot(std::move(record.g_slot));
+    ++g_count;
 }
 
 // Walking over the slots stays proportional to the number of records.
@@ -185,6 +209,21 @@ void QVKeyedCollectionData::closeUp()
     std::erase_if(g_slots, [](const Slot &slot) { return slot.identifier == IdentifierTable::none; });
     for (size_t i = 0; i < g_slots.size(); ++i)
         g_slotOfIdentifier[g_slots[i].identifier] = static_cast<quint32>(i);
+}
+
+void QVKeyedCollectionData::addRecords(const std::shared_ptr<const RecordSource> &source,
+                                       std::span<const quint32> numbers)
+{
+    const bool isFirst = !g_source || g_source->count() == 0;
+    const quint32 start = isFirst ? 0 : g_source->count();
+    g_source = isFirst ? source : JoinedRecords::join(g_source, source);
+    g_slots.reserve(g_slots.size() + numbers.size());
+    for (quint32 place = 0; place < numbers.size(); ++place) {
+        addSlot({numbers[place], start + place, nullptr});
+        if (source->needsOpening(place))
+            opened(g_slots.back());
+    }
+    g_count += static_cast<qsizetype>(numbers.size());
 }
 
 RecordsSnapshot QVKeyedCollectionData::snapshot() const

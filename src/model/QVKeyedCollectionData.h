@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tavrin {
@@ -51,7 +52,24 @@ struct RecordsSnapshot
 /// file that are no dictionaries are no records; they are only kept.
 class QVKeyedCollectionData
 {
+    static constexpr quint32 noPlace = 0xffffffff;
+
+    struct Slot
+    {
+        quint32 identifier;                 ///< None in a slot that was given up.
+        quint32 place;                      ///< In the source.
+        std::unique_ptr<RecordData> record; ///< Null as long as nobody has asked for it.
+    };
+
 public:
+    /// A record that was taken out as it stood, opened or not. Only its own collection takes it back.
+    class Taken
+    {
+        friend class QVKeyedCollectionData;
+        explicit Taken(Slot slot) : g_slot(std::move(slot)) {}
+        Slot g_slot;
+    };
+
     QVKeyedCollectionData();
     /// The outer key is the identifier, whatever the record itself says.
     QVKeyedCollectionData(const plist::Dictionary &dictionary, const Environment &environment);
@@ -65,6 +83,7 @@ public:
 
     /// Null for an unknown identifier.
     RecordData *recordForIdentifier(const QString &identifier) const;
+    RecordData *recordForNumber(quint32 identifierNumber) const;
     /// The key under which the object stands; null when it is not here.
     QString identifierForRecord(const RecordData *record) const;
 
@@ -113,6 +132,14 @@ public:
     void removeRecord(const RecordData *record) { removeRecordForIdentifier(identifierForRecord(record)); }
     /// Removes the record and hands it over; null when there is none.
     std::unique_ptr<RecordData> takeRecordForIdentifier(const QString &identifier);
+    /// Takes a record out without opening it; none for an unknown number.
+    std::optional<Taken> take(quint32 identifierNumber);
+    /// As it stood, at the end. Nothing when another record has its identifier by now.
+    void putBack(Taken record);
+
+    /// Adds the records of a source behind the others, each under the identifier of the number at its place.
+    /// None of the numbers is that of a record here.
+    void addRecords(const std::shared_ptr<const RecordSource> &source, std::span<const quint32> numbers);
 
     RecordsSnapshot snapshot() const;
     /// The same without the table of identifiers, for those who know the records by number.
@@ -120,15 +147,6 @@ public:
     plist::Dictionary dictionary() const { return snapshot().dictionary(); }
 
 private:
-    static constexpr quint32 noPlace = 0xffffffff;
-
-    struct Slot
-    {
-        quint32 identifier;                 ///< None in a slot that was given up.
-        quint32 place;                      ///< In the source.
-        std::unique_ptr<RecordData> record; ///< Null as long as nobody has asked for it.
-    };
-
     Slot *slotOf(quint32 identifierNumber) const;
     Slot *slotOf(const QString &identifier) const { return slotOf(g_identifiers->number(identifier)); }
     void addSlot(Slot slot);

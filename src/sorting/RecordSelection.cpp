@@ -3,31 +3,13 @@
 
 #include "sorting/RecordSelection.h"
 
+#include "base/Parallel.h"
 #include "sorting/WorkSteps.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace tavrin {
-
-namespace {
-
-/// What the rule says of each entry that is no inert one. Cancelled.
-template <typename Rule>
-Result<std::vector<bool>> statesOf(const CatalogRecords &catalog, Progress &progress, Rule rule)
-{
-    WorkSteps steps(progress, catalog.entries.size());
-    std::vector<bool> states;
-    states.reserve(catalog.entries.size());
-    for (size_t i = 0; i < catalog.entries.size(); ++i) {
-        if (!steps.goOn())
-            return Error{.kind = Error::Kind::Cancelled};
-        const CatalogEntry &entry = catalog.entries[i];
-        states.push_back(!entry.isInert() && rule(entry, catalog.records[i]));
-    }
-    return states;
-}
-
-} // namespace
 
 Result<std::vector<bool>> selectionByCriteria(const CatalogRecords &catalog,
                                               const SubsetSortCriteriaData &criteria,
@@ -36,12 +18,37 @@ Result<std::vector<bool>> selectionByCriteria(const CatalogRecords &catalog,
                                               const SelectionSettings &settings,
                                               Progress &progress)
 {
-    RecordMatcher matcher(criteria, texts, settings);
+    constexpr size_t parallelFrom = 20'000;
     const bool selectsAll = criteria.selectAllRecords();
-    return statesOf(catalog, progress, [&](const CatalogEntry &entry, quint32 record) {
-        const bool isJudged = entry.currentlySelected() != fromOmitted;
-        return selectsAll || (isJudged ? matcher.matches(record) : entry.currentlySelected());
+    const size_t count = catalog.entries.size();
+    const int parts = count < parallelFrom ? 1 : parallelParts();
+    std::vector<std::vector<bool>> states(static_cast<size_t>(parts));
+    std::atomic<bool> isStopped = false;
+    inParallel(parts, [&](int part) {
+        const auto index = static_cast<size_t>(part);
+        const size_t first = count * index / states.size();
+        const size_t last = count * (index + 1) / states.size();
+        // One speaks for all with whoever waits.
+        Progress unheard;
+        WorkSteps steps(part == 0 ? progress : unheard, last - first);
+        RecordMatcher matcher(criteria, texts, settings);
+        states[index].reserve(last - first);
+        for (size_t i = first; i < last && !isStopped.load(std::memory_order_relaxed); ++i) {
+            if (!steps.goOn())
+                isStopped = true;
+            const CatalogEntry &entry = catalog.entries[i];
+            const bool isJudged = entry.currentlySelected() != fromOmitted;
+            const bool isWanted = isJudged ? matcher.matches(catalog.records[i]) : entry.currentlySelected();
+            states[index].push_back(!entry.isInert() && (selectsAll || isWanted));
+        }
     });
+    if (isStopped)
+        return Error{.kind = Error::Kind::Cancelled};
+    std::vector<bool> all;
+    all.reserve(count);
+    for (const std::vector<bool> &part : states)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
 }
 
 } // namespace tavrin

@@ -287,6 +287,16 @@ void SubsetSortedData::insertAt(qint64 index, const QString &identifier)
         g_order.insert(index, CatalogEntry(g_forms.identifiers().add(identifier)));
 }
 
+void SubsetSortedData::insertNumbersAtEnd(std::span<const quint32> numbers)
+{
+    std::vector<CatalogEntry> all;
+    all.reserve(static_cast<size_t>(count()) + numbers.size());
+    g_order.forEach([&](const CatalogEntry &entry) { all.push_back(entry); });
+    for (const quint32 number : numbers)
+        all.emplace_back(number);
+    g_order.assign(std::move(all));
+}
+
 void SubsetSortedData::moveIdentifier(const QString &identifier, qint64 toIndex)
 {
     const qint64 index = indexOfIdentifier(identifier);
@@ -310,6 +320,55 @@ void SubsetSortedData::deleteIdentifiers(const QSet<QString> &identifiers)
         numbers.insert(g_forms.identifiers().number(identifier));
     g_order.removeWhere(
         [&](const CatalogEntry &entry) { return !entry.isInert() && numbers.contains(entry.identifier()); });
+}
+
+std::vector<PlacedEntry> SubsetSortedData::takeEntries(std::span<const quint32> identifiers)
+{
+    std::vector<PlacedEntry> taken;
+    constexpr size_t few = 16;
+    if (identifiers.size() <= few) {
+        for (const quint32 identifier : identifiers) {
+            if (const qint64 index = g_order.indexOf(identifier); index != NotFound)
+                taken.push_back({index, g_order.at(index)});
+        }
+        std::ranges::sort(taken, {}, &PlacedEntry::index);
+        for (auto last = taken.rbegin(); last != taken.rend(); ++last)
+            g_order.remove(last->index);
+        return taken;
+    }
+    std::vector<bool> isGone(g_forms.identifiers().count());
+    for (const quint32 identifier : identifiers)
+        isGone[identifier] = true;
+    qint64 index = 0;
+    g_order.removeWhere([&](const CatalogEntry &entry) {
+        const bool gone = !entry.isInert() && isGone[entry.identifier()];
+        if (gone)
+            taken.push_back({index, entry});
+        ++index;
+        return gone;
+    });
+    return taken;
+}
+
+void SubsetSortedData::putBackEntries(std::span<const PlacedEntry> entries)
+{
+    constexpr size_t few = 16;
+    if (entries.size() <= few) {
+        for (const PlacedEntry &placed : entries)
+            g_order.insert(std::min(placed.index, count()), placed.entry);
+        return;
+    }
+    std::vector<CatalogEntry> all;
+    all.reserve(static_cast<size_t>(count()) + entries.size());
+    auto next = entries.begin();
+    g_order.forEach([&](const CatalogEntry &entry) {
+        for (; next != entries.end() && next->index <= static_cast<qint64>(all.size()); ++next)
+            all.push_back(next->entry);
+        all.push_back(entry);
+    });
+    for (; next != entries.end(); ++next)
+        all.push_back(next->entry);
+    g_order.assign(std::move(all));
 }
 
 void SubsetSortedData::rebuildCatalog()

@@ -30,6 +30,13 @@ struct CatalogSnapshot
     CatalogOrder order;
 };
 
+/// An entry, and where it stood.
+struct PlacedEntry
+{
+    qint64 index;
+    CatalogEntry entry;
+};
+
 /// The catalog of a datafile: the order of its records, and which of them are selected.
 ///
 /// Selected positions count selected records only. What is done to one entry takes microseconds, however many
@@ -113,11 +120,17 @@ public:
     void insertIdentifier(const QString &identifier, const QString &afterIdentifier);
     void insertIdentifierAtBeginning(const QString &identifier);
     void insertIdentifierAtEnd(const QString &identifier);
+    /// The same for many, by number, in one pass.
+    void insertNumbersAtEnd(std::span<const quint32> numbers);
     /// The index counts without the moved entry; past the end means the end.
     void moveIdentifier(const QString &identifier, qint64 toIndex);
     void deleteIdentifier(const QString &identifier);
     /// In one pass.
     void deleteIdentifiers(const QSet<QString> &identifiers);
+    /// Takes out the entries of those identifiers, by number. In catalog order, with their indexes of before.
+    std::vector<PlacedEntry> takeEntries(std::span<const quint32> identifiers);
+    /// Puts entries back that were taken so; past the end means the end.
+    void putBackEntries(std::span<const PlacedEntry> entries);
     /// One entry for each record, in the order of the records, all selected.
     void rebuildCatalog();
     /// The same, giving back what was there before, for popCatalog() to put back.

@@ -110,7 +110,10 @@ std::optional<double> takeTime(Scanner &scanner)
             second += fraction->toDouble() / std::pow(10.0, fraction->size());
         }
     }
-    return static_cast<double>(*hour * 3600 + *minute * 60) + second;
+    // The day ends at 24:00, as it does after a leap second.
+    constexpr double secondsOfDay = 24 * 60 * 60;
+    const double time = static_cast<double>(*hour * 3600 + *minute * 60) + second;
+    return time <= secondsOfDay ? std::optional(time) : std::nullopt;
 }
 
 /// Seconds east of Greenwich: "Z", "+01:00", "+0100" or "+01".

@@ -10,6 +10,7 @@
 #include "ui/EditorWindow.h"
 #include "ui/FindAndReplacePanel.h"
 #include "ui/MultiFileFindWindow.h"
+#include "ui/RecordInfoPalette.h"
 #include "ui/StartWindow.h"
 
 #include <QApplication>
@@ -27,6 +28,7 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
             window = window->parentWidget();
         return window;
     })
+    , g_spelling(preferences)
     , g_findAndReplace(std::make_unique<FindAndReplaceController>(preferences))
 {}
 
@@ -55,6 +57,10 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
     connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
         g_findAndReplace->setDatafileWindowController(&window->controller());
     });
+    if (!g_recordInfoPalette)
+        g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
+    window->setRecordInfoPalette(g_recordInfo);
+    window->setSpelling(g_spelling);
     window->show();
     return window;
 }
@@ -79,6 +85,8 @@ void ApplicationWindows::updateStartWindow()
 {
     if (!g_controller->isFullyStarted())
         return;
+    if (g_controller->openDatafileCount() == 0)
+        g_recordInfo.setShown(false);
     if (g_controller->openDatafileCount() > 0) {
         if (g_startWindow)
             g_startWindow->hide();

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "app/DatafileWindow.h"
+#include "editor/RecordInfoPaletteController.h"
+#include "editor/Spelling.h"
 #include "ui/WidgetSheetHost.h"
 #include "ui/WidgetWorkHost.h"
 
@@ -20,6 +22,7 @@ class MainController;
 class MultiFileFindController;
 class MultiFileFindWindow;
 class Preferences;
+class RecordInfoPalette;
 class StartWindow;
 
 /// Makes the editor windows, and keeps the start window on screen while there are none.
@@ -57,6 +60,9 @@ private:
     WidgetSheetHost g_sheets;
     WidgetWorkHost g_work{nullptr};
     std::unique_ptr<ApplicationMenus> g_menus;
+    RecordInfoPaletteController g_recordInfo;
+    Spelling g_spelling;
+    std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
     std::unique_ptr<FindAndReplaceController> g_findAndReplace;
     // Windows that are null until they were asked for.

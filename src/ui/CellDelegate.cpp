@@ -3,7 +3,9 @@
 
 #include "ui/CellDelegate.h"
 
+#include "editor/BasicTableModel.h"
 #include "editor/EditorTableController.h"
+#include "ui/CellEditor.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -11,39 +13,55 @@
 
 namespace tavrin {
 
-CellDelegate::CellDelegate(EditorTableController &controller, QObject *parent)
-    : HitDelegate(parent)
-    , g_controller(controller)
-{}
-
 QWidget *CellDelegate::createEditor(QWidget *parent,
                                     const QStyleOptionViewItem & /*option*/,
                                     const QModelIndex &index) const
 {
-    auto *editor = new QLineEdit(parent);
-    editor->setFrame(false);
+    QWidget *editor = nullptr;
+    if (wraps()) {
+        auto *area = new WrappedCellEdit(parent);
+        connect(area, &QPlainTextEdit::textChanged, this, [this, area] { typed(area); });
+        editor = area;
+    } else {
+        auto *line = new QLineEdit(parent);
+        line->setFrame(false);
+        connect(line, &QLineEdit::textEdited, this, [this, line] { typed(line); });
+        editor = line;
+    }
     editor->setAutoFillBackground(true);
     editor->setFont(index.data(Qt::FontRole).value<QFont>());
-    connect(editor, &QLineEdit::textEdited, this, &CellDelegate::textEdited);
+    editor->setAccessibleName(accessibleName(index));
     Q_EMIT editingBegan(index);
     return editor;
 }
 
+/// The field's name: in Basic View it stands before the value, in List View over it.
+QString CellDelegate::accessibleName(const QModelIndex &index)
+{
+    const auto *basic = qobject_cast<const BasicTableModel *>(index.model());
+    return basic ? index.siblingAtColumn(BasicTableModel::FieldColumn).data().toString()
+                 : index.model()->headerData(index.column(), Qt::Horizontal).toString();
+}
+
+void CellDelegate::typed(QWidget *editor) const
+{
+    replaceTypedText(editor, EditorTableController::cleanedFieldValue(cellText(editor)));
+    Q_EMIT textEdited();
+}
+
 void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    auto *line = static_cast<QLineEdit *>(editor);
     const QString value = index.data(Qt::EditRole).toString();
     // Called again whenever the model says that the cell changed: what the person is typing stays.
-    if (!line->isModified() && line->text() != value)
-        line->setText(value);
+    if (!isCellTextModified(editor) && cellText(editor) != value)
+        setCellText(editor, value);
 }
 
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *line = static_cast<QLineEdit *>(editor);
     // Looking at a value and leaving it must not change it, not even to its cleaned form.
-    if (line->isModified())
-        model->setData(index, g_controller.cleanedFieldValue(line->text()), Qt::EditRole);
+    if (isCellTextModified(editor))
+        model->setData(index, EditorTableController::cleanedFieldValue(cellText(editor)), Qt::EditRole);
 }
 
 void CellDelegate::paint(QPainter *painter,

@@ -7,8 +7,6 @@
 
 namespace tavrin {
 
-class EditorTableController;
-
 /// Edits the cells of both tables in place. Return, Tab and Backtab commit and say which way to go; Escape
 /// puts the old value back.
 class CellDelegate : public HitDelegate
@@ -16,7 +14,7 @@ class CellDelegate : public HitDelegate
     Q_OBJECT
 
 public:
-    CellDelegate(EditorTableController &controller, QObject *parent);
+    using HitDelegate::HitDelegate;
 
     QWidget *createEditor(QWidget *parent,
                           const QStyleOptionViewItem &option,
@@ -34,9 +32,9 @@ Q_SIGNALS:
     void moved(bool forward, bool byReturn);
 
 private:
+    static QString accessibleName(const QModelIndex &index);
+    void typed(QWidget *editor) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
-
-    EditorTableController &g_controller;
 };
 
 /// Shows the fields' names: quieter than their values, beside them, never edited.

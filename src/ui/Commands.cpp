@@ -269,8 +269,13 @@ std::span<const Command> findCommands()
 
 const Command *commandForSelector(const QString &selector)
 {
-    for (const std::span<const Command> table :
-         {fileCommands(), recordCommands(), selectCommands(), sortCommands(), findCommands()}) {
+    for (const std::span<const Command> table : {fileCommands(),
+                                                 recordCommands(),
+                                                 selectCommands(),
+                                                 sortCommands(),
+                                                 findCommands(),
+                                                 viewCommands(),
+                                                 textCommands()}) {
         if (const Command *command = find(table, selector))
             return command;
     }

@@ -33,6 +33,9 @@ std::span<const Command> recordCommands();
 std::span<const Command> selectCommands();
 std::span<const Command> sortCommands();
 std::span<const Command> findCommands();
+// Of the window's looks, and the small ones on the text.
+std::span<const Command> viewCommands();
+std::span<const Command> textCommands();
 
 /// Every command of an editor window by its selector; null for an unknown one.
 const Command *commandForSelector(const QString &selector);

@@ -78,6 +78,7 @@ QAction *EditMenu::addCommand(const QString &text, QKeySequence::StandardKey key
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetShortcut);
     action->setData(QByteArray(slot));
+    action->setObjectName(QString::fromLatin1(slot) + u':');
     connect(action, &QAction::triggered, this, [this, slot] { run(slot); });
     return action;
 }
@@ -103,7 +104,8 @@ void EditMenu::updateCommands()
         return found != allowed.end() && found->second;
     };
     for (QAction *action : actions()) {
-        if (!action->isSeparator())
+        // Those without a slot are the window's commands.
+        if (action->data().isValid())
             action->setEnabled(isAllowed(action->data().toByteArray()));
     }
     updateUndo(g_undo, tr("&Undo"), isAllowed("undo"), g_controller.undoName());
@@ -120,7 +122,9 @@ void EditMenu::updateUndo(QAction *action, const QString &verb, bool textCan, co
 
 void EditorWindow::buildEditMenu()
 {
-    menuBar()->addMenu(new EditMenu(g_controller, this));
+    auto *menu = new EditMenu(g_controller, this);
+    menuBar()->addMenu(menu);
+    buildTextMenu(*menu);
 }
 
 } // namespace tavrin

@@ -5,6 +5,8 @@
 
 #include "document/DatafileDocument.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorToolbarController.h"
+#include "ui/CellEditor.h"
 #include "ui/DatafileDrop.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
@@ -16,7 +18,6 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -34,20 +35,44 @@ EditorWindow::EditorWindow(DatafileDocument &document,
     : g_sheets([this] { return this; })
     , g_work(this)
     , g_controller(document, g_sheets, g_work, preferences)
+    , g_menus(menus)
+{
+    build();
+    g_controller.attachView(*this);
+    g_controller.prepare(firstRecord);
+    updateAll();
+}
+
+EditorWindow::EditorWindow(CloneOf original)
+    : g_sheets([this] { return this; })
+    , g_work(this)
+    , g_controller(original.mainWindow.g_controller, g_sheets, g_work)
+    , g_menus(original.mainWindow.g_menus)
+{
+    build();
+    g_controller.attachView(*this);
+    const RecordData *shown = original.mainWindow.g_controller.currentRecord();
+    g_controller.prepare(shown ? shown->identifier() : QString());
+    updateAll();
+}
+
+void EditorWindow::build()
 {
     setAcceptDrops(true);
     resize(860, 620);
     buildTables();
     buildTextArea();
     setCentralWidget(g_splitter);
-    buildMenus(menus);
+    buildMenus(g_menus);
     buildToolbar();
     buildFinding();
     buildStatusBar();
     followController();
+    followView();
+}
 
-    g_controller.attachView(*this);
-    g_controller.prepare(firstRecord);
+void EditorWindow::updateAll()
+{
     updateMode();
     updateRecord();
     updateStatus();
@@ -89,6 +114,7 @@ void EditorWindow::updateMode()
     g_listViewAction->setChecked(!basic);
     if (!basic)
         applyColumnWidths();
+    updateToolbar();
 }
 
 void EditorWindow::updateRecord()
@@ -96,13 +122,14 @@ void EditorWindow::updateRecord()
     g_banner->setVisible(g_controller.isFreeformTextFormatted());
     updateOperations();
     updateStatus();
+    updateRecordInfo();
 }
 
 void EditorWindow::updateStatus()
 {
     g_recordNumberButton->setText(g_controller.recordNumberText());
     g_selectionButton->setText(g_controller.selectionText());
-    g_recordLocked->setVisible(g_controller.currentRecordLocked());
+    updateLockButton();
     g_readOnlyMark->setVisible(g_controller.document().openedReadOnly());
 }
 
@@ -115,7 +142,9 @@ void EditorWindow::updateTitle()
     setWindowFilePath(g_controller.document().filePath());
     setWindowModified(g_controller.document().isModified());
     g_textTitle->setText(g_controller.textName());
-    g_text->setFont(g_controller.textFont());
+    setTextScale(g_controller.textScale());
+    updateToolbar();
+    updateTableLooks();
     g_text->setPaperColor(g_controller.freeformBackgroundColor());
     updateStatus();
 }
@@ -187,10 +216,8 @@ void EditorWindow::editTableCell(int row, int column)
 void EditorWindow::resumeTableCell(int row, int column)
 {
     visibleTable().editCell(row, column);
-    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
-        editor->end(false);
-        editor->deselect();
-    }
+    QWidget *editor = QApplication::focusWidget();
+    selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
 }
 
 EditorFocus EditorWindow::focus() const
@@ -266,6 +293,7 @@ void EditorWindow::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         g_controller.windowDidBecomeMain();
+        updateRecordInfo();
         Q_EMIT activated();
     }
 }

@@ -12,9 +12,11 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include <functional>
 #include <span>
 
 class QAction;
+class QActionGroup;
 class QLabel;
 class QMenu;
 class QSplitter;
@@ -27,10 +29,16 @@ class ApplicationMenus;
 class CellDelegate;
 struct Command;
 class FindBox;
+class EditorToolbar;
+class EditorToolbarController;
+class FieldWrapping;
 class FormattedTextBanner;
 class FreeformTextEdit;
+class RecordInfoPaletteController;
 class RecordTableView;
+class Spelling;
 class WindowFindView;
+class TextMarks;
 
 /// One editor window: builds the widgets, hands on what the person does, shows what the controller says.
 class EditorWindow : public QMainWindow, public DatafileWindow, public EditorView
@@ -44,7 +52,20 @@ public:
                  Preferences &preferences,
                  ApplicationMenus &menus,
                  const QString &firstRecord);
+    /// A clone of that window, which outlives it.
+    struct CloneOf
+    {
+        EditorWindow &mainWindow;
+    };
+    explicit EditorWindow(CloneOf original);
     ~EditorWindow() override;
+
+    /// The palette that all windows share; it outlives the window.
+    void setRecordInfoPalette(RecordInfoPaletteController &palette);
+    /// The spelling that all windows share; it outlives the window.
+    void setSpelling(Spelling &spelling);
+    /// Where the toolbar's find box comes from, each time that the toolbar is built.
+    void setFindBoxSource(std::function<QWidget *(QWidget *parent)> source);
 
     // DatafileWindow
     EditorWindowController &controller() override { return g_controller; }
@@ -67,6 +88,12 @@ public:
     void setFrame(const QString &frame) override;
     double splitHeight() const override;
     void setSplitHeight(double height) override;
+    QTextCursor freeformTextCursor() const override;
+    void setFreeformTextCursor(const QTextCursor &cursor) override;
+    void insertTyped(const QString &text) override;
+    void setTextScale(double scale) override;
+    std::pair<int, int> cellTextSelection() const override;
+    void setCellTextSelection(int start, int length) override;
 
 Q_SIGNALS:
     void datafilesDropped(const QStringList &paths);
@@ -83,7 +110,12 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void build();
+    void updateAll();
     void buildTables();
+    void followTables();
+    void updateTableLooks();
+    void hitBasicCell(const QModelIndex &index);
     void buildTextArea();
     void buildMenus(ApplicationMenus &menus);
     void buildEditMenu();
@@ -95,6 +127,17 @@ private:
     void addCommands(QMenu *menu, std::span<const Command> commands);
     void buildToolbar();
     void buildStatusBar();
+    void buildLockButton();
+    void buildTextMenu(QMenu &menu);
+    void buildTextScaleMenu(QMenu &menu);
+    void followToolbar();
+    void followView();
+    void doForView(const QString &selector);
+    void updateToolbar();
+    void updateRecordInfo();
+    void updateLockButton();
+    void openClone();
+    void closeClone();
     void followController();
     QAction *actionFor(const QString &selector);
     RecordTableView &visibleTable() const;
@@ -123,7 +166,7 @@ private:
     FreeformTextEdit *g_text = nullptr;
     QToolButton *g_recordNumberButton = nullptr;
     QToolButton *g_selectionButton = nullptr;
-    QLabel *g_recordLocked = nullptr;
+    QToolButton *g_recordLocked = nullptr;
     QLabel *g_readOnlyMark = nullptr;
     QAction *g_basicViewAction = nullptr;
     QAction *g_listViewAction = nullptr;
@@ -131,6 +174,15 @@ private:
     double g_wantedSplitHeight = -1;
     bool g_closing = false;
     bool g_applyingWidths = false;
+    std::unique_ptr<EditorToolbarController> g_toolbarController;
+    EditorToolbar *g_toolbar = nullptr;
+    QActionGroup *g_textScaleActions = nullptr;
+    RecordInfoPaletteController *g_recordInfo = nullptr;
+    ApplicationMenus &g_menus;
+    FieldWrapping *g_fieldWrapping = nullptr;
+    TextMarks *g_textMarks = nullptr;
+    Spelling *g_spelling = nullptr;
+    std::unique_ptr<EditorWindow> g_clone; ///< Goes before its main window.
 };
 
 } // namespace tavrin

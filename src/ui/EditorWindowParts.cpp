@@ -1,17 +1,19 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// How an editor window is put together: its tables, text area, menus, toolbar and status bar.
+// How an editor window is put together: its tables, text area, menus and status bar.
 
 #include "editor/BasicTableModel.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorToolbarController.h"
 #include "editor/ListTableModel.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/CellDelegate.h"
 #include "ui/Commands.h"
 #include "ui/EditorWindow.h"
+#include "ui/FieldWrapping.h"
 #include "ui/FindBox.h"
 #include "ui/FormattedTextBanner.h"
 #include "ui/FreeformTextEdit.h"
@@ -48,15 +50,13 @@ void EditorWindow::buildTables()
     g_basicTable->horizontalHeader()->hide();
     g_basicTable->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     g_basicTable->horizontalHeader()->setStretchLastSection(true);
-    auto *basicDelegate = new CellDelegate(tables, g_basicTable);
+    auto *basicDelegate = new CellDelegate(g_basicTable);
     g_basicTable->setItemDelegate(basicDelegate);
-    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn,
-                                           new FieldNameDelegate(tables, g_basicTable));
+    g_basicTable->setItemDelegateForColumn(BasicTableModel::FieldColumn, new FieldNameDelegate(g_basicTable));
     connect(basicDelegate, &CellDelegate::moved, this, [this](bool forward) { moveInBasicView(forward); });
-    // A click on a field's name edits its value.
-    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, [this](const QModelIndex &index) {
-        g_basicTable->editCell(index.row(), BasicTableModel::ValueColumn);
-    });
+    connect(g_basicTable, &RecordTableView::uneditableCellClicked, this, &EditorWindow::hitBasicCell);
+    g_fieldWrapping = new FieldWrapping(tables, *g_basicTable, *basicDelegate);
+    g_fieldWrapping->setParent(this);
     connect(g_basicTable->selectionModel(),
             &QItemSelectionModel::currentRowChanged,
             this,
@@ -68,7 +68,7 @@ void EditorWindow::buildTables()
     g_listTable->setModel(&tables.listTableModel());
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();
-    auto *listDelegate = new CellDelegate(tables, g_listTable);
+    auto *listDelegate = new CellDelegate(g_listTable);
     g_listTable->setItemDelegate(listDelegate);
     connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
     connect(g_listTable, &RecordTableView::uneditableCellClicked, this, [this] { g_text->setFocus(); });
@@ -101,18 +101,7 @@ void EditorWindow::buildTables()
     }
     g_tables->addWidget(g_basicTable);
     g_tables->addWidget(g_listTable);
-}
-
-void EditorWindow::applyColumnWidths()
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_applyingWidths = true;
-    const int height = qRound(tables.listViewRowHeight()) + 6;
-    for (RecordTableView *table : {g_basicTable, g_listTable})
-        table->verticalHeader()->setDefaultSectionSize(height);
-    for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
-        g_listTable->setColumnWidth(column, qRound(tables.columnWidth(column)));
-    g_applyingWidths = false;
+    followTables();
 }
 
 void EditorWindow::buildTextArea()
@@ -158,6 +147,8 @@ QAction *EditorWindow::actionFor(const QString &selector)
     if (QAction *made = g_actions.value(selector))
         return made;
     const Command *command = commandForSelector(selector);
+    if (!command)
+        return nullptr;
     auto *action = new QAction(QCoreApplication::translate("Commands", command->text), this);
     action->setObjectName(selector);
     if (*command->shortcut)
@@ -238,25 +229,6 @@ void EditorWindow::buildColumnMenu()
     });
 }
 
-void EditorWindow::showColumnMenu(int column, const QPoint &position)
-{
-    if (column < 0)
-        return;
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](const QString &text, bool descending) {
-        menu->addAction(text, &g_controller, [this, column, descending] {
-            g_controller.sorting().sortByColumn(column, descending);
-        });
-    };
-    add(tr("Sort &Ascending"), false);
-    add(tr("Sort &Descending"), true);
-    menu->addSeparator();
-    menu->addAction(actionFor(u"sortByFields:"_s));
-    menu->setEnabled(g_controller.validateAction(u"sortByFields:"_s));
-    menu->popup(position);
-}
-
 void EditorWindow::buildViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
@@ -271,44 +243,9 @@ void EditorWindow::buildViewMenu()
     };
     g_basicViewAction = add(tr("&Basic View"), u"TB_C_basicView"_s, Qt::Key_1, u"Basic"_s);
     g_listViewAction = add(tr("&List View"), u"TB_C_listView"_s, Qt::Key_2, u"List"_s);
-}
-
-void EditorWindow::buildToolbar()
-{
-    QToolBar *toolbar = addToolBar(tr("Toolbar"));
-    toolbar->setObjectName(u"toolbar"_s);
-    toolbar->setMovable(false);
-    toolbar->setIconSize(QSize(22, 22));
-    const auto add = [&](const char *selector, const QString &label) {
-        QAction *action = actionFor(QString::fromLatin1(selector));
-        action->setIconText(label);
-        action->setToolTip(u"%1 (%2)"_s.arg(label, action->shortcut().toString(QKeySequence::NativeText)));
-        toolbar->addAction(action);
-    };
-    add("addRecord:", tr("New Record"));
-    add("deleteRecord:", tr("Delete Record"));
-    toolbar->addSeparator();
-    add("goToFirstRecord:", tr("First Record"));
-    add("goToPreviousRecord:", tr("Previous Record"));
-    add("goToNextRecord:", tr("Next Record"));
-    add("goToLastRecord:", tr("Last Record"));
-    toolbar->addSeparator();
-    add("goBackOneRecord:", tr("Back"));
-    add("goForwardOneRecord:", tr("Forward"));
-    toolbar->addSeparator();
-    add("selectRecords:", tr("Select Records"));
-    add("selectAllRecords:", tr("Select All Records"));
-    add("switchToOmitted:", tr("Switch to Omitted"));
-    add("sortByFields:", tr("Sort"));
-    auto *space = new QWidget(toolbar);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    toolbar->addWidget(space);
-    toolbar->addAction(g_basicViewAction);
-    toolbar->addAction(g_listViewAction);
-    for (QAction *action : {g_basicViewAction, g_listViewAction}) {
-        if (auto *button = qobject_cast<QToolButton *>(toolbar->widgetForAction(action)))
-            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    }
+    addCommands(menu, viewCommands().first(3));
+    buildTextScaleMenu(*menu);
+    addCommands(menu, viewCommands().subspan(3));
 }
 
 void EditorWindow::buildFinding()
@@ -319,6 +256,13 @@ void EditorWindow::buildFinding()
     row->setMovable(false);
     g_findBox = new FindBox(g_controller.search(), row);
     row->addWidget(g_findBox);
+    // An item of the toolbar that has a row of its own, where there is room for it.
+    const auto update = [this, row] {
+        row->setVisible(
+            g_toolbarController->items().contains(QLatin1StringView(EditorToolbarController::FindBox)));
+    };
+    connect(g_toolbarController.get(), &EditorToolbarController::itemsChanged, row, update);
+    update();
     g_findView = std::make_unique<WindowFindView>(
         *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
     g_controller.search().attachView(*g_findView);
@@ -332,6 +276,7 @@ void EditorWindow::buildStatusBar()
     const auto makeButton = [this](const QString &name, const QString &toolTip) {
         auto *button = new QToolButton(this);
         button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(name);
         button->setToolTip(toolTip);
         button->setPopupMode(QToolButton::InstantPopup);
@@ -340,10 +285,7 @@ void EditorWindow::buildStatusBar()
         statusBar()->addPermanentWidget(button);
         return button;
     };
-    g_recordLocked = new QLabel(this);
-    g_recordLocked->setPixmap(imageNamed(u"TB_C_recordlocked"_s).pixmap(16, 16));
-    g_recordLocked->setToolTip(tr("This record is locked"));
-    statusBar()->addPermanentWidget(g_recordLocked);
+    buildLockButton();
     g_readOnlyMark = new QLabel(tr("Read-only"), this);
     g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
     statusBar()->addPermanentWidget(g_readOnlyMark);
@@ -357,25 +299,6 @@ void EditorWindow::buildStatusBar()
         g_recordNumberButton->menu()->addAction(actionFor(QString::fromLatin1(selector)));
     g_selectionButton = makeButton(tr("Selection"), tr("How many of the records are selected"));
     addCommands(g_selectionButton->menu(), selectCommands());
-}
-
-void EditorWindow::moveInBasicView(bool forward)
-{
-    EditorTableController &tables = g_controller.tableController();
-    g_basicTable->editCell(tables.fieldAfter(tables.currentField(), forward), BasicTableModel::ValueColumn);
-}
-
-void EditorWindow::moveInListView(bool forward, bool byReturn)
-{
-    const int columns =
-        static_cast<int>(g_controller.tableController().listTableModel().shownFields().size());
-    const QModelIndex index = g_listTable->currentIndex();
-    if (byReturn || columns == 0) {
-        g_listTable->setFocus();
-        return;
-    }
-    const int next = (index.column() + (forward ? 1 : columns - 1)) % columns;
-    g_listTable->editCell(index.row(), next);
 }
 
 void EditorWindow::updateOperations()

@@ -62,23 +62,33 @@ void HitDelegate::paintWithHits(QPainter *painter,
         formats.append({static_cast<int>(hit.start), static_cast<int>(hit.length), format});
     }
     QTextLayout layout(text, option.font);
-    QTextOption oneLine(option.displayAlignment);
-    oneLine.setWrapMode(QTextOption::NoWrap);
-    oneLine.setTextDirection(option.direction);
-    layout.setTextOption(oneLine);
+    QTextOption lines(option.displayAlignment);
+    lines.setWrapMode(g_wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    lines.setTextDirection(option.direction);
+    layout.setTextOption(lines);
     layout.setFormats(formats);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    layout.endLayout();
 
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
     const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
-    const qreal hitEnd = line.cursorToX(formats.constFirst().start + formats.constFirst().length);
-    const qreal shift = qMax(0.0, hitEnd - room.width());
+    layout.beginLayout();
+    qreal height = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        if (g_wraps)
+            line.setLineWidth(room.width());
+        line.setPosition(QPointF(0, height));
+        height += line.height();
+    }
+    layout.endLayout();
+    qreal shift = 0;
+    if (!g_wraps && layout.lineCount() > 0) {
+        const QTextLayout::FormatRange &first = formats.constFirst();
+        shift = qMax(0.0, layout.lineAt(0).cursorToX(first.start + first.length) - room.width());
+    }
     painter->save();
     painter->setClipRect(room);
     painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    layout.draw(painter, QPointF(room.left() - shift, room.center().y() - line.height() / 2 + 1));
+    const qreal top = qMax<qreal>(room.top(), room.center().y() - height / 2 + 1);
+    layout.draw(painter, QPointF(room.left() - shift, top));
     painter->restore();
 }
 

@@ -7,8 +7,9 @@
 
 namespace tavrin {
 
-/// One of our drawings by its image name ("TB_C_next"), drawn in the palette's text colour, so that it is
-/// readable on light and dark alike and follows a change at run time.
+/// One of our drawings by its image name, in the palette's text colour, so that it is readable on light and
+/// dark alike and follows a change at run time. "TB_C_next" has accents in colour, "TB_M_next" has none. A
+/// name that nobody drew gives an empty icon.
 QIcon imageNamed(const QString &name);
 
 } // namespace tavrin

@@ -3,9 +3,12 @@
 
 #include "ui/RecordTableView.h"
 
+#include "ui/CellEditor.h"
+#include "ui/DatafileDrop.h"
+
 #include <QApplication>
 #include <QHeaderView>
-#include <QLineEdit>
+#include <QMimeData>
 #include <QMouseEvent>
 
 namespace tavrin {
@@ -23,6 +26,13 @@ RecordTableView::RecordTableView(QWidget *parent) : QTableView(parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+        Q_EMIT headerClicked(column, QGuiApplication::keyboardModifiers());
+    });
+    // A click on a header would select the column.
+    disconnect(horizontalHeader(), &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(horizontalHeader(), &QHeaderView::sectionEntered, this, nullptr);
 }
 
 void RecordTableView::endEditing()
@@ -53,8 +63,7 @@ void RecordTableView::editCell(int row, int column)
     if (!index.flags().testFlag(Qt::ItemIsEditable))
         return;
     edit(index);
-    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
-        editor->selectAll();
+    selectAllInCell(QApplication::focusWidget());
 }
 
 void RecordTableView::focusInEvent(QFocusEvent *event)
@@ -77,10 +86,53 @@ void RecordTableView::mouseReleaseEvent(QMouseEvent *event)
     const QModelIndex index = indexAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !index.isValid() || index.row() != currentIndex().row())
         return;
-    if (index.flags().testFlag(Qt::ItemIsEditable) && !isEditing())
+    if (index.flags().testFlag(Qt::ItemIsEditable) && !isEditing()) {
         edit(index);
-    else if (!index.flags().testFlag(Qt::ItemIsEditable))
+        // Where the person pointed; only who comes by keyboard finds everything selected.
+        if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
+            placeCaretInCell(editor, editor->mapFrom(viewport(), event->position().toPoint()));
+        Q_EMIT cellHit(index);
+    } else if (!index.flags().testFlag(Qt::ItemIsEditable))
         Q_EMIT uneditableCellClicked(index);
+}
+
+void RecordTableView::setTextDrop(std::function<bool(const QModelIndex &, const QString &)> drop)
+{
+    g_textDrop = std::move(drop);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+}
+
+/// The cell that would take the drop; invalid where none would. A datafile is for the window.
+QModelIndex RecordTableView::dropTarget(const QDropEvent &event) const
+{
+    const QMimeData &dropped = *event.mimeData();
+    if (!g_textDrop || !dropped.hasText() || !droppedDatafiles(dropped).isEmpty())
+        return {};
+    const QModelIndex index = indexAt(event.position().toPoint());
+    return index.flags().testFlag(Qt::ItemIsEditable) ? index : QModelIndex();
+}
+
+void RecordTableView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (g_textDrop && event->mimeData()->hasText() && droppedDatafiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void RecordTableView::dragMoveEvent(QDragMoveEvent *event)
+{
+    event->setAccepted(dropTarget(*event).isValid());
+    if (event->isAccepted())
+        event->setDropAction(Qt::CopyAction);
+}
+
+void RecordTableView::dropEvent(QDropEvent *event)
+{
+    const QModelIndex target = dropTarget(*event);
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(target.isValid() && g_textDrop(target, event->mimeData()->text()));
 }
 
 } // namespace tavrin

@@ -5,6 +5,8 @@
 
 #include <QTableView>
 
+#include <functional>
+
 namespace tavrin {
 
 /// The common behaviour of the two tables: whole rows, one at a time; a cell is edited where it is clicked
@@ -24,19 +26,32 @@ public:
     /// Commits the cell being edited.
     void endEditing();
 
+    /// Puts a text that is dropped on a cell into it; true when it was taken.
+    void setTextDrop(std::function<bool(const QModelIndex &index, const QString &text)> drop);
+
     /// Starts editing a cell with its text selected; does nothing for one that may not be edited.
     void editCell(int row, int column);
 
 Q_SIGNALS:
     /// The person clicked a cell that cannot be edited.
     void uneditableCellClicked(const QModelIndex &index);
+    /// The person clicked a cell to edit it.
+    void cellHit(const QModelIndex &index);
+    /// The person clicked a column's header, holding those keys.
+    void headerClicked(int column, Qt::KeyboardModifiers modifiers);
 
 protected:
     void focusInEvent(QFocusEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
+    QModelIndex dropTarget(const QDropEvent &event) const;
+
+    std::function<bool(const QModelIndex &, const QString &)> g_textDrop;
     int g_firstColumn = 0;
 };
 

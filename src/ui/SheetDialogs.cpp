@@ -14,6 +14,7 @@
 #include "editor/SortFreeformSheetController.h"
 #include "editor/SortTaskNameSheetController.h"
 #include "editor/SortTasksSheetController.h"
+#include "ui/DialogParts.h"
 #include "ui/NewDatafileDialog.h"
 #include "ui/SelectRecordsDialog.h"
 #include "ui/SortDialogs.h"
@@ -128,10 +129,15 @@ makeEntryDialog(QVSheetController &sheet, const QString &title, const QString &l
 
 QDialog *makeGotoRecord(GotoRecordSheetController &sheet, QWidget *parent)
 {
-    const EntryDialog made = makeEntryDialog(sheet,
-                                             translated("Go to Record Number"),
-                                             translated("Record number (1 to %1):").arg(sheet.maximum()),
-                                             parent);
+    const EntryDialog made = makeEntryDialog(
+        sheet,
+        translated("Go to Record"),
+        translated("Number (1 to %1), or start of a title:").arg(QLocale().toString(sheet.maximum())),
+        parent);
+    QLabel *note = makeNoteLabel(made.dialog);
+    static_cast<QFormLayout *>(made.dialog->layout())->insertRow(1, note);
+    QObject::connect(
+        &sheet, &QVSheetController::changed, note, [&sheet, note] { setNote(note, sheet.problem()); });
     made.entry->setText(sheet.entry());
     made.entry->selectAll();
     QObject::connect(made.entry, &QLineEdit::textChanged, &sheet, &GotoRecordSheetController::setEntry);

@@ -3,6 +3,7 @@
 
 #include "ui/WindowFindView.h"
 
+#include "ui/CellEditor.h"
 #include "ui/FindBox.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/HitColors.h"
@@ -18,26 +19,39 @@ using text::Match;
 
 namespace {
 
-QTextCursor cursorOn(const QTextEdit &edit, const Match &range)
+Match selectionOf(const QTextCursor &cursor)
 {
-    const auto last = static_cast<qsizetype>(edit.document()->characterCount() - 1);
-    QTextCursor cursor(edit.document());
+    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+}
+
+QTextCursor cursorOn(QTextDocument &document, const Match &range)
+{
+    const auto last = static_cast<qsizetype>(document.characterCount() - 1);
+    QTextCursor cursor(&document);
     cursor.setPosition(static_cast<int>(qBound<qsizetype>(0, range.start, last)));
     cursor.setPosition(static_cast<int>(qBound<qsizetype>(0, range.start + range.length, last)),
                        QTextCursor::KeepAnchor);
     return cursor;
 }
 
-/// The line in which a cell of the table is being edited.
-QLineEdit *cellEditor(const RecordTableView &table)
+/// What edits the table's current cell; null when nothing does.
+QWidget *cellEditor(const RecordTableView &table)
 {
-    return table.isEditing() ? qobject_cast<QLineEdit *>(table.indexWidget(table.currentIndex())) : nullptr;
+    return table.isEditing() ? table.indexWidget(table.currentIndex()) : nullptr;
 }
 
 } // namespace
 
+void WindowFindView::revealFindBox()
+{
+    g_findBox.parentWidget()->show();
+}
+
 void WindowFindView::focusFindBox()
 {
+    // The person may have taken it out of the toolbar.
+    if (!g_findBox.isVisibleTo(g_findBox.window()))
+        return;
     g_findBox.entry().setFocus(Qt::ShortcutFocusReason);
     g_findBox.entry().selectAll();
 }
@@ -60,9 +74,12 @@ void WindowFindView::insertInFindBox(const QString &text)
 
 QString WindowFindView::selectedText() const
 {
-    if (const auto *line = qobject_cast<const QLineEdit *>(QApplication::focusWidget());
-        line && line->hasSelectedText())
-        return line->selectedText();
+    const QWidget *focused = QApplication::focusWidget();
+    if (isCellEditor(focused)) {
+        const auto [start, length] = tavrin::cellSelection(focused);
+        if (length > 0)
+            return cellText(focused).sliced(start, length);
+    }
     // A key is a line.
     return g_text.textCursor().selectedText().section(QChar::ParagraphSeparator, 0, 0);
 }
@@ -74,13 +91,12 @@ void WindowFindView::beep()
 
 Match WindowFindView::freeformSelection() const
 {
-    const QTextCursor cursor = g_text.textCursor();
-    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+    return selectionOf(g_text.textCursor());
 }
 
 void WindowFindView::selectInFreeform(const Match &range)
 {
-    g_text.setTextCursor(cursorOn(g_text, range));
+    g_text.setTextCursor(cursorOn(*g_text.document(), range));
     // With what stands around it, not at the very edge.
     const QRect caret = g_text.cursorRect();
     const int margin = g_text.viewport()->height() / 4;
@@ -108,11 +124,11 @@ void WindowFindView::showFreeformHits(const QList<Match> &hits, const QColor &co
 
 std::optional<Match> WindowFindView::cellSelection() const
 {
-    const QLineEdit *editor = cellEditor(g_table());
-    if (!editor)
+    const QWidget *editor = cellEditor(g_table());
+    if (!isCellEditor(editor))
         return {};
-    return editor->hasSelectedText() ? Match{editor->selectionStart(), editor->selectionLength()}
-                                     : Match{editor->cursorPosition(), 0};
+    const auto [start, length] = tavrin::cellSelection(editor);
+    return Match{start, length};
 }
 
 void WindowFindView::showCell(int row, int column)
@@ -133,8 +149,8 @@ void WindowFindView::editCell(int row, int column, const Match &selected)
     showCell(row, column);
     table.setFocus();
     table.editCell(row, column);
-    if (QLineEdit *editor = cellEditor(table))
-        editor->setSelection(static_cast<int>(selected.start), static_cast<int>(selected.length));
+    if (QWidget *editor = cellEditor(table))
+        selectInCell(editor, static_cast<int>(selected.start), static_cast<int>(selected.length));
 }
 
 void WindowFindView::redrawCells()

@@ -22,6 +22,10 @@ private Q_SLOTS:
     void eachViewHasItsOwnFrameAndDivider();
     void withoutFieldsThereIsOnlyListView();
     void aResizedColumnIsStored();
+    void aHeaderClickSizesByTheKeysHeld();
+    void columnsAreAsWideAsTheirContentOrTitle();
+    void rowsGrowWithWhatTheyWrap();
+    void aDroppedTextIsCleanedAndCanBeTakenBack();
     void typingDoesNotResetTheCell();
 };
 
@@ -177,6 +181,67 @@ void EditorTablesTest::aResizedColumnIsStored()
     editor.preferences.setObject(true, u"GeneralNoUpdateForViewChanges"_s);
     tables.columnDidResize(0, 220);
     QVERIFY(!editor.document->datafileSettings().datafileSettingsDidChange());
+}
+
+void EditorTablesTest::aHeaderClickSizesByTheKeysHeld()
+{
+    const auto click = [](Qt::KeyboardModifiers keys) { return headerClickFor(keys); };
+    QCOMPARE(click(Qt::NoModifier), HeaderClick::Nothing);
+    QCOMPARE(click(Qt::ShiftModifier), HeaderClick::Nothing);
+    QCOMPARE(click(Qt::ControlModifier), HeaderClick::AllToLarger);
+    QCOMPARE(click(Qt::AltModifier), HeaderClick::ThisToContent);
+    QCOMPARE(click(Qt::AltModifier | Qt::ShiftModifier), HeaderClick::ThisToTitle);
+    QCOMPARE(click(Qt::AltModifier | Qt::ControlModifier), HeaderClick::AllToLarger);
+    QCOMPARE(click(Qt::AltModifier | Qt::MetaModifier), HeaderClick::AllToContent);
+    QCOMPARE(click(Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier), HeaderClick::AllToTitle);
+}
+
+void EditorTablesTest::columnsAreAsWideAsTheirContentOrTitle()
+{
+    EditorFixture editor({u"a value that takes a lot of room"_s, u"B"_s});
+    editor.fields = {u"a"_s, u"a name that is longer than what stands below it"_s};
+    editor.open();
+    const QStringList order = editor.identifiers();
+    EditorTableController &tables = editor.window->tableController();
+    tables.headerClicked(0, HeaderClick::AllToContent);
+    const double content = tables.columnWidth(0);
+    QVERIFY(content > tables.columnWidth(1));
+
+    tables.headerClicked(0, HeaderClick::AllToLarger);
+    QCOMPARE(tables.columnWidth(0), content);
+    QVERIFY(tables.columnWidth(1) > content);
+    QCOMPARE(tables.columnWidth(2), 300.0);
+    tables.headerClicked(0, HeaderClick::ThisToTitle);
+    QVERIFY(tables.columnWidth(0) < content);
+    QCOMPARE(editor.identifiers(), order);
+    QVERIFY(!editor.document->isModified());
+}
+
+void EditorTablesTest::rowsGrowWithWhatTheyWrap()
+{
+    EditorFixture editor;
+    editor.open();
+    const EditorTableController &tables = editor.window->tableController();
+    const double line = tables.wrappedHeight({}, 300);
+    QVERIFY(line > 0);
+    QCOMPARE(tables.wrappedHeight(u"short"_s, 300), line);
+    QVERIFY(tables.wrappedHeight(u"words "_s.repeated(60), 300) > 3 * line);
+    QVERIFY(tables.wrappedHeight(QString(300, u'x'), 300) > 3 * line);
+}
+
+void EditorTablesTest::aDroppedTextIsCleanedAndCanBeTakenBack()
+{
+    EditorFixture editor;
+    editor.entries[1].locked = true;
+    editor.open();
+    ListTableModel &list = editor.window->tableController().listTableModel();
+    QVERIFY(list.dropText(list.index(0, 0), u"a\tb\nc"_s));
+    QCOMPARE(editor.valueIn(u"r0"_s), u"a b c"_s);
+    QVERIFY(editor.document->isModified());
+    QVERIFY(!list.dropText(list.index(1, 0), u"x"_s));
+    QVERIFY(!list.dropText(list.index(0, 2), u"x"_s));
+    editor.window->undo();
+    QCOMPARE(editor.valueIn(u"r0"_s), u"A"_s);
 }
 
 void EditorTablesTest::typingDoesNotResetTheCell()

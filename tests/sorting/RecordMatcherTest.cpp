@@ -4,6 +4,7 @@
 #include "sorting/RecordMatcher.h"
 
 #include "sorting/MadeTexts.h"
+#include "sorting/RecordSelection.h"
 
 #include <QTest>
 
@@ -13,6 +14,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 anyField = 1000, created = 1001, modified = 1002, freeform = 1003, field = 0;
+
+/// Records whose text is their number, for any threads.
+class Numbers : public MadeTexts
+{
+public:
+    RecordTextReader textReader() const override
+    {
+        return [](quint32 record, QString &buffer) { return QStringView(buffer.setNum(record)); };
+    }
+};
 
 } // namespace
 
@@ -27,6 +38,7 @@ private Q_SLOTS:
     void conditionsAreJoined_data();
     void conditionsAreJoined();
     void recordsThatAreNotThereAreEmpty();
+    void manyRecordsAreJudgedAsOneIs();
 
 private:
     MadeTexts g_texts;
@@ -190,6 +202,35 @@ void RecordMatcherTest::recordsThatAreNotThereAreEmpty()
             QCOMPARE(matcher.matches(RecordTexts::noRecord), isNegated);
         }
     }
+}
+
+void RecordMatcherTest::manyRecordsAreJudgedAsOneIs()
+{
+    SubsetSortCriteriaData criteria;
+    criteria.setSelectAllRecords(false);
+    criteria.setWherePopup1(1000);
+    criteria.setBasedOnPopup1(freeform);
+    criteria.setWhereField1(u"77"_s);
+    const Numbers texts;
+    CatalogRecords catalog;
+    constexpr quint32 count = 40'001;
+    for (quint32 i = 0; i < count; ++i) {
+        catalog.entries.emplace_back(i % 11 == 0 ? IdentifierTable::none : i, i % 3 != 0, true, 0);
+        catalog.records.push_back(i);
+    }
+    Progress progress;
+    const auto states = selectionByCriteria(catalog, criteria, false, texts, g_settings, progress);
+    QVERIFY(states.has_value());
+    QCOMPARE(states->size(), size_t(count));
+    for (quint32 i = 0; i < count; ++i)
+        QCOMPARE((*states)[i], i % 11 != 0 && i % 3 != 0 && QString::number(i).contains(u"77"));
+
+    struct Cancelling : Progress
+    {
+        bool isCancelled() const override { return true; }
+    } cancelling;
+    const auto stopped = selectionByCriteria(catalog, criteria, false, texts, g_settings, cancelling);
+    QVERIFY(!stopped && stopped.error().kind == Error::Kind::Cancelled);
 }
 
 QTEST_GUILESS_MAIN(RecordMatcherTest)

@@ -39,6 +39,7 @@ void DateTextTest::datesOfPeopleAreRead_data()
                                         u"Mar 5, 2007abc"_s,
                                         u"2007-03-05"_s,
                                         u" 2007-03-05 "_s,
+                                        u"2007-03-05T24:30"_s,
                                         u"2007-03-05T00:00:00Z"_s,
                                         u"2007-03-05 01:00 +0100"_s}
                          << u"2007-03-05 00:00:00 +0000"_s;
@@ -49,6 +50,8 @@ void DateTextTest::datesOfPeopleAreRead_data()
                                          u"2007-03-05T11:15:00+01:00"_s,
                                          u"2007-03-05T05:15:00-05"_s}
                           << u"2007-03-05 10:15:00 +0000"_s;
+    QTest::newRow("midnight") << QStringList{u"2007-03-04T24:00"_s, u"2007-03-04T23:59:60Z"_s}
+                              << u"2007-03-05 00:00:00 +0000"_s;
     QTest::newRow("window's end") << QStringList{u"Mar 5, 49"_s} << u"2049-03-05 00:00:00 +0000"_s;
     QTest::newRow("window's start") << QStringList{u"Mar 5, 50"_s} << u"1950-03-05 00:00:00 +0000"_s;
     QTest::newRow("year 7") << QStringList{u"Mar 5, 7"_s, u"Mar 5, 007"_s, u"Mar 5, 0007"_s}

@@ -8,11 +8,15 @@
 #include "model/Preferences.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/ApplicationWindows.h"
+#include "ui/CellEditor.h"
+#include "ui/Commands.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/RecordTableView.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -37,6 +41,10 @@ private Q_SLOTS:
     void escapePutsTheOldValueBack();
     void lookingThroughCellsChangesNothing();
     void listViewShowsTheRowThatIsChosen();
+    void whatIsTypedIsCleanedAtOnce();
+    void everyCommandIsInAMenu();
+    void everyControlHasAName();
+    void noTwoActionsShareAShortcut();
     void noShortcutAndNoMnemonicIsGivenTwice();
 
 private:
@@ -200,6 +208,83 @@ void EditorWindowTest::listViewShowsTheRowThatIsChosen()
     list.setFocus();
     QTest::keyClick(&list, Qt::Key_Down);
     QCOMPARE(window().controller().indexOfCurrentRecord(), 4);
+}
+
+/// Every command is in a menu, unless nobody has built it yet.
+void EditorWindowTest::everyCommandIsInAMenu()
+{
+    QSet<QString> inMenus;
+    const std::function<void(const QList<QAction *> &)> collect = [&](const QList<QAction *> &actions) {
+        for (const QAction *action : actions) {
+            inMenus.insert(action->objectName());
+            if (action->menu())
+                collect(action->menu()->actions());
+        }
+    };
+    collect(window().menuBar()->actions());
+    for (const QString &selector : EditorWindowController::knownActions())
+        QVERIFY2(inMenus.contains(selector) || !commandForSelector(selector), qPrintable(selector));
+    for (const QAction *action : window().findChildren<QAction *>()) {
+        if (action->objectName().endsWith(u':'))
+            QVERIFY2(inMenus.contains(action->objectName()), qPrintable(action->objectName()));
+    }
+    QVERIFY(inMenus.contains(u"insertDateTime:"_s) && inMenus.contains(u"copy:"_s));
+}
+
+void EditorWindowTest::everyControlHasAName()
+{
+    g_preferences->setObject(true, u"EditorToolbarHidden"_s);
+    g_preferences->setObject(false, u"EditorToolbarHidden"_s);
+    int buttons = 0;
+    for (const QAbstractButton *button : window().findChildren<QAbstractButton *>()) {
+        // Parts of the platform's own widgets: the corner of a table, the toolbar's overflow.
+        const bool isOurs = !button->objectName().startsWith("qt_"_L1)
+                            && QByteArray(button->metaObject()->className()) != "QTableCornerButton";
+        buttons += isOurs ? 1 : 0;
+        QVERIFY2(!isOurs || !button->accessibleName().isEmpty() || !button->text().isEmpty(),
+                 qPrintable(button->toolTip()));
+    }
+    QVERIFY(buttons > 10);
+    for (const QString &name : {u"basicTableView"_s, u"listTableView"_s})
+        QVERIFY(!table(name).accessibleName().isEmpty());
+    table(u"basicTableView"_s).editCell(1, 1);
+    QVERIFY(cellEditor());
+    QCOMPARE(cellEditor()->accessibleName(), u"Company"_s);
+}
+
+void EditorWindowTest::noTwoActionsShareAShortcut()
+{
+    QHash<QString, QString> shortcuts;
+    for (const QAction *action : window().findChildren<QAction *>()) {
+        for (const QKeySequence &keys : action->shortcuts()) {
+            const QString other = shortcuts.value(keys.toString());
+            QVERIFY2(other.isEmpty(), qPrintable(keys.toString() + u": " + other + u", " + action->text()));
+            shortcuts.insert(keys.toString(), action->text());
+        }
+    }
+    QVERIFY(shortcuts.size() > 30);
+}
+
+void EditorWindowTest::whatIsTypedIsCleanedAtOnce()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    for (const bool wraps : {false, true}) {
+        document().datafileSettings().setFieldWrapping(wraps);
+        document().datafileSettings().setLiveFieldWrapping(wraps);
+        Q_EMIT window().controller().titleChanged();
+        fields.editCell(0, 1);
+        QWidget *editor = QApplication::focusWidget();
+        QVERIFY(isCellEditor(editor) && qobject_cast<WrappedCellEdit *>(editor) ? wraps : !wraps);
+        const int before = fields.rowHeight(0);
+        QApplication::clipboard()->setText(u"one\ttwo\nthree "_s.repeated(12));
+        QTest::keySequence(editor, QKeySequence::Paste);
+        QVERIFY(cellText(editor).startsWith("one two three one two"_L1));
+        QVERIFY(wraps ? fields.rowHeight(0) > before : fields.rowHeight(0) == before);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCOMPARE(window().controller().currentRecord()->fieldValue(
+                     document().datafileSettings().fields().front().identifier()),
+                 u"one two three "_s.repeated(12));
+    }
 }
 
 void EditorWindowTest::noShortcutAndNoMnemonicIsGivenTwice()

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "document/DatafileBackups.h"
+
+#include "base/Log.h"
+#include "document/DatafileDocument.h"
+#include "model/Preferences.h"
+#include "model/StringOperations.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QChar bullet(0x2022);
+
+/// The long form, which alone has the seconds, without the time zone.
+QString mediumTimeFormat(const QLocale &locale)
+{
+    QString format = locale.timeFormat(QLocale::LongFormat);
+    format.remove(u't');
+    return format.trimmed();
+}
+
+} // namespace
+
+QString datafilesFolderPath(const Preferences *preferences)
+{
+    const auto preferred = [preferences](const QString &key) {
+        return preferences ? preferences->stringForKey(key) : registeredDefaults().value(key).toText();
+    };
+    const QString chosen = preferred(u"DatafilesFolderURL"_s);
+    const QUrl url(chosen);
+    if (url.isLocalFile())
+        return url.toLocalFile();
+    return stringByExpandingTildeInPath(chosen.isEmpty() ? preferred(u"DatafilesFolderPath"_s) : chosen,
+                                        QDir::homePath());
+}
+
+QString fullDateTime(const QDateTime &dateTime, const QLocale &locale)
+{
+    QString text = locale.toString(dateTime.date(), QLocale::ShortFormat) + u", "_s
+                   + locale.toString(dateTime.time(), mediumTimeFormat(locale));
+    for (QChar &character : text) {
+        if (character == u'/')
+            character = u'-';
+        else if (character == u':')
+            character = bullet;
+        else if (character.isSpace())
+            character = u'_';
+    }
+    return text;
+}
+
+QString DatafileBackups::folder() const
+{
+    const QString parent = g_document.services().preferences
+                               ? datafilesFolderPath(g_document.services().preferences)
+                               : QFileInfo(g_document.filePath()).path();
+    return stringByResolvingSymlinksInPath(parent + u"/Backups"_s);
+}
+
+QString DatafileBackups::title() const
+{
+    const QString name = g_document.displayName();
+    return datafileKindOfPath(name) ? QFileInfo(name).completeBaseName() : name;
+}
+
+QString DatafileBackups::extension() const
+{
+    return g_document.isMobile() ? u".tvk"_s : u".tv3"_s;
+}
+
+Result<QString> DatafileBackups::newPath() const
+{
+    const QString folder = this->folder();
+    if (!QDir().mkpath(folder))
+        return Error{Error::Kind::Io, tr("The folder for backups could not be made."), folder};
+    const QDateTime now = g_document.services().environment.now().toDateTime().toLocalTime();
+    const QString start = folder + u'/' + title() + u' ' + fullDateTime(now);
+    QString path = start + extension();
+    for (int number = 2; QFileInfo::exists(path); ++number)
+        path = start + u"_%1"_s.arg(number) + extension();
+    return path;
+}
+
+Result<QString> DatafileBackups::write() const
+{
+    Result<QString> path = newPath();
+    if (!path)
+        return path;
+    if (const Result<> written = g_document.saveCopyAs(*path); !written)
+        return written.error();
+    removeOld();
+    return path;
+}
+
+void DatafileBackups::removeOld() const
+{
+    const Preferences *preferences = g_document.services().preferences;
+    const qint64 kept = preferences ? preferences->integerForKey(u"BackupsToKeep"_s) : 0;
+    if (kept <= 0)
+        return;
+    const QList<Backup> backups = list();
+    for (qsizetype i = kept; i < backups.size(); ++i) {
+        if (!QFile::remove(backups[i].path))
+            qCWarning(log) << "An old backup was not removed:" << backups[i].path;
+    }
+}
+
+QList<DatafileBackups::Backup> DatafileBackups::list() const
+{
+    const QString beginning = title() + u' ';
+    QList<Backup> backups;
+    const QFileInfoList files = QDir(folder()).entryInfoList(QDir::Files);
+    for (const QFileInfo &file : files) {
+        // The stamp has no blanks: the backups of "A B" are none of "A".
+        const QString name = file.fileName();
+        if (!name.startsWith(beginning) || !name.endsWith(extension())
+            || QStringView(name).sliced(beginning.size()).contains(u' ') || !name.contains(bullet))
+            continue;
+        backups.append({file.filePath(), file.lastModified(), file.size()});
+    }
+    std::ranges::sort(backups, [](const Backup &one, const Backup &other) {
+        return one.written != other.written ? one.written > other.written : one.path > other.path;
+    });
+    return backups;
+}
+
+} // namespace tavrin

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/Result.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QList>
+#include <QLocale>
+
+namespace tavrin {
+
+class DatafileDocument;
+class Preferences;
+
+/// The folder in which the person keeps datafiles; without preferences, the usual one.
+QString datafilesFolderPath(const Preferences *preferences);
+
+/// A date and a time as a part of a file's name, in the forms of a locale: never with a slash, a colon or a
+/// blank.
+QString fullDateTime(const QDateTime &dateTime, const QLocale &locale = QLocale());
+
+/// The dated copies of a datafile in the "Backups" folder of the datafiles folder. A document without
+/// preferences has it beside its own file.
+class DatafileBackups
+{
+    Q_DECLARE_TR_FUNCTIONS(DatafileBackups)
+
+public:
+    struct Backup
+    {
+        QString path;
+        QDateTime written;
+        qint64 size; ///< In bytes.
+    };
+
+    /// The document outlives it.
+    explicit DatafileBackups(DatafileDocument &document) : g_document(document) {}
+
+    QString folder() const;
+    /// Where a backup of now goes; the folder is made. Io.
+    Result<QString> newPath() const;
+
+    /// Writes a backup of what the document holds now, and removes the oldest ones where the person keeps
+    /// only so many. The document stays at its own file. Its path.
+    Result<QString> write() const;
+    /// Removes those beyond what the person keeps; nothing where all are kept.
+    void removeOld() const;
+
+    /// Of this datafile, the newest first.
+    QList<Backup> list() const;
+
+private:
+    QString title() const;
+    QString extension() const;
+
+    DatafileDocument &g_document;
+};
+
+} // namespace tavrin

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "document/DuplicateRemoval.h"
+
+#include "base/Parallel.h"
+#include "document/DatafileDocument.h"
+#include "document/RecordChanges.h"
+#include "richtext/Rtfd.h"
+#include "sorting/WorkSteps.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <atomic>
+#include <bit>
+
+namespace tavrin {
+
+namespace {
+
+size_t hashOf(const TextView &text, size_t seed)
+{
+    // Nothing there is as good as an empty text.
+    if (text.form() == TextView::Form::Utf8)
+        return qHash(text.bytes(), seed);
+    const QByteArray utf8 = text.toString().toUtf8();
+    return qHash(QByteArrayView(utf8), seed);
+}
+
+bool isSame(const TextView &one, const TextView &other)
+{
+    if (one.form() == TextView::Form::Utf8 && other.form() == TextView::Form::Utf8)
+        return one.bytes() == other.bytes();
+    const QString text = one.toString();
+    const QString otherText = other.toString();
+    return text == otherText || (text.isEmpty() && otherText.isEmpty());
+}
+
+/// Whether rich texts say the same, when both are there.
+bool isSameRichText(const QByteArray &one, const QByteArray &other)
+{
+    if (one.isEmpty() || other.isEmpty() || one == other)
+        return true;
+    const auto text = richtext::readRichText(one);
+    const auto otherText = richtext::readRichText(other);
+    // What cannot be read might say anything.
+    return text && otherText && text->text() == otherText->text();
+}
+
+} // namespace
+
+DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare compare)
+    : g_compare(compare)
+    , g_texts(document.datafileRecords(), document.datafileSettings())
+{
+    for (const FieldDefinition &field : document.datafileSettings().fields())
+        g_fields.emplace_back(field.identifier());
+    const SubsetSortedData &catalog = document.datafileCatalog();
+    std::vector<bool> isSelected(document.datafileRecords().identifiers().count());
+    for (const quint32 record : catalog.selectedNumbers(0, catalog.countSelected()))
+        isSelected[record] = true;
+    g_records.reserve(static_cast<size_t>(catalog.countSelected()));
+    document.datafileRecords().forEach([&](quint32 record, const RecordView &) {
+        if (isSelected[record])
+            g_records.push_back(record);
+    });
+}
+
+void DuplicateRemoval::run(Progress &progress)
+{
+    if (hash(progress))
+        group();
+    else
+        g_wasCancelled = true;
+}
+
+bool DuplicateRemoval::hash(Progress &progress)
+{
+    g_hashes.resize(g_records.size());
+    const auto parts = static_cast<size_t>(parallelParts());
+    const auto startOf = [&](size_t part) { return g_records.size() * part / parts; };
+    WorkSteps steps(progress, startOf(1));
+    std::atomic<bool> isStopped = false;
+    inParallel(static_cast<int>(parts), [&](int number) {
+        const auto part = static_cast<size_t>(number);
+        // The first part is done by whoever waits for all of them, and speaks for them.
+        hashPart(startOf(part), startOf(part + 1), [&, isFirst = part == 0] {
+            if (isFirst && !steps.goOn())
+                isStopped = true;
+            return !isStopped;
+        });
+    });
+    return !isStopped;
+}
+
+void DuplicateRemoval::hashPart(size_t from, size_t to, const std::function<bool()> &goOn)
+{
+    for (size_t i = from; i < to && goOn(); ++i) {
+        const RecordView record = g_texts.view(g_records[i]);
+        size_t hash = 0;
+        for (const FieldKey &field : g_fields)
+            hash = hashOf(record.fieldValue(field), hash + 1);
+        g_hashes[i] = hashOf(record.textString(), hash + 1);
+    }
+}
+
+void DuplicateRemoval::group()
+{
+    constexpr quint32 none = 0xffffffff;
+    const size_t size = std::bit_ceil(g_records.size() * 2 + 1);
+    std::vector<quint32> table(size, none); // The places in g_records of those that stay.
+    for (quint32 i = 0; i < g_records.size(); ++i) {
+        size_t slot = g_hashes[i] & (size - 1);
+        while (table[slot] != none
+               && !(g_hashes[table[slot]] == g_hashes[i] && areEqual(g_records[table[slot]], g_records[i])))
+            slot = (slot + 1) & (size - 1);
+        if (table[slot] == none)
+            table[slot] = i;
+        else
+            g_duplicates.push_back(g_records[i]);
+    }
+}
+
+bool DuplicateRemoval::areEqual(quint32 one, quint32 other) const
+{
+    const RecordView record = g_texts.view(one);
+    const RecordView otherRecord = g_texts.view(other);
+    return isSame(record.textString(), otherRecord.textString())
+           && std::ranges::all_of(g_fields,
+                                  [&](const FieldKey &field) {
+                                      return isSame(record.fieldValue(field), otherRecord.fieldValue(field));
+                                  })
+           && (g_compare == Compare::PlainTexts || isSameRichText(record.textRTFD(), otherRecord.textRTFD()));
+}
+
+QStringList DuplicateRemoval::apply(DatafileDocument &document) const
+{
+    QStringList identifiers;
+    std::vector<quint32> present;
+    for (const quint32 record : g_duplicates) {
+        if (!document.datafileRecords().view(record))
+            continue;
+        present.push_back(record);
+        identifiers.append(document.datafileRecords().identifiers().text(record));
+    }
+    if (g_wasCancelled || present.empty())
+        return {};
+    document.undoHistory().push(PresenceChange::removing(document, present, tr("Remove Duplicate Records")));
+    document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    return identifiers;
+}
+
+} // namespace tavrin

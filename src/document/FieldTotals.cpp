@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "document/FieldTotals.h"
+
+#include "base/FilledIn.h"
+#include "document/ContentChange.h"
+#include "document/DatafileDocument.h"
+#include "document/RecordAdding.h"
+#include "sorting/WorkSteps.h"
+#include "text/NumberReader.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Adds without losing the small parts of many numbers.
+void add(double number, double &sum, double &lost)
+{
+    const double corrected = number - lost;
+    const double next = sum + corrected;
+    lost = (next - sum) - corrected;
+    sum = next;
+}
+
+/// What stands before the number ("$12") is passed over.
+std::optional<double> numberIn(const QString &content, const text::NumberReader &numbers)
+{
+    constexpr QStringView beginsNumbers = u"-.0123456789";
+    const auto first = std::ranges::find_if(
+        content, [beginsNumbers](QChar character) { return beginsNumbers.contains(character); });
+    return first == content.end() ? std::nullopt : numbers.read(QStringView(first, content.end()));
+}
+
+} // namespace
+
+FieldTotals::FieldTotals(const DatafileDocument &document, const QStringList &fields, const QLocale &locale)
+    : g_texts(document.datafileRecords(), document.datafileSettings())
+    , g_records(document.datafileCatalog().selectedNumbers(0, document.datafileCatalog().countSelected()))
+    , g_locale(locale)
+{
+    for (const QString &field : fields) {
+        g_fields.emplace_back(field);
+        g_totals.push_back({.field = field, .unreadableSamples = {}});
+    }
+}
+
+void FieldTotals::run(Progress &progress)
+{
+    WorkSteps steps(progress, g_records.size());
+    std::vector<double> lost(g_fields.size());
+    const text::NumberReader numbers(g_locale);
+    for (const quint32 record : g_records) {
+        if (!steps.goOn())
+            break;
+        if (g_texts.contains(record))
+            take(record, numbers, lost);
+    }
+    g_wasCancelled = steps.isStopped();
+}
+
+void FieldTotals::take(quint32 record, const text::NumberReader &numbers, std::vector<double> &lost)
+{
+    constexpr qsizetype mostSamples = 20;
+    const RecordView view = g_texts.view(record);
+    if (view.isSum())
+        return;
+    ++g_countedRecords;
+    for (size_t i = 0; i < g_fields.size(); ++i) {
+        const QString content = view.fieldValue(g_fields[i]).toString();
+        if (content.isEmpty())
+            continue;
+        FieldTotal &total = g_totals[i];
+        const std::optional<double> number = numberIn(content, numbers);
+        if (!number) {
+            if (total.unreadable++ < mostSamples)
+                total.unreadableSamples.append(content);
+            continue;
+        }
+        total.smallest = total.count == 0 ? *number : std::min(total.smallest, *number);
+        total.largest = total.count == 0 ? *number : std::max(total.largest, *number);
+        ++total.count;
+        add(*number, total.sum, lost[i]);
+    }
+}
+
+QString FieldTotals::textOf(double number, const QLocale &locale)
+{
+    constexpr int exactDigits = 15;
+    constexpr double beyondExact = 1e15;
+    if (std::abs(number) >= beyondExact)
+        return locale.toString(number, 'f', 0);
+    return locale.toString(number, 'g', exactDigits);
+}
+
+QString FieldTotals::firstLine() const
+{
+    return filledIn(tr("Total of %lu records"), {QString::number(g_countedRecords)});
+}
+
+QList<std::pair<QString, QString>> FieldTotals::contents() const
+{
+    QList<std::pair<QString, QString>> contents;
+    for (const FieldTotal &total : g_totals) {
+        if (total.count > 0)
+            contents.append({total.field, textOf(total.sum, g_locale)});
+    }
+    return contents;
+}
+
+QString FieldTotals::addTotalRecord(DatafileDocument &document) const
+{
+    return RecordAdding(document).addRecord(
+        {},
+        {.fields = contents(), .text = RecordText{firstLine(), {}}, .isSum = true},
+        RecordPlace::Last,
+        tr("Add Total Record"));
+}
+
+void FieldTotals::updateTotalRecord(DatafileDocument &document, const QString &identifier) const
+{
+    const std::optional<RecordView> record = document.datafileRecords().view(identifier);
+    if (!record)
+        return;
+    const QString text = record->textString().toString();
+    const qsizetype end = text.indexOf(u'\n');
+    ContentChange::Record changed{
+        document.datafileRecords().identifiers().number(identifier), contents(), {}};
+    changed.text = RecordText{firstLine() + (end < 0 ? QString() : text.sliced(end)), {}};
+    auto change = std::make_unique<ContentChange>(tr("Update Total Record"),
+                                                  std::vector<ContentChange::Record>{changed});
+    change->exchange(document);
+    document.undoHistory().push(std::move(change));
+    document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+}
+
+QString FieldTotals::totalRecordIn(const DatafileDocument &document)
+{
+    const SubsetSortedData &catalog = document.datafileCatalog();
+    for (const CatalogEntry &entry : catalog.entries()) {
+        const auto record = document.datafileRecords().view(entry.identifier());
+        if (record && record->isSum() && !record->recordLocked())
+            return document.datafileRecords().identifiers().text(entry.identifier());
+    }
+    return {};
+}
+
+} // namespace tavrin

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "document/RecordText.h"
+
+#include "richtext/Rtfd.h"
+
+#include <functional>
+#include <ranges>
+
+namespace tavrin {
+
+namespace {
+
+/// Changes both forms alike.
+std::optional<RecordText> changed(const RecordText &text,
+                                  const std::function<void(QString &)> &changePlain,
+                                  const std::function<void(richtext::AttributedText &)> &changeRich)
+{
+    RecordText result = text;
+    changePlain(result.plain);
+    if (text.textRTFD.isEmpty())
+        return result;
+    auto rich = richtext::readRichText(text.textRTFD);
+    if (!rich || rich->text() != text.plain)
+        return {};
+    changeRich(*rich);
+    result.textRTFD = richtext::writeRichText(*rich);
+    return result;
+}
+
+} // namespace
+
+std::optional<RecordText> withoutParts(const RecordText &text, std::span<const TextPart> parts)
+{
+    const auto remove = [parts](auto &from) {
+        for (const TextPart &part : std::views::reverse(parts))
+            from.remove(part.start, part.length);
+    };
+    return changed(text, remove, remove);
+}
+
+std::optional<RecordText> withAppended(const RecordText &text, const QString &appended)
+{
+    return changed(
+        text,
+        [&appended](QString &plain) { plain += appended; },
+        [&appended](richtext::AttributedText &rich) {
+            const qsizetype end = rich.size();
+            rich.insert(
+                end, appended, end > 0 ? rich.characterFormatAt(end - 1) : richtext::CharacterFormat());
+            rich.apply(end, appended.size(), [](richtext::CharacterFormat &format) { format.link.clear(); });
+        });
+}
+
+} // namespace tavrin

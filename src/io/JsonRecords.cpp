@@ -1,0 +1,233 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "io/BatchBuilder.h"
+#include "io/ReadProgress.h"
+#include "io/RecordFiles.h"
+#include "io/TextSink.h"
+#include "model/RecordKey.h"
+#include "sorting/WorkSteps.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString fieldNamesKey = u"fieldNames"_s;
+const QString valuesKey = u"values"_s;
+const QString rtfdKey = u"textRTFD"_s;
+
+QString isoText(Date date)
+{
+    return date.toDateTime().toUTC().toString(Qt::ISODate);
+}
+
+Error noJson(const QString &detail)
+{
+    return {Error::Kind::Corrupt,
+            QCoreApplication::translate("Import", "The file is no JSON array of records."),
+            detail};
+}
+
+/// A value that is no text as JSON writes it.
+QString textOf(const QJsonValue &value)
+{
+    switch (value.type()) {
+    case QJsonValue::String:
+        return value.toString();
+    case QJsonValue::Array:
+        return QString::fromUtf8(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact));
+    case QJsonValue::Object:
+        return QString::fromUtf8(QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact));
+    case QJsonValue::Bool:
+        return value.toBool() ? u"true"_s : u"false"_s;
+    case QJsonValue::Double:
+        return QString::fromUtf8(
+            QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).chopped(1).sliced(1));
+    default:
+        return {};
+    }
+}
+
+/// Values of the record in the fields of those identifiers.
+void takeValues(const QJsonArray &values, const QStringList &identifiers, RecordData &record)
+{
+    for (qsizetype i = 0; i < std::min<qsizetype>(values.size(), identifiers.size()); ++i) {
+        if (!values[i].isNull())
+            record.setFieldValue(textOf(values[i]), identifiers[i]);
+    }
+}
+
+/// Of any objects: all keys, in the order in which they come.
+QStringList keysOf(const QJsonArray &objects)
+{
+    QStringList keys;
+    QSet<QString> known;
+    for (const QJsonValue &element : objects) {
+        for (const QString &key : element.toObject().keys()) {
+            if (!known.contains(key)) {
+                known.insert(key);
+                keys.append(key);
+            }
+        }
+    }
+    return keys;
+}
+
+ReadRecords ofOurs(const QJsonArray &array)
+{
+    ReadRecords read;
+    qsizetype width = 0;
+    for (const QJsonValue &element : array) {
+        for (const QJsonValue &name : element.toObject().value(fieldNamesKey).toArray())
+            read.fieldNames.append(name.toString());
+        width = std::max<qsizetype>(width, element.toObject().value(valuesKey).toArray().size());
+        if (const QString name = element.toObject().value(u"textName"_s).toString(); !name.isEmpty())
+            read.textName = name;
+    }
+    while (read.fieldNames.size() < width)
+        read.fieldNames.append(QString::number(read.fieldNames.size() + 1));
+    read.make =
+        [array](const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
+            BatchBuilder builder(environment);
+            builder.setTaken(taken);
+            for (const QJsonValue &element : array) {
+                RecordData record = builder.newRecord();
+                const QJsonObject object = element.toObject();
+                takeBookkeeping(object, record);
+                takeValues(object.value(valuesKey).toArray(), fields, record);
+                builder.add(std::move(record));
+            }
+            return builder.finish();
+        };
+    return read;
+}
+
+ReadRecords ofOthers(const QJsonArray &array)
+{
+    ReadRecords read;
+    read.fieldNames = keysOf(array);
+    read.make = [array, keys = read.fieldNames](
+                    const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
+        BatchBuilder builder(environment);
+        builder.setTaken(taken);
+        for (const QJsonValue &element : array) {
+            RecordData record = builder.newRecord();
+            const QJsonObject object = element.toObject();
+            QJsonArray values;
+            for (const QString &key : keys)
+                values.append(object.value(key));
+            takeValues(values, fields, record);
+            builder.add(std::move(record));
+        }
+        return builder.finish();
+    };
+    return read;
+}
+
+} // namespace
+
+QJsonObject jsonOfRecord(const ExportedRecords &records, qsizetype index)
+{
+    const RecordView record = records.record(index);
+    QJsonArray values;
+    for (const FieldKey &key : records.keys()) {
+        const TextView value = record.fieldValue(key);
+        values.append(value.isAbsent() ? QJsonValue(u""_s) : QJsonValue(value.toString()));
+    }
+    QJsonObject object{{u"identifier"_s, record.value(RecordKey::identifier).toText()},
+                       {u"selected"_s, true},
+                       {u"locked"_s, record.recordLocked()},
+                       {u"needsSync"_s, record.needsSync()},
+                       {u"isSum"_s, record.isSum()},
+                       {u"created"_s, isoText(record.createdDate())},
+                       {u"modified"_s, isoText(record.modifiedDate())},
+                       {u"viewed"_s, isoText(record.viewedDate())},
+                       {u"createdBy"_s, record.createdBy()},
+                       {u"modifiedBy"_s, record.modifiedBy()},
+                       {u"viewedBy"_s, record.viewedBy()},
+                       {u"name"_s, record.name()},
+                       {valuesKey, values},
+                       {u"text"_s, record.textString().toString()}};
+    if (const QByteArray rtfd = record.textRTFD(); !rtfd.isEmpty())
+        object.insert(rtfdKey, QString::fromLatin1(rtfd.toBase64()));
+    return object;
+}
+
+void takeBookkeeping(const QJsonObject &object, RecordData &record)
+{
+    const auto text = [&object](const QString &key, const std::function<void(const QString &)> &take) {
+        if (object.value(key).isString())
+            take(object.value(key).toString());
+    };
+    const auto date = [&](const QString &key, const std::function<void(Date)> &take) {
+        const QDateTime read = QDateTime::fromString(object.value(key).toString(), Qt::ISODate);
+        if (read.isValid())
+            take(Date::fromDateTime(read));
+    };
+    text(u"identifier"_s, [&](const QString &value) { record.setIdentifier(value); });
+    text(u"name"_s, [&](const QString &value) { record.setName(value); });
+    text(u"createdBy"_s, [&](const QString &value) { record.setCreatedBy(value); });
+    text(u"modifiedBy"_s, [&](const QString &value) { record.setModifiedBy(value); });
+    text(u"viewedBy"_s, [&](const QString &value) { record.setViewedBy(value); });
+    text(u"text"_s, [&](const QString &value) { record.setTextString(value); });
+    text(rtfdKey,
+         [&](const QString &value) { record.setTextRTFD(QByteArray::fromBase64(value.toLatin1())); });
+    date(u"created"_s, [&](Date value) { record.setCreatedDate(value); });
+    date(u"modified"_s, [&](Date value) { record.setModifiedDate(value); });
+    date(u"viewed"_s, [&](Date value) { record.setViewedDate(value); });
+    record.setRecordLocked(object.value(u"locked"_s).toBool(record.recordLocked()));
+    record.setNeedsSync(object.value(u"needsSync"_s).toBool(record.needsSync()));
+    record.setIsSum(object.value(u"isSum"_s).toBool(record.isSum()));
+}
+
+Result<> exportJson(const ExportedRecords &records, const QString &path, Progress &progress)
+{
+    return writeDurably(path, [&](const ByteSink &bytes) -> Result<> {
+        TextSink sink(bytes, false);
+        WorkSteps steps(progress, static_cast<size_t>(records.count()));
+        sink.append(QByteArrayView("["));
+        for (qsizetype index = 0; index < records.count() && !sink.isRefused(); ++index) {
+            if (!steps.goOn())
+                return cancelled();
+            QJsonObject object = jsonOfRecord(records, index);
+            object.insert(u"number"_s, qint64(index + 1));
+            if (index == 0) {
+                QJsonArray names;
+                for (const FieldDefinition &field : records.fields())
+                    names.append(field.name());
+                object.insert(fieldNamesKey, names);
+                object.insert(u"textName"_s, records.textName());
+            }
+            sink.append(QByteArrayView(index == 0 ? "\n" : ",\n"));
+            sink.append(QByteArrayView(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+        }
+        sink.append(QByteArrayView("\n]\n"));
+        sink.finish();
+        return {};
+    });
+}
+
+Result<ReadRecords> readJson(QByteArrayView bytes)
+{
+    QJsonParseError error;
+    const QJsonDocument document =
+        QJsonDocument::fromJson(QByteArray::fromRawData(bytes.data(), bytes.size()), &error);
+    if (error.error != QJsonParseError::NoError)
+        return noJson(u"%1 at byte %2"_s.arg(error.errorString(), QString::number(error.offset)));
+    if (!document.isArray())
+        return noJson(u"not an array"_s);
+    const QJsonArray array = document.array();
+    for (const QJsonValue &element : array) {
+        if (!element.isObject())
+            return noJson(u"an element is no object"_s);
+    }
+    const bool isOurs = !array.isEmpty() && array.first().toObject().value(valuesKey).isArray();
+    return isOurs ? ofOurs(array) : ofOthers(array);
+}
+
+} // namespace tavrin

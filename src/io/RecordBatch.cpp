@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "io/RecordBatch.h"
+
+#include "document/DatafileDocument.h"
+
+#include <QCryptographicHash>
+
+#include <array>
+#include <cstring>
+
+namespace tavrin {
+
+namespace {
+
+/// Numbers that look drawn by lot: a counter, mixed until each of its bits touches all of theirs.
+class NumberSeries
+{
+public:
+    explicit NumberSeries(quint64 seed) : g_state(seed) {}
+
+    quint64 next()
+    {
+        g_state += 0x9E3779B97F4A7C15;
+        quint64 mixed = g_state;
+        mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9;
+        mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EB;
+        return mixed ^ (mixed >> 31);
+    }
+
+private:
+    quint64 g_state;
+};
+
+void writeHex(quint64 number, int digits, char *&to)
+{
+    for (int digit = digits - 1; digit >= 0; --digit)
+        *to++ = "0123456789ABCDEF"[(number >> (4 * digit)) & 0xF];
+}
+
+/// As a random identifier of version 4.
+void writeIdentifier(quint64 high, quint64 low, char *to)
+{
+    high = (high & ~quint64(0xF000)) | 0x4000;
+    low = (low & ~(quint64(3) << 62)) | (quint64(2) << 62);
+    writeHex(high >> 32, 8, to);
+    *to++ = '-';
+    writeHex(high >> 16, 4, to);
+    *to++ = '-';
+    writeHex(high, 4, to);
+    *to++ = '-';
+    writeHex(low >> 48, 4, to);
+    *to++ = '-';
+    writeHex(low, 12, to);
+}
+
+} // namespace
+
+Result<SharedBytes> newIdentifiers(quint32 count, const Environment &environment)
+{
+    const QByteArray drawn = environment.identifier().toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(drawn, QCryptographicHash::Sha256);
+    std::array<quint64, 2> seeds{};
+    std::memcpy(seeds.data(), hash.constData(), sizeof seeds);
+    return SharedBytes::filled(count * identifierSize, {}, [&](char *destination) {
+        NumberSeries high(seeds[0]);
+        NumberSeries low(seeds[1]);
+        for (quint32 i = 0; i < count; ++i)
+            writeIdentifier(high.next(), low.next(), destination + i * identifierSize);
+        return true;
+    });
+}
+
+std::vector<quint32> addBatch(DatafileDocument &document, const RecordBatch &batch)
+{
+    DatafileRecordsData &records = document.datafileRecords();
+    IdentifierTable &identifiers = records.identifiers();
+    identifiers.keep(batch.identifiers);
+    identifiers.reserve(identifiers.count() + batch.count());
+    std::vector<quint32> numbers;
+    numbers.reserve(batch.count());
+    for (quint32 place = 0; place < batch.count(); ++place)
+        numbers.push_back(identifiers.add(batch.identifier(place)));
+    records.addRecords(batch.records, numbers);
+    document.datafileCatalog().insertNumbersAtEnd(numbers);
+    return numbers;
+}
+
+} // namespace tavrin

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/SharedBytes.h"
+#include "io/TextTable.h"
+#include "model/RecordSource.h"
+
+#include <memory>
+
+namespace tavrin {
+
+/// What becomes of the columns of a table in the records made of its rows.
+struct TableMapping
+{
+    struct FieldColumn
+    {
+        FieldKey field;
+        quint32 column;
+    };
+
+    std::vector<FieldColumn> fields;
+    std::vector<quint32> textColumns; ///< Joined by line ends, they are the text.
+    quint32 firstRow = 0;
+    bool cleansValues = false; ///< Fields take values as one line; for tables read by readStandard().
+};
+
+/// The rows of a table as records, without anything being made of a row until somebody asks for it.
+class TableRecords : public RecordSource
+{
+public:
+    /// Each record takes what is neither field, text nor identifier from the pattern, which has all keys that
+    /// a record has. The identifiers are as newIdentifiers() gives them.
+    TableRecords(std::shared_ptr<const TextTable> table,
+                 TableMapping mapping,
+                 plist::Dictionary pattern,
+                 const SharedBytes &identifiers);
+
+    quint32 count() const override { return g_table->rowCount() - g_mapping.firstRow; }
+    bool needsOpening(quint32 /*place*/) const override { return false; }
+    plist::Dictionary dictionary(quint32 place) const override;
+    plist::Value value(quint32 place, const QString &key) const override;
+    TextView fieldValue(quint32 place, const FieldKey &field) const override;
+    TextView textString(quint32 place) const override;
+    bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
+
+private:
+    quint32 rowOf(quint32 place) const { return place + g_mapping.firstRow; }
+    TextView fieldCell(quint32 place, quint32 column) const;
+    plist::Dictionary fields(quint32 place) const;
+    QString identifier(quint32 place) const;
+
+    std::shared_ptr<const TextTable> g_table;
+    TableMapping g_mapping;
+    plist::Dictionary g_pattern;
+    SharedBytes g_identifiers;
+};
+
+} // namespace tavrin

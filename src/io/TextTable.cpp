@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "io/TextTable.h"
+
+#include "model/FieldText.h"
+#include "plist/Utf8.h"
+
+#include <algorithm>
+
+namespace tavrin {
+
+namespace {
+
+/// The text with one quote for every two.
+QByteArray withSingleQuotes(QByteArrayView bytes)
+{
+    QByteArray single;
+    single.reserve(bytes.size());
+    for (qsizetype at = 0; at < bytes.size(); ++at) {
+        single.append(bytes[at]);
+        if (bytes[at] == '"' && at + 1 < bytes.size() && bytes[at + 1] == '"')
+            ++at;
+    }
+    return single;
+}
+
+} // namespace
+
+TextTable::Cell TextTable::cellAt(qsizetype start, qsizetype size, Form form)
+{
+    if (size > largestSize) {
+        const QByteArrayView bytes = g_text.sliced(start, size);
+        return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
+    }
+    Cell cell;
+    cell.start = static_cast<quint64>(start) & 0xffffffffff;
+    cell.size = static_cast<quint64>(size) & 0x3fffff;
+    cell.form = static_cast<quint64>(form) & 3;
+    return cell;
+}
+
+TextTable::Cell TextTable::ownCell(const QByteArray &utf8)
+{
+    Cell cell;
+    cell.start = static_cast<quint64>(g_own.size()) & 0xffffffffff;
+    cell.form = static_cast<quint64>(Form::Own) & 3;
+    g_own.push_back(utf8);
+    return cell;
+}
+
+void TextTable::endRow()
+{
+    const auto end = static_cast<quint32>(g_cells.size());
+    g_rowEnds.append(end);
+    g_width = std::max(g_width, cellCount(rowCount() - 1));
+}
+
+QByteArray TextTable::bytesOf(Cell cell) const
+{
+    switch (static_cast<Form>(cell.form)) {
+    case Form::Own:
+        return g_own[cell.start];
+    case Form::Encoded:
+        return withSingleQuotes(g_text.sliced(static_cast<qsizetype>(cell.start), cell.size));
+    case Form::Plain:
+        break;
+    }
+    return g_text.sliced(static_cast<qsizetype>(cell.start), cell.size).toByteArray();
+}
+
+TextView TextTable::cell(quint32 row, quint32 column) const
+{
+    if (column >= cellCount(row))
+        return {};
+    const Cell cell = g_cells[firstCell(row) + size_t(column)];
+    switch (static_cast<Form>(cell.form)) {
+    case Form::Own:
+        return {g_own[cell.start], false};
+    case Form::Encoded: {
+        const QString text = plist::fromUtf8(bytesOf(cell));
+        return TextView(text.isNull() ? QStringLiteral("") : text);
+    }
+    case Form::Plain:
+        break;
+    }
+    return {g_text.sliced(static_cast<qsizetype>(cell.start), cell.size), false};
+}
+
+TextView TextTable::cellAsLine(quint32 row, quint32 column) const
+{
+    const TextView text = cell(row, column);
+    const bool isPlain =
+        text.isAbsent() || g_cells[firstCell(row) + size_t(column)].form == static_cast<quint64>(Form::Plain);
+    return isPlain ? text : TextView(singleLineFieldText(text.toString()));
+}
+
+QStringList TextTable::row(quint32 row) const
+{
+    QStringList texts;
+    for (quint32 column = 0; column < cellCount(row); ++column)
+        texts.append(cell(row, column).toString());
+    return texts;
+}
+
+bool TextTable::isPlain(quint32 row) const
+{
+    for (quint32 place = firstCell(row); place < g_rowEnds[row]; ++place) {
+        if (g_cells[place].form != static_cast<quint64>(Form::Plain))
+            return false;
+    }
+    return true;
+}
+
+QByteArrayView TextTable::bytesOf(quint32 row) const
+{
+    if (cellCount(row) == 0)
+        return {};
+    const Cell first = g_cells[firstCell(row)];
+    const Cell last = g_cells[g_rowEnds[row] - size_t(1)];
+    return g_text.sliced(static_cast<qsizetype>(first.start),
+                         static_cast<qsizetype>(last.start + last.size - first.start));
+}
+
+} // namespace tavrin
