@@ -37,7 +37,7 @@ private:
 bool EditorFinding::replaceString(const Replacement &replacement)
 {
     const RecordData *record = g_window.currentRecord();
-    if (!record || g_window.nowSyncing() || replacement.findWhat.isEmpty())
+    if (!record || g_window.isClone() || g_window.nowSyncing() || replacement.findWhat.isEmpty())
         return false;
     if (record->recordLocked()) {
         g_window.setLastHitField(LastHitField::none);
@@ -113,7 +113,7 @@ void EditorFinding::replaceAll(const Replacement &replacement,
                                qint64 fieldsToSearchIn,
                                bool limitToCurrentRecord)
 {
-    if (!g_window.leaveEditing() || !g_window.currentRecord())
+    if (g_window.isClone() || !g_window.leaveEditing() || !g_window.currentRecord())
         return;
     ReplaceExtent extent{.fieldsToSearchIn = fieldsToSearchIn, .onlyRecord = {}};
     if (limitToCurrentRecord)

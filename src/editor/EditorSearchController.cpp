@@ -89,6 +89,12 @@ QStringList EditorSearchController::targetStringList(const QString &findText) co
     return tavrin::targetStringList(findText, styleOf(g_window.document().datafileSettings()));
 }
 
+void EditorSearchController::activateFindBox()
+{
+    g_finding.view().revealFindBox();
+    g_finding.view().focusFindBox();
+}
+
 void EditorSearchController::useSelectionForFind()
 {
     const QString selected = g_finding.view().selectedText();

@@ -71,8 +71,9 @@ public:
     /// The next forward search leaves the focus as if Control were held down.
     void setSimulatedControlKeyDown() { g_simulatedControlKeyDown = true; }
 
-    void activateFindBox() { g_finding.view().focusFindBox(); }
-    void selectSearchField() { activateFindBox(); }
+    void activateFindBox();
+    /// The same where the find box can be seen.
+    void selectSearchField() { g_finding.view().focusFindBox(); }
     void useSelectionForFind();
     void insertAmpersand();
 

@@ -85,7 +85,7 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
     if (focus == EditorFocus::FreeformText)
         focusFreeformText();
     if (focus == EditorFocus::Elsewhere)
-        g_search->activateFindBox();
+        g_search->selectSearchField();
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
     const int field = g_tableController->currentField();

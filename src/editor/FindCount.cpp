@@ -6,7 +6,7 @@
 #include "base/FilledIn.h"
 #include "document/DatafileDocument.h"
 #include "search/DatafileRows.h"
-#include "search/RecordCount.h"
+#include "search/RecordsHolding.h"
 
 #include <QLocale>
 
@@ -79,8 +79,9 @@ void FindCount::begin()
         g_counting->keys.emplace_back(key, g_options);
     g_work.begin(
         [counting = g_counting] {
-            counting->found =
-                countRecordsHolding(*counting->row, counting->search, counting->keys, counting->progress);
+            const auto found =
+                recordsHolding(*counting->row, counting->search, counting->keys, counting->progress);
+            counting->found = found ? std::ssize(*found) : 0;
         },
         [this, counting = g_counting] { end(*counting); });
 }

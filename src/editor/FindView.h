@@ -25,6 +25,8 @@ public:
 
     /// Gives the find box the focus, with its text selected.
     virtual void focusFindBox() {}
+    /// Shows the find box where it had been put away.
+    virtual void revealFindBox() {}
     /// Selects the find box's text; the focus stays where it is.
     virtual void selectFindText() {}
     virtual void setFindText(const QString & /*text*/) {}

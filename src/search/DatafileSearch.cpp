@@ -6,6 +6,7 @@
 #include "document/DatafileDocument.h"
 #include "search/DatafileRows.h"
 #include "search/RecordWalk.h"
+#include "search/RecordsHolding.h"
 
 #include <algorithm>
 
@@ -160,16 +161,12 @@ bool DatafileSearch::forEachRecordHolding(
     Progress &progress,
     const std::function<void(qint64 record, const RecordView &view)> &visitor) const
 {
-    const std::vector<SearchKey> prepared = this->prepared(keys);
-    const qint64 count = g_row->count();
-    if (count == 0)
-        return true;
-    return RecordWalk(*g_row, count, progress)
-        .visit(0, count - 1, [&](qint64 record, const RecordView &view) {
-            if (g_recordSearch.holds(view, prepared))
-                visitor(record, view);
-            return true;
-        });
+    const auto found = recordsHolding(*g_row, g_recordSearch, prepared(keys), progress);
+    if (!found)
+        return false;
+    for (const qint64 record : *found)
+        visitor(record, *g_row->view(g_row->numbers(record, 1).front()));
+    return true;
 }
 
 QList<RecordHit> DatafileSearch::hitsInRecord(const RecordView &record, const QStringList &keys) const

@@ -88,7 +88,7 @@ public:
                                                                Progress &progress) const;
 
     /// Calls visitor(place in the row, record) for each record that holds every key, in order. False
-    /// when it was cancelled.
+    /// when it was cancelled; see recordsHolding() for the threads.
     bool
     forEachRecordHolding(const QStringList &keys,
                          Progress &progress,

@@ -4,7 +4,7 @@
 #include "search/FindSelection.h"
 
 #include "document/DatafileDocument.h"
-#include "search/RecordWalk.h"
+#include "search/RecordsHolding.h"
 
 #include <QCoreApplication>
 
@@ -24,19 +24,12 @@ FindSelection::FindSelection(const DatafileDocument &document,
 
 void FindSelection::run(Progress &progress)
 {
-    const qint64 count = g_row.count();
-    g_isFinished =
-        count == 0
-        || RecordWalk(g_row, count, progress).visit(0, count - 1, [&](qint64 record, const RecordView &view) {
-               if (g_search.holds(view, g_keys))
-                   g_found.push_back(g_row.number(record));
-               return true;
-           });
+    g_found = recordsHolding(g_row, g_search, g_keys, progress);
 }
 
 Result<bool> FindSelection::apply(DatafileDocument &document) const
 {
-    if (!g_isFinished)
+    if (!g_found)
         return Error{Error::Kind::Cancelled, {}, {}};
     SubsetSortedData &catalog = document.datafileCatalog();
     const qint64 count = catalog.countSelected();
@@ -44,14 +37,14 @@ Result<bool> FindSelection::apply(DatafileDocument &document) const
         return Error{Error::Kind::Refused,
                      QCoreApplication::translate("FindSelection", "The records have changed meanwhile."),
                      {}};
-    auto found = g_found.begin();
+    qint64 place = 0;
+    auto found = g_found->begin();
     std::vector<bool> states;
     for (const CatalogEntry &entry : catalog.entries()) {
-        const bool holds =
-            entry.currentlySelected() && found != g_found.end() && entry.identifier() == *found;
+        const bool holds = entry.currentlySelected() && found != g_found->end() && *found == place;
+        place += entry.currentlySelected() ? 1 : 0;
+        found += holds ? 1 : 0;
         states.push_back(holds);
-        if (holds)
-            ++found;
     }
     const bool isDone = catalog.setFindSelection(states);
     if (isDone)

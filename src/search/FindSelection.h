@@ -34,8 +34,7 @@ private:
     RecordRowSnapshot g_row;
     RecordSearch g_search;
     std::vector<SearchKey> g_keys;
-    std::vector<quint32> g_found; ///< In the order of the row.
-    bool g_isFinished = false;
+    std::optional<std::vector<qint64>> g_found; ///< Places in the row; none when it was cancelled.
 };
 
 } // namespace tavrin

@@ -54,13 +54,13 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
 {
     auto window = std::make_unique<EditorWindow>(document, g_preferences, *g_menus, firstRecord);
     connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
+    connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
+        g_findAndReplace->setDatafileWindowController(&window->controller());
+    });
     if (!g_recordInfoPalette)
         g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
     window->setRecordInfoPalette(g_recordInfo);
     window->setSpelling(g_spelling);
-    connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
-        g_findAndReplace->setDatafileWindowController(&window->controller());
-    });
     window->show();
     return window;
 }

@@ -18,7 +18,7 @@ QWidget *CellDelegate::createEditor(QWidget *parent,
                                     const QModelIndex &index) const
 {
     QWidget *editor = nullptr;
-    if (g_wraps) {
+    if (wraps()) {
         auto *area = new WrappedCellEdit(parent);
         connect(area, &QPlainTextEdit::textChanged, this, [this, area] { typed(area); });
         editor = area;

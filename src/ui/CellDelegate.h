@@ -16,9 +16,6 @@ class CellDelegate : public HitDelegate
 public:
     using HitDelegate::HitDelegate;
 
-    /// Values are edited on several lines where they are long.
-    void setWraps(bool wraps) { g_wraps = wraps; }
-
     QWidget *createEditor(QWidget *parent,
                           const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
@@ -38,8 +35,6 @@ private:
     static QString accessibleName(const QModelIndex &index);
     void typed(QWidget *editor) const;
     void commitAndMove(QWidget *editor, bool forward, bool byReturn);
-
-    bool g_wraps = false;
 };
 
 /// Shows the fields' names: quieter than their values, beside them, never edited.

@@ -7,6 +7,7 @@
 #include "editor/EditorSearchController.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
+#include "editor/EditorToolbarController.h"
 #include "editor/ListTableModel.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/CellDelegate.h"
@@ -28,6 +29,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -253,6 +255,13 @@ void EditorWindow::buildFinding()
     row->setMovable(false);
     g_findBox = new FindBox(g_controller.search(), row);
     row->addWidget(g_findBox);
+    // An item of the toolbar that has a row of its own, where there is room for it.
+    const auto update = [this, row] {
+        row->setVisible(
+            g_toolbarController->items().contains(QLatin1StringView(EditorToolbarController::FindBox)));
+    };
+    connect(g_toolbarController.get(), &EditorToolbarController::itemsChanged, row, update);
+    update();
     g_findView = std::make_unique<WindowFindView>(
         *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
     g_controller.search().attachView(*g_findView);

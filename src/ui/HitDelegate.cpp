@@ -61,32 +61,33 @@ void HitDelegate::paintWithHits(QPainter *painter,
         format.setBackground(colors.mark);
         formats.append({static_cast<int>(hit.start), static_cast<int>(hit.length), format});
     }
-    const bool wraps = option.features.testFlag(QStyleOptionViewItem::WrapText);
     QTextLayout layout(text, option.font);
     QTextOption lines(option.displayAlignment);
-    lines.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    lines.setWrapMode(g_wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
     lines.setTextDirection(option.direction);
     layout.setTextOption(lines);
     layout.setFormats(formats);
 
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
     const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
-    qreal height = 0;
     layout.beginLayout();
+    qreal height = 0;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        if (wraps)
+        if (g_wraps)
             line.setLineWidth(room.width());
         line.setPosition(QPointF(0, height));
         height += line.height();
     }
     layout.endLayout();
-    const QTextLayout::FormatRange &first = formats.constFirst();
-    const qreal hitEnd = layout.lineAt(0).cursorToX(first.start + first.length);
-    const qreal shift = wraps ? 0.0 : qMax(0.0, hitEnd - room.width());
-    const qreal top = qMax<qreal>(room.top(), room.center().y() - height / 2 + 1);
+    qreal shift = 0;
+    if (!g_wraps && layout.lineCount() > 0) {
+        const QTextLayout::FormatRange &first = formats.constFirst();
+        shift = qMax(0.0, layout.lineAt(0).cursorToX(first.start + first.length) - room.width());
+    }
     painter->save();
     painter->setClipRect(room);
     painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    const qreal top = qMax<qreal>(room.top(), room.center().y() - height / 2 + 1);
     layout.draw(painter, QPointF(room.left() - shift, top));
     painter->restore();
 }

@@ -27,8 +27,16 @@ QWidget *cellEditor(const RecordTableView &table)
 
 } // namespace
 
+void WindowFindView::revealFindBox()
+{
+    g_findBox.parentWidget()->show();
+}
+
 void WindowFindView::focusFindBox()
 {
+    // The person may have taken it out of the toolbar.
+    if (!g_findBox.isVisibleTo(g_findBox.window()))
+        return;
     g_findBox.entry().setFocus(Qt::ShortcutFocusReason);
     g_findBox.entry().selectAll();
 }

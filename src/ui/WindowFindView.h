@@ -24,6 +24,7 @@ public:
         , g_table(std::move(table))
     {}
 
+    void revealFindBox() override;
     void focusFindBox() override;
     void selectFindText() override;
     void setFindText(const QString &text) override;
