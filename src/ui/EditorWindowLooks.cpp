@@ -71,7 +71,8 @@ void EditorWindow::buildToolbar()
 {
     g_toolbarController =
         std::make_unique<EditorToolbarController>(g_controller.preferences(), [](const QString &selector) {
-            return commandForSelector(selector) != nullptr;
+            return commandForSelector(selector)
+                   || selector == QLatin1StringView(EditorToolbarController::FindBox);
         });
     g_toolbar = new EditorToolbar(
         *g_toolbarController, [this](const QString &selector) { return actionFor(selector); }, this);

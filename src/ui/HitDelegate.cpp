@@ -75,6 +75,8 @@ void HitDelegate::paintWithHits(QPainter *painter,
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         if (g_wraps)
             line.setLineWidth(room.width());
+        else
+            line.setNumColumns(static_cast<int>(text.size())); // It has no height before it is laid out.
         line.setPosition(QPointF(0, height));
         height += line.height();
     }
