@@ -197,6 +197,16 @@ constexpr std::array actionRules{
     ActionRule{"toggleToolbarShown:"_L1, always, true},
     ActionRule{"toggleToolbarStyle:"_L1, always},
     ActionRule{"updateLineWrapping:"_L1, mayWrapFields, true},
+    // Exporting.
+    ActionRule{"copyRecordsAsText:"_L1, hasRecord, true},
+    ActionRule{"exportAsFolderofHTMLFiles:"_L1, hasRecord, true},
+    ActionRule{"exportAsFolderofRTFDFiles:"_L1, hasRecord, true},
+    ActionRule{"exportAsFolderofTextFiles:"_L1, hasRecord, true},
+    ActionRule{"exportAsHTML:"_L1, hasRecord, true},
+    ActionRule{"exportAsJSON:"_L1, hasRecord, true},
+    ActionRule{"exportAsMarkdown:"_L1, hasRecord, true},
+    ActionRule{"exportAsRTFD:"_L1, hasRecord, true},
+    ActionRule{"exportAsTextFile:"_L1, hasRecord, true},
     // Commands with a rule of their own, whoever builds them.
     ActionRule{"addFieldWithContent:"_L1, always, true},
     ActionRule{"copyRecordWithFieldNames:"_L1, hasFields, true},

@@ -21,6 +21,7 @@ namespace tavrin {
 class EditorPermission;
 class EditorSaving;
 class EditorSearchController;
+class EditorExporting;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
@@ -57,6 +58,7 @@ public:
     const DatafileDocument &document() const { return g_document; }
     EditorTableController &tableController() { return *g_tableController; }
     EditorSelecting &selecting() { return *g_selecting; }
+    EditorExporting &exporting() { return *g_exporting; }
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
     EditorSearchController &search() { return *g_search; }
@@ -264,6 +266,7 @@ private:
     std::unique_ptr<EditorSaving> g_saving;
     std::unique_ptr<EditorSelecting> g_selecting;
     std::unique_ptr<EditorSorting> g_sorting;
+    std::unique_ptr<EditorExporting> g_exporting;
     std::unique_ptr<EditorSearchController> g_search;
     std::unique_ptr<EditorTextCommands> g_textCommands;
     EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.

@@ -27,6 +27,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -65,6 +66,7 @@ void EditorWindow::buildTables()
     g_listTable->setObjectName(u"listTableView"_s);
     g_listTable->setAccessibleName(tr("Selected records"));
     g_listTable->setModel(&tables.listTableModel());
+    g_listTable->setDragDropMode(QAbstractItemView::DragOnly);
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();
     auto *listDelegate = new CellDelegate(tables, g_listTable);
@@ -179,6 +181,9 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     QAction *close = file->addAction(tr("&Close"), this, &QWidget::close);
     close->setShortcut(Qt::CTRL | Qt::Key_W);
     addCommands(file, fileCommands());
+    file->addSeparator();
+    menus.addImportMenu(*file, &g_controller);
+    addCommands(file->addMenu(tr("&Export")), exportCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 

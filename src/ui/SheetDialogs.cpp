@@ -3,10 +3,13 @@
 
 #include "ui/SheetDialogs.h"
 
+#include "app/ImportAssistantSheetController.h"
+#include "app/ImportSheetController.h"
 #include "app/NewDatafileSheetController.h"
 #include "base/InternalInconsistency.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EnterPasswordSheetController.h"
+#include "editor/ExportSheetController.h"
 #include "editor/FileSheetController.h"
 #include "editor/GotoRecordSheetController.h"
 #include "editor/SelectRecordsSheetController.h"
@@ -14,6 +17,9 @@
 #include "editor/SortFreeformSheetController.h"
 #include "editor/SortTaskNameSheetController.h"
 #include "editor/SortTasksSheetController.h"
+#include "ui/ExportDialogs.h"
+#include "ui/ImportAssistantDialog.h"
+#include "ui/ImportDialogs.h"
 #include "ui/NewDatafileDialog.h"
 #include "ui/SelectRecordsDialog.h"
 #include "ui/SortDialogs.h"
@@ -193,6 +199,16 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return new SortTasksDialog(*tasks, parent);
     if (auto *datafile = qobject_cast<NewDatafileSheetController *>(&sheet))
         return new NewDatafileDialog(*datafile, parent);
+    if (auto *import = qobject_cast<ImportSheetController *>(&sheet))
+        return new ImportDialog(*import, parent);
+    if (auto *assistant = qobject_cast<ImportAssistantSheetController *>(&sheet))
+        return new ImportAssistantDialog(*assistant, parent);
+    if (auto *differences = qobject_cast<ImportDifferencesSheetController *>(&sheet))
+        return new ImportDifferencesDialog(*differences, parent);
+    if (auto *table = qobject_cast<ExportSheetController *>(&sheet))
+        return new ExportDialog(*table, parent);
+    if (auto *textFormat = qobject_cast<FreeformSheetController *>(&sheet))
+        return new FreeformDialog(*textFormat, parent);
     throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");
 }
 
