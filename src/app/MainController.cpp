@@ -3,6 +3,7 @@
 
 #include "app/MainController.h"
 
+#include "app/ImportController.h"
 #include "app/NewDatafileSheetController.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
@@ -46,6 +47,7 @@ MainController::MainController(Preferences &preferences,
     , g_work(work)
     , g_recentDatafiles(preferences)
     , g_datafilesFolder(std::make_unique<DatafilesFolder>(preferences))
+    , g_imports(std::make_unique<ImportController>(*this, sheets, work))
 {
     g_menuTimer.setSingleShot(true);
     g_menuTimer.setInterval(menuDelay);

@@ -22,6 +22,7 @@
 namespace tavrin {
 
 struct DatafileContents;
+class ImportController;
 
 /// The application's controller: which datafiles are open, the session, the Datafiles menu, new datafiles and
 /// quitting.
@@ -90,6 +91,13 @@ public:
     void applicationShouldTerminate();
 
     Preferences &preferences() { return g_preferences; }
+    DocumentServices services() const { return {g_environment, &g_preferences}; }
+    ImportController &imports() { return *g_imports; }
+    /// Shows a datafile that was just made, in a window of its own.
+    void showNewDatafile(std::unique_ptr<DatafileDocument> document)
+    {
+        showDocument(std::move(document), {});
+    }
 
 Q_SIGNALS:
     /// Also when there is one less to be opened.
@@ -101,7 +109,6 @@ Q_SIGNALS:
 private:
     using DatafileTest = std::function<bool(const DatafileDocument &)>;
 
-    DocumentServices services() const { return {g_environment, &g_preferences}; }
     QString samplePath() const;
 
     // Questions.
@@ -139,6 +146,7 @@ private:
     WorkHost &g_work;
     RecentDatafiles g_recentDatafiles;
     std::unique_ptr<DatafilesFolder> g_datafilesFolder;
+    std::unique_ptr<ImportController> g_imports;
     QList<DatafilesMenuItem> g_datafilesMenu;
     std::vector<OpenDatafile> g_open;
     QList<SessionEntry> g_opening; ///< By canonical path.

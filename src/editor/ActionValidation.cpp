@@ -134,6 +134,16 @@ constexpr std::array actionRules{
     ActionRule{"toggleToolbarShown:"_L1, always},
     ActionRule{"toggleToolbarStyle:"_L1, always},
     ActionRule{"updateLineWrapping:"_L1, mayWrapFields},
+    // Exporting.
+    ActionRule{"copyRecordsAsText:"_L1, hasRecord},
+    ActionRule{"exportAsFolderofHTMLFiles:"_L1, hasRecord},
+    ActionRule{"exportAsFolderofRTFDFiles:"_L1, hasRecord},
+    ActionRule{"exportAsFolderofTextFiles:"_L1, hasRecord},
+    ActionRule{"exportAsHTML:"_L1, hasRecord},
+    ActionRule{"exportAsJSON:"_L1, hasRecord},
+    ActionRule{"exportAsMarkdown:"_L1, hasRecord},
+    ActionRule{"exportAsRTFD:"_L1, hasRecord},
+    ActionRule{"exportAsTextFile:"_L1, hasRecord},
     // Commands with a rule of their own that nobody has built yet.
     ActionRule{"addFieldWithContent:"_L1, always},
     ActionRule{"copyRecordWithFieldNames:"_L1, hasFields},

@@ -7,6 +7,7 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorExporting.h"
 #include "editor/EditorFields.h"
 #include "editor/EditorFormatting.h"
 #include "editor/EditorFreeformText.h"
@@ -96,6 +97,7 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_links = std::make_unique<EditorLinks>(*this, g_sheets);
     g_selecting = std::make_unique<EditorSelecting>(*this, g_sheets, work);
     g_sorting = std::make_unique<EditorSorting>(*this, g_sheets, work, g_preferences);
+    g_exporting = std::make_unique<EditorExporting>(*this, g_sheets, work);
     g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
     g_textCommands = std::make_unique<EditorTextCommands>(*this, g_sheets, work);
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);

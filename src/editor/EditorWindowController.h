@@ -26,6 +26,7 @@ class EditorPermission;
 class EditorRecords;
 class EditorSaving;
 class EditorSearchController;
+class EditorExporting;
 class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
@@ -65,6 +66,7 @@ public:
     EditorRecords &records() { return *g_records; }
     EditorFields &fields() { return *g_fields; }
     EditorSelecting &selecting() { return *g_selecting; }
+    EditorExporting &exporting() { return *g_exporting; }
     EditorSorting &sorting() { return *g_sorting; }
     const EditorSorting &sorting() const { return *g_sorting; }
     EditorSearchController &search() { return *g_search; }
@@ -292,6 +294,7 @@ private:
     std::unique_ptr<EditorFreeformText> g_text;
     std::unique_ptr<EditorFormatting> g_formatting;
     std::unique_ptr<EditorLinks> g_links;
+    std::unique_ptr<EditorExporting> g_exporting;
     std::unique_ptr<EditorSearchController> g_search;
     std::unique_ptr<EditorTextCommands> g_textCommands;
     EditorWindowController *g_mainWindow = nullptr;  ///< Of a clone.

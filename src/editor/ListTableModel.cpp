@@ -4,9 +4,12 @@
 #include "editor/ListTableModel.h"
 
 #include "editor/CellHits.h"
+#include "editor/EditorExporting.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
+
+#include <QMimeData>
 
 namespace tavrin {
 
@@ -75,12 +78,29 @@ QVariant ListTableModel::headerData(int section, Qt::Orientation orientation, in
 Qt::ItemFlags ListTableModel::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (index.isValid())
+        flags |= Qt::ItemIsDragEnabled;
     if (!index.isValid() || isTextColumn(index.column()))
         return flags;
     const std::optional<RecordView> record = g_window.recordViewAtIndex(index.row());
     if (record && !record->recordLocked() && !g_window.nowSyncing() && !g_window.isClone())
         flags |= Qt::ItemIsEditable;
     return flags;
+}
+
+QStringList ListTableModel::mimeTypes() const
+{
+    return {QStringLiteral("text/csv"), QStringLiteral("text/plain"), QStringLiteral("text/uri-list")};
+}
+
+QMimeData *ListTableModel::mimeData(const QModelIndexList &indexes) const
+{
+    QList<qint64> rows;
+    for (const QModelIndex &index : indexes) {
+        if (!rows.contains(index.row()))
+            rows.append(index.row());
+    }
+    return g_window.exporting().draggedRecords(rows).release();
 }
 
 bool ListTableModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -42,36 +42,59 @@ void ImportChange::redo(DatafileDocument &document)
         g_removed->redo(document);
 }
 
+RecordsAddition::RecordsAddition(DatafileDocument &document,
+                                 const RecordBatch &batch,
+                                 ImportDestination destination)
+    : g_document(document)
+    , g_destination(destination)
+    , g_catalogBefore(document.datafileCatalog().snapshot(document.datafileRecords().sharedIdentifiers()))
+    , g_criteriaBefore(document.datafileCatalog().criteria())
+    , g_change(std::make_unique<ImportChange>(addBatch(document, batch)))
+{
+    if (destination != ImportDestination::Merge)
+        return;
+    document.datafileCatalog().selectAll();
+    g_duplicates = std::make_unique<DuplicateRemoval>(document, DuplicateRemoval::Compare::RichTexts);
+}
+
+RecordsAddition::~RecordsAddition() = default;
+
+void RecordsAddition::run(Progress &progress)
+{
+    if (g_duplicates)
+        g_duplicates->run(progress);
+}
+
+Result<quint64> RecordsAddition::finish()
+{
+    if (g_duplicates && g_duplicates->wasCancelled()) {
+        g_change->undo(g_document);
+        g_document.datafileCatalog().popCatalog(g_catalogBefore);
+        g_document.datafileCatalog().setCriteria(g_criteriaBefore);
+        g_document.announceCatalogChange();
+        return cancelled();
+    }
+    quint64 removed = 0;
+    if (g_duplicates) {
+        g_change->remove(g_document, g_duplicates->duplicates());
+        removed = g_duplicates->duplicates().size();
+    }
+    DatafileArrangement(g_document).selectAll();
+    if (g_destination != ImportDestination::NewDatafile) {
+        g_document.undoHistory().push(std::move(g_change));
+        g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    }
+    return removed;
+}
+
 Result<quint64> addToDatafile(DatafileDocument &document,
                               const RecordBatch &batch,
                               ImportDestination destination,
                               Progress &progress)
 {
-    SubsetSortedData &catalog = document.datafileCatalog();
-    const CatalogSnapshot before = catalog.snapshot(document.datafileRecords().sharedIdentifiers());
-    const SubsetSortCriteriaData criteria = catalog.criteria();
-    auto change = std::make_unique<ImportChange>(addBatch(document, batch));
-    quint64 removed = 0;
-    if (destination == ImportDestination::Merge) {
-        catalog.selectAll();
-        DuplicateRemoval removal(document, DuplicateRemoval::Compare::RichTexts);
-        removal.run(progress);
-        if (removal.wasCancelled()) {
-            change->undo(document);
-            catalog.popCatalog(before);
-            catalog.setCriteria(criteria);
-            document.announceCatalogChange();
-            return cancelled();
-        }
-        change->remove(document, removal.duplicates());
-        removed = removal.duplicates().size();
-    }
-    DatafileArrangement(document).selectAll();
-    if (destination != ImportDestination::NewDatafile) {
-        document.undoHistory().push(std::move(change));
-        document.updateChangeCount(DatafileDocument::ChangeCount::Done);
-    }
-    return removed;
+    RecordsAddition addition(document, batch, destination);
+    addition.run(progress);
+    return addition.finish();
 }
 
 } // namespace tavrin

@@ -4,8 +4,11 @@
 #pragma once
 
 #include "document/RecordChanges.h"
+#include "io/TableImport.h"
 
 namespace tavrin {
+
+class DuplicateRemoval;
 
 /// Records that were imported into a datafile, and duplicates that went because of them.
 class ImportChange : public UndoStep
@@ -23,6 +26,30 @@ public:
 private:
     std::unique_ptr<PresenceChange> g_added;
     std::unique_ptr<PresenceChange> g_removed; ///< Null when nothing was.
+};
+
+/// The adding of records to a datafile, in three steps: it is made and finished on the document's thread, and
+/// runs in between on any. See addToDatafile().
+class RecordsAddition
+{
+public:
+    /// Adds the records; what follows is about duplicates.
+    RecordsAddition(DatafileDocument &document, const RecordBatch &batch, ImportDestination destination);
+    ~RecordsAddition();
+
+    /// Once.
+    void run(Progress &progress);
+
+    /// How many duplicates went. Cancelled when run() was; the datafile is then as it was.
+    Result<quint64> finish();
+
+private:
+    DatafileDocument &g_document;
+    ImportDestination g_destination;
+    CatalogSnapshot g_catalogBefore;
+    SubsetSortCriteriaData g_criteriaBefore;
+    std::unique_ptr<ImportChange> g_change;
+    std::unique_ptr<DuplicateRemoval> g_duplicates; ///< Null unless the records are merged.
 };
 
 } // namespace tavrin

@@ -159,8 +159,7 @@ recordsOfTable(const ReadTable &table, const TableMapping &mapping, const Enviro
 {
     RecordData pattern(environment);
     pattern.modified(environment);
-    const Result<SharedBytes> identifiers =
-        newIdentifiers(table.table->rowCount() - mapping.firstRow, environment);
+    const Result<SharedBytes> identifiers = newIdentifiers(rowCountOf(*table.table, mapping), environment);
     if (!identifiers)
         return identifiers.error();
     return RecordBatch{
@@ -197,21 +196,27 @@ Result<ImportOutcome> importTable(DatafileDocument &document,
                          .removed = *removed};
 }
 
-Result<ImportOutcome> importRecords(DatafileDocument &document,
-                                    const ReadRecords &records,
-                                    ImportDestination destination,
-                                    Progress &progress)
+Result<RecordBatch>
+batchOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination)
 {
-    const DatafileSettingsData &settings = document.datafileSettings();
+    DatafileSettingsData &settings = document.datafileSettings();
     QSet<QString> taken;
     if (destination != ImportDestination::NewDatafile) {
         const QStringList identifiers = document.datafileRecords().allIdentifiers();
         taken = QSet<QString>(identifiers.begin(), identifiers.end());
     } else if (!records.textName.isEmpty()) {
-        document.datafileSettings().setTextName(records.textName);
+        settings.setTextName(records.textName);
     }
-    const Result<RecordBatch> batch = records.make(
+    return records.make(
         fieldIdentifiersFor(records.fieldNames, settings), taken, document.services().environment);
+}
+
+Result<ImportOutcome> importRecords(DatafileDocument &document,
+                                    const ReadRecords &records,
+                                    ImportDestination destination,
+                                    Progress &progress)
+{
+    const Result<RecordBatch> batch = batchOf(document, records, destination);
     if (!batch)
         return batch.error();
     if (batch->count() == 0)

@@ -87,6 +87,10 @@ Result<ImportOutcome> importRecords(DatafileDocument &document,
                                     ImportDestination destination,
                                     Progress &progress);
 
+/// The records alone, for a datafile. A new one takes the name of the text, too.
+Result<RecordBatch>
+batchOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination);
+
 /// Puts records behind the others and selects all. When the datafile is no new one it is one step of Undo,
 /// with the removal of duplicates that belongs to merging. How many were removed. When it fails (Cancelled),
 /// the datafile is as it was.

@@ -23,8 +23,16 @@ struct TableMapping
     std::vector<FieldColumn> fields;
     std::vector<quint32> textColumns; ///< Joined by line ends, they are the text.
     quint32 firstRow = 0;
+    std::vector<quint32> rows; ///< Only these; all from the first one on when it is empty.
     bool cleansValues = false; ///< Fields take values as one line; for tables read by readStandard().
 };
+
+/// How many rows become records.
+inline quint32 rowCountOf(const TextTable &table, const TableMapping &mapping)
+{
+    return mapping.rows.empty() ? table.rowCount() - mapping.firstRow
+                                : static_cast<quint32>(mapping.rows.size());
+}
 
 /// The rows of a table as records, without anything being made of a row until somebody asks for it.
 class TableRecords : public RecordSource
@@ -37,7 +45,7 @@ public:
                  plist::Dictionary pattern,
                  const SharedBytes &identifiers);
 
-    quint32 count() const override { return g_table->rowCount() - g_mapping.firstRow; }
+    quint32 count() const override { return rowCountOf(*g_table, g_mapping); }
     bool needsOpening(quint32 /*place*/) const override { return false; }
     plist::Dictionary dictionary(quint32 place) const override;
     plist::Value value(quint32 place, const QString &key) const override;
@@ -46,7 +54,10 @@ public:
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
 
 private:
-    quint32 rowOf(quint32 place) const { return place + g_mapping.firstRow; }
+    quint32 rowOf(quint32 place) const
+    {
+        return g_mapping.rows.empty() ? place + g_mapping.firstRow : g_mapping.rows[place];
+    }
     TextView fieldCell(quint32 place, quint32 column) const;
     plist::Dictionary fields(quint32 place) const;
     QString identifier(quint32 place) const;

@@ -167,6 +167,7 @@ TextEncoding detectedEncoding(QByteArrayView bytes, bool &isGuessed)
 Result<TextContent> textContent(const SharedBytes &bytes, std::optional<TextEncoding> encoding)
 {
     TextContent content;
+    content.source = bytes;
     content.encoding = encoding ? *encoding : detectedEncoding(bytes.view(), content.isGuessed);
     const QByteArrayView text = withoutMark(bytes.view(), content.encoding);
     if (content.encoding == TextEncoding::Utf8 && (!encoding || plist::isValidUtf8(text))) {

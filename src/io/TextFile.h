@@ -41,6 +41,7 @@ QList<TextEncodingName> textEncodings();
 /// What a text file holds, as valid UTF-8.
 struct TextContent
 {
+    SharedBytes source; ///< The file as it is, for reading it in another encoding.
     SharedBytes bytes;
     QByteArrayView utf8; ///< Lies in the bytes, and is followed by SharedBytes::padding readable bytes.
     TextEncoding encoding = TextEncoding::Utf8;

@@ -3,6 +3,7 @@
 
 #include "ui/ApplicationMenus.h"
 
+#include "app/ImportController.h"
 #include "app/MainController.h"
 #include "editor/EditorWindowController.h"
 
@@ -54,6 +55,28 @@ void ApplicationMenus::fillRecentMenu(QMenu &menu)
     menu.addSeparator();
     QAction *clear = menu.addAction(tr("&Clear List"), &g_controller, &MainController::clearRecentDatafiles);
     clear->setEnabled(!paths.isEmpty());
+}
+
+void ApplicationMenus::addImportMenu(QMenu &file, EditorWindowController *window)
+{
+    QMenu *menu = file.addMenu(tr("&Import"));
+    ImportController &imports = g_controller.imports();
+    const auto add = [&](const QString &text, void (ImportController::*run)(EditorWindowController *)) {
+        menu->addAction(text, &imports, [&imports, window, run] { (imports.*run)(window); });
+    };
+    add(tr("&Delimited Text…"), &ImportController::importDelimitedText);
+    menu->addSeparator();
+    add(tr("&CSV File…"), &ImportController::importCSV);
+    add(tr("&SSV File…"), &ImportController::importSSV);
+    add(tr("&Tab-Delimited File…"), &ImportController::importTabDelimited);
+    add(tr("C&ustom-Delimited File…"), &ImportController::importCustomDelimited);
+    menu->addSeparator();
+    add(tr("&Folder of Text Files…"), &ImportController::importFolderOfTextFiles);
+    add(tr("Folder of Text Files with File &Names…"),
+        &ImportController::importFolderOfTextFilesWithFileNames);
+    menu->addSeparator();
+    add(tr("&JSON File…"), &ImportController::importJSON);
+    add(tr("&Markdown Folder…"), &ImportController::importMarkdownFolder);
 }
 
 void ApplicationMenus::addQuitItem(QMenu &file)

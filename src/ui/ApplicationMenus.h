@@ -10,6 +10,7 @@ class QMenuBar;
 
 namespace tavrin {
 
+class EditorWindowController;
 class MainController;
 struct DatafilesMenuItem;
 
@@ -23,6 +24,8 @@ public:
     explicit ApplicationMenus(MainController &controller) : g_controller(controller) {}
 
     void addOpeningItems(QMenu &file);
+    /// Into a new datafile or, when the menu is that of a datafile's window, into that.
+    void addImportMenu(QMenu &file, EditorWindowController *window);
     void addQuitItem(QMenu &file);
     /// What is found with windows of its own, behind an editor window's own items.
     void addFindItems(QMenu &find);

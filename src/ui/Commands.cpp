@@ -369,7 +369,8 @@ const Command *commandForSelector(const QString &selector)
                                                  sortCommands(),
                                                  findCommands(),
                                                  viewCommands(),
-                                                 textCommands()}) {
+                                                 textCommands(),
+                                                 exportCommands()}) {
         if (const Command *command = find(table, selector))
             return command;
     }

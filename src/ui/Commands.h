@@ -35,6 +35,7 @@ std::span<const Command> backupCommands();
 std::span<const Command> selectCommands();
 std::span<const Command> sortCommands();
 std::span<const Command> findCommands();
+std::span<const Command> exportCommands();
 // Of the window's looks, and the small ones on the text.
 std::span<const Command> viewCommands();
 std::span<const Command> textCommands();

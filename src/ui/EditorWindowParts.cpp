@@ -66,6 +66,7 @@ void EditorWindow::buildTables()
     g_listTable->setObjectName(u"listTableView"_s);
     g_listTable->setAccessibleName(tr("Selected records"));
     g_listTable->setModel(&tables.listTableModel());
+    g_listTable->setDragDropMode(QAbstractItemView::DragOnly);
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();
     auto *listDelegate = new CellDelegate(g_listTable);
@@ -166,6 +167,9 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     close->setShortcut(Qt::CTRL | Qt::Key_W);
     addCommands(file, fileCommands());
     addCommands(file, backupCommands());
+    file->addSeparator();
+    menus.addImportMenu(*file, &g_controller);
+    addCommands(file->addMenu(tr("&Export")), exportCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 

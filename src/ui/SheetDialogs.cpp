@@ -3,10 +3,13 @@
 
 #include "ui/SheetDialogs.h"
 
+#include "app/ImportAssistantSheetController.h"
+#include "app/ImportSheetController.h"
 #include "app/NewDatafileSheetController.h"
 #include "base/InternalInconsistency.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EnterPasswordSheetController.h"
+#include "editor/ExportSheetController.h"
 #include "editor/FileSheetController.h"
 #include "editor/FormSheetController.h"
 #include "editor/GotoRecordSheetController.h"
@@ -17,7 +20,10 @@
 #include "editor/SortTaskNameSheetController.h"
 #include "editor/SortTasksSheetController.h"
 #include "ui/DialogParts.h"
+#include "ui/ExportDialogs.h"
 #include "ui/FormDialog.h"
+#include "ui/ImportAssistantDialog.h"
+#include "ui/ImportDialogs.h"
 #include "ui/LookDialogs.h"
 #include "ui/ModifyFieldsDialog.h"
 #include "ui/NewDatafileDialog.h"
@@ -213,6 +219,16 @@ QDialog *makeSheetDialog(QVSheetController &sheet, QWidget *parent)
         return new NewDatafileDialog(*datafile, parent);
     if (QDialog *look = makeLookDialog(sheet, parent))
         return look;
+    if (auto *import = qobject_cast<ImportSheetController *>(&sheet))
+        return new ImportDialog(*import, parent);
+    if (auto *assistant = qobject_cast<ImportAssistantSheetController *>(&sheet))
+        return new ImportAssistantDialog(*assistant, parent);
+    if (auto *differences = qobject_cast<ImportDifferencesSheetController *>(&sheet))
+        return new ImportDifferencesDialog(*differences, parent);
+    if (auto *table = qobject_cast<ExportSheetController *>(&sheet))
+        return new ExportDialog(*table, parent);
+    if (auto *textFormat = qobject_cast<FreeformSheetController *>(&sheet))
+        return new FreeformDialog(*textFormat, parent);
     throw InternalInconsistency("-makeSheetDialog: -- The sheet has no dialog.");
 }
 

@@ -76,6 +76,8 @@ StartWindow::StartWindow(MainController &controller, ApplicationMenus &menus) : 
     QMenu *file = menuBar()->addMenu(tr("&File"));
     menus.addOpeningItems(*file);
     file->addSeparator();
+    menus.addImportMenu(*file, nullptr);
+    file->addSeparator();
     menus.addQuitItem(*file);
     menus.addDatafilesMenu(*menuBar());
     menus.addHelpMenu(*menuBar());

@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/EditorExporting.h"
+
+#include "document/UndoHistory.h"
+#include "editor/AlertSheetController.h"
+#include "editor/EditorWindowController.h"
+#include "editor/FileSheetController.h"
+#include "editor/LongWork.h"
+#include "io/FreeformExport.h"
+#include "io/HtmlExport.h"
+#include "io/RecordFiles.h"
+#include "io/TableImport.h"
+#include "io/TextExport.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QUrl>
+
+namespace tavrin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ExportingWork : public LongWork
+{
+public:
+    using Write =
+        std::function<Result<>(const ExportedRecords &records, const QString &path, Progress &progress)>;
+
+    ExportingWork(const DatafileDocument &document, QString path, Write write)
+        : g_records(document)
+        , g_path(std::move(path))
+        , g_write(std::move(write))
+    {}
+
+    QString title() const override { return EditorExporting::tr("Exporting records…"); }
+    void run(Progress &progress) override { g_outcome = g_write(g_records, g_path, progress); }
+    const Result<> &outcome() const { return g_outcome; }
+    qsizetype count() const { return g_records.count(); }
+
+private:
+    ExportedRecords g_records;
+    QString g_path;
+    Write g_write;
+    Result<> g_outcome;
+};
+
+Result<> withoutCount(const Result<qsizetype> &exported)
+{
+    if (!exported)
+        return exported.error();
+    return {};
+}
+
+} // namespace
+
+TableExportOptions ExportSheetController::tableOptions(TableExportOptions::Form form) const
+{
+    TableExportOptions options;
+    options.form = form;
+    options.lineEnd = linefeedIsOn() ? "\n" : carriageReturnIsOn() ? "\r" : "\r\n";
+    options.utf16 = g_utf16;
+    options.includingFieldNames = g_includingFieldNames;
+    options.fieldContentOnly = g_fieldContentOnly;
+    return options;
+}
+
+EditorExporting::EditorExporting(EditorWindowController &window, SheetHost &sheets, WorkHost &work)
+    : g_window(window)
+    , g_sheets(sheets)
+    , g_work(work)
+{}
+
+EditorExporting::~EditorExporting() = default;
+
+QStringList EditorExporting::fieldNames() const
+{
+    QStringList names;
+    for (const FieldDefinition &field : g_window.document().datafileSettings().fields())
+        names.append(field.name());
+    return names;
+}
+
+void EditorExporting::exportAsCSV()
+{
+    exportTable(TableExportOptions::Form::Csv, {tr("Save as CSV File"), u"csv"_s});
+}
+
+void EditorExporting::exportAsTabDelimited()
+{
+    exportTable(TableExportOptions::Form::Tab, {tr("Save as Tab-Delimited File"), u"tab"_s});
+}
+
+void EditorExporting::exportTable(TableExportOptions::Form form, const Panel &panel)
+{
+    const QString title =
+        form == TableExportOptions::Form::Tab ? tr("Export as Tab-Delimited File") : tr("Export as CSV File");
+    auto sheet = std::make_unique<ExportSheetController>(
+        ExportSheetController::Shows::TableOptions, title, fieldNames());
+    connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
+        if (code != QVSheetController::FirstButton)
+            return;
+        const TableExportOptions options = sheet->tableOptions(form);
+        askForPlace(panel,
+                    [options](const ExportedRecords &records, const QString &path, Progress &progress) {
+                        return tavrin::exportTable(records, options, path, progress);
+                    });
+    });
+    g_sheets.begin(std::move(sheet));
+}
+
+void EditorExporting::exportAsTextFile()
+{
+    askForPlace({tr("Save as Text File"), u"txt"_s}, exportTextFile);
+}
+
+void EditorExporting::exportAsRTFD()
+{
+    askForPlace({tr("Save as RTFD File"), u"rtfd"_s}, exportRtfd);
+}
+
+void EditorExporting::exportAsJSON()
+{
+    askForPlace({tr("Save as JSON File"), u"json"_s}, exportJson);
+}
+
+void EditorExporting::exportAsHTML()
+{
+    askForPlace({tr("Save as HTML File"), u"html"_s}, exportHtml);
+}
+
+void EditorExporting::exportAsFolderofTextFiles()
+{
+    const auto nameField = std::make_shared<std::optional<int>>();
+    exportToFolder(
+        tr("Select Directory for Text Files"),
+        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
+            return withoutCount(exportTextFolder(records, {path, *nameField, false}, progress));
+        },
+        nameField);
+}
+
+void EditorExporting::exportAsFolderofRTFDFiles()
+{
+    const auto nameField = std::make_shared<std::optional<int>>();
+    exportToFolder(
+        tr("Select Directory for RTFD Files"),
+        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
+            return withoutCount(exportRtfdFolder(records, {path, *nameField, false}, progress));
+        },
+        nameField);
+}
+
+void EditorExporting::exportAsFolderofHTMLFiles()
+{
+    const auto nameField = std::make_shared<std::optional<int>>();
+    exportToFolder(
+        tr("Select Directory for HTML Files"),
+        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
+            return withoutCount(exportHtmlFolder(records, {path, *nameField, false}, progress));
+        },
+        nameField);
+}
+
+void EditorExporting::exportAsMarkdown()
+{
+    askForPlace({tr("Select Directory for Markdown Files"), {}},
+                [](const ExportedRecords &records, const QString &path, Progress &progress) {
+                    const QString folder = path + u'/' + records.datafileName() + u" Markdown Folder"_s;
+                    return withoutCount(exportMarkdown(records, folder, false, progress));
+                });
+}
+
+// First how the files are named, where there is a choice.
+void EditorExporting::exportToFolder(const QString &title,
+                                     const Write &write,
+                                     std::shared_ptr<std::optional<int>> nameField)
+{
+    if (fieldNames().isEmpty()) {
+        askForPlace({title, {}}, write);
+        return;
+    }
+    auto sheet = std::make_unique<ExportSheetController>(
+        ExportSheetController::Shows::NameField, tr("Export as Folder of Files"), fieldNames());
+    connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
+        if (code != QVSheetController::FirstButton)
+            return;
+        *nameField = sheet->nameField();
+        askForPlace({title, {}}, write);
+    });
+    g_sheets.begin(std::move(sheet));
+}
+
+void EditorExporting::askForPlace(const Panel &panel, const Write &write)
+{
+    FileSheetController::Request request;
+    request.title = panel.title;
+    if (panel.extension.isEmpty()) {
+        request.purpose = FileSheetController::Purpose::OpenFolder;
+        request.acceptLabel = tr("Export");
+    } else {
+        request.purpose = FileSheetController::Purpose::SaveFile;
+        request.requiredExtension = panel.extension;
+        request.suggestedName = QFileInfo(g_window.document().displayName()).completeBaseName()
+                                + panel.nameEnding + u'.' + panel.extension;
+        request.nameFilters = {u"*."_s + panel.extension, tr("All files (*)")};
+    }
+    auto sheet = std::make_unique<FileSheetController>(request);
+    connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
+        if (code == QVSheetController::FirstButton)
+            this->write(sheet->path(), write);
+    });
+    g_sheets.begin(std::move(sheet));
+}
+
+void EditorExporting::write(const QString &path, const Write &write)
+{
+    if (!g_window.leaveEditing())
+        return;
+    auto work = std::make_unique<ExportingWork>(g_window.document(), path, write);
+    connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
+        const Result<> &outcome = work->outcome();
+        if (outcome)
+            Q_EMIT g_window.statusMessage(
+                tr("%n record(s) exported", nullptr, static_cast<int>(work->count())));
+        else if (outcome.error().kind != Error::Kind::Cancelled)
+            showAlert(g_sheets, tr("The records could not be exported."), outcome.error().message);
+    });
+    g_work.begin(std::move(work));
+}
+
+void EditorExporting::exportAsFreeformDatafile()
+{
+    QString format;
+    for (const QString &name : fieldNames())
+        format += name + u": "_s + FreeformSheetController::markOf(name) + u'\n';
+    auto sheet = std::make_unique<FreeformSheetController>(fieldNames(), format);
+    connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int code) {
+        if (code == QVSheetController::FirstButton)
+            exportFreeform(sheet->freeformTextFormat());
+    });
+    g_sheets.begin(std::move(sheet));
+}
+
+void EditorExporting::exportFreeform(const QString &format)
+{
+    const DatafileKind kind = g_window.document().kind();
+    const FreeformTemplate freeform = FreeformTemplate::ofText(format, u'\u00AB', u'\u00BB');
+    const DocumentServices services = g_window.document().services();
+    const auto write =
+        [=](const ExportedRecords &records, const QString &path, Progress &progress) -> Result<> {
+        const bool isMobile = kind == DatafileKind::Mobile;
+        const Result<RecordBatch> batch =
+            freeformRecords(records, freeform, isMobile, services.environment, progress);
+        if (!batch)
+            return batch.error();
+        const auto document = newDatafileForImport(services, kind, {});
+        const auto added = addToDatafile(*document, *batch, ImportDestination::NewDatafile, progress);
+        if (!added)
+            return added.error();
+        return document->saveToFirstFile(path);
+    };
+    const QString extension = kind == DatafileKind::Mobile ? u"tvk"_s : u"tv3"_s;
+    askForPlace({tr("Export As Freeform Text"), extension, u" FF"_s}, write);
+}
+
+ExportedRecords EditorExporting::recordsAt(const QList<qint64> &places) const
+{
+    const SubsetSortedData &catalog = g_window.document().datafileCatalog();
+    std::vector<quint32> numbers;
+    for (const qint64 place : places) {
+        if (catalog.isValidSelectedIndex(place))
+            numbers.push_back(catalog.selectedNumbers(place, 1).front());
+    }
+    return {g_window.document(), numbers};
+}
+
+QByteArray EditorExporting::tabDelimitedText() const
+{
+    TableExportOptions options;
+    options.form = TableExportOptions::Form::Tab;
+    return tableText(ExportedRecords(g_window.document()), options);
+}
+
+QByteArray EditorExporting::csvText(const QList<qint64> &places) const
+{
+    TableExportOptions options;
+    options.form = TableExportOptions::Form::Standard;
+    options.includingFieldNames = true;
+    return tableText(recordsAt(places), options);
+}
+
+std::unique_ptr<QMimeData> EditorExporting::draggedRecords(const QList<qint64> &places)
+{
+    const QByteArray csv = csvText(places);
+    auto data = std::make_unique<QMimeData>();
+    data->setData(u"text/csv"_s, csv);
+    data->setText(QString::fromUtf8(csv));
+    // The file of the drag before goes; whoever took it has copied it by now.
+    auto folder = std::make_unique<QTemporaryDir>();
+    QFile file(folder->filePath(QFileInfo(g_window.document().displayName()).completeBaseName() + u".csv"_s));
+    if (file.open(QIODevice::WriteOnly) && file.write(csv) == csv.size()) {
+        data->setUrls({QUrl::fromLocalFile(file.fileName())});
+        g_draggedFiles = std::move(folder);
+    }
+    return data;
+}
+
+} // namespace tavrin

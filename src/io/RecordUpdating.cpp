@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "io/RecordUpdating.h"
+
+#include "document/DatafileArrangement.h"
+#include "document/DatafileDocument.h"
+#include "document/RecordChanges.h"
+#include "model/FieldText.h"
+#include "sorting/WorkSteps.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+#include <algorithm>
+
+namespace tavrin {
+
+namespace {
+
+/// Records that were changed and others that came, as one step.
+class UpdateChange : public UndoStep
+{
+public:
+    UpdateChange(std::unique_ptr<ContentChange> contents, std::unique_ptr<PresenceChange> added)
+        : g_contents(std::move(contents))
+        , g_added(std::move(added))
+    {}
+
+    QString name() const override { return QCoreApplication::translate("Import", "Import"); }
+    void undo(DatafileDocument &document) override
+    {
+        if (g_added)
+            g_added->undo(document);
+        g_contents->undo(document);
+    }
+    void redo(DatafileDocument &document) override
+    {
+        g_contents->redo(document);
+        if (g_added)
+            g_added->redo(document);
+    }
+
+private:
+    std::unique_ptr<ContentChange> g_contents;
+    std::unique_ptr<PresenceChange> g_added; ///< Null when none came.
+};
+
+} // namespace
+
+RecordUpdating::RecordUpdating(const DatafileDocument &document,
+                               ReadTable table,
+                               TableMapping mapping,
+                               const QString &keyField)
+    : g_table(std::move(table))
+    , g_mapping(std::move(mapping))
+    , g_texts(document.datafileRecords(), document.datafileSettings())
+{
+    for (const TableMapping::FieldColumn &field : g_mapping.fields) {
+        if (field.field.text == keyField)
+            g_key = &field;
+    }
+    for (const FieldDefinition &field : document.datafileSettings().fields())
+        g_fieldNames.insert(field.identifier(), field.name());
+    document.datafileRecords().forEach(
+        [this](quint32 record, const RecordView &) { g_records.push_back(record); });
+}
+
+QString RecordUpdating::content(quint32 row, const TableMapping::FieldColumn &field) const
+{
+    return singleLineFieldText(g_table.table->cell(row, field.column).toString());
+}
+
+void RecordUpdating::run(Progress &progress)
+{
+    if (!g_key)
+        return;
+    const quint32 rows = g_table.table->rowCount();
+    WorkSteps steps(progress, g_records.size() + rows - g_mapping.firstRow);
+    QHash<QString, quint32> recordOfKey;
+    for (const quint32 record : g_records) {
+        if (!steps.goOn())
+            break;
+        const QString key = g_texts.view(record).fieldValue(g_key->field).toString();
+        if (!key.isEmpty() && !recordOfKey.contains(key))
+            recordOfKey.insert(key, record);
+    }
+    for (quint32 row = g_mapping.firstRow; row < rows && steps.goOn(); ++row) {
+        const auto found = recordOfKey.constFind(content(row, *g_key));
+        if (found == recordOfKey.constEnd())
+            g_newRows.push_back(row);
+        else
+            compareRow(row, *found);
+    }
+    g_wasCancelled = steps.isStopped();
+}
+
+void RecordUpdating::compareRow(quint32 row, quint32 record)
+{
+    constexpr qsizetype mostDifferences = 1000;
+    const RecordView view = g_texts.view(record);
+    ContentChange::Record change{record, {}, {}};
+    for (const TableMapping::FieldColumn &field : g_mapping.fields) {
+        if (g_table.table->cell(row, field.column).isAbsent())
+            continue;
+        const QString newContent = content(row, field);
+        const QString oldContent = view.fieldValue(field.field).toString();
+        if (newContent == oldContent || (newContent.isEmpty() && oldContent.isEmpty()))
+            continue;
+        change.fields.append({field.field.text, newContent});
+        if (g_differences.size() < mostDifferences && !view.recordLocked())
+            g_differences.append(
+                {content(row, *g_key), g_fieldNames.value(field.field.text), oldContent, newContent});
+    }
+    if (change.isEmpty())
+        ++g_unchangedCount;
+    else if (view.recordLocked())
+        ++g_lockedCount;
+    else
+        g_changes.push_back(std::move(change));
+}
+
+Result<> RecordUpdating::apply(DatafileDocument &document) const
+{
+    std::unique_ptr<PresenceChange> added;
+    if (!g_newRows.empty()) {
+        TableMapping mapping = g_mapping;
+        mapping.rows = g_newRows;
+        const Result<RecordBatch> batch = recordsOfTable(g_table, mapping, document.services().environment);
+        if (!batch)
+            return batch.error();
+        added = PresenceChange::added(addBatch(document, *batch), {});
+    }
+    auto contents = std::make_unique<ContentChange>(QString(), g_changes);
+    contents->exchange(document);
+    DatafileArrangement(document).selectAll();
+    document.undoHistory().push(std::make_unique<UpdateChange>(std::move(contents), std::move(added)));
+    document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    return {};
+}
+
+} // namespace tavrin

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "document/ContentChange.h"
+#include "document/StoredTexts.h"
+#include "io/TableImport.h"
+
+namespace tavrin {
+
+/// What a row says otherwise than the record of its key.
+struct RowDifference
+{
+    QString key;
+    QString fieldName;
+    QString oldContent;
+    QString newContent;
+};
+
+/// The updating of records from the rows of a table that have the same key, in three steps: it is made and
+/// applied on the document's thread, and runs in between on any. Rows without a record become new ones.
+class RecordUpdating
+{
+public:
+    /// `keyField` is the identifier of one of the mapping's fields. Locked records stay as they are. Where
+    /// several records have the key of a row, the first one is meant.
+    RecordUpdating(const DatafileDocument &document,
+                   ReadTable table,
+                   TableMapping mapping,
+                   const QString &keyField);
+
+    /// Once.
+    void run(Progress &progress);
+
+    bool wasCancelled() const { return g_wasCancelled; }
+    /// The first thousand of them.
+    const QList<RowDifference> &differences() const { return g_differences; }
+    qsizetype changedCount() const { return static_cast<qsizetype>(g_changes.size()); }
+    qsizetype newCount() const { return static_cast<qsizetype>(g_newRows.size()); }
+    qsizetype unchangedCount() const { return g_unchangedCount; }
+    qsizetype lockedCount() const { return g_lockedCount; }
+
+    /// Changes and adds, as one step of Undo. Io: too little memory; nothing has happened then.
+    Result<> apply(DatafileDocument &document) const;
+
+private:
+    void compareRow(quint32 row, quint32 record);
+    QString content(quint32 row, const TableMapping::FieldColumn &field) const;
+
+    ReadTable g_table;
+    TableMapping g_mapping;
+    const TableMapping::FieldColumn *g_key = nullptr;
+    StoredTexts g_texts;
+    std::vector<quint32> g_records;
+    QHash<QString, QString> g_fieldNames;
+    std::vector<ContentChange::Record> g_changes;
+    std::vector<quint32> g_newRows;
+    QList<RowDifference> g_differences;
+    qsizetype g_unchangedCount = 0;
+    qsizetype g_lockedCount = 0;
+    bool g_wasCancelled = false;
+};
+
+} // namespace tavrin

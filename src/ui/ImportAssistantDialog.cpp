@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/ImportAssistantDialog.h"
+
+#include "app/ImportAssistantSheetController.h"
+#include "ui/DialogParts.h"
+#include "ui/ImportDialogs.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tavrin {
+
+ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &sheet, QWidget *parent)
+    : QDialog(parent)
+    , g_sheet(sheet)
+    , g_destinations(new QButtonGroup(this))
+    , g_key(new QComboBox(this))
+    , g_preview(new QTableWidget(this))
+    , g_note(makeNoteLabel(this))
+{
+    setWindowTitle(sheet.title());
+    auto *layout = new QVBoxLayout(this);
+    auto *forms = new QHBoxLayout;
+    auto *reading = new QFormLayout;
+    auto *destinations = new QFormLayout;
+    forms->addLayout(reading, 1);
+    forms->addSpacing(fontMetrics().averageCharWidth() * 4);
+    forms->addLayout(destinations, 1);
+    layout->addLayout(forms);
+    addReading(reading);
+    addDestinations(destinations);
+
+    auto *label = new QLabel(tr("Above each column stands where it goes:"), this);
+    label->setBuddy(g_preview);
+    layout->addWidget(label);
+    g_preview->setAccessibleName(tr("Columns and first rows"));
+    g_preview->verticalHeader()->hide();
+    layout->addWidget(g_preview, 1);
+    layout->addWidget(g_note);
+    layout->addWidget(makeSheetButtons(sheet, tr("&Import"), this));
+    connect(&sheet, &QVSheetController::changed, this, &ImportAssistantDialog::showSheet);
+    showSheet();
+    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
+}
+
+void ImportAssistantDialog::addReading(QFormLayout *form)
+{
+    using Sheet = ImportAssistantSheetController;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    auto *separator = new QComboBox(this);
+    setItems(separator, g_sheet.separatorItems(), g_sheet.separator());
+    form->addRow(tr("Values end with:"), separator);
+    connect(separator, &QComboBox::currentIndexChanged, &g_sheet, &Sheet::setSeparator);
+
+    auto *quote = new QComboBox(this);
+    setItems(quote, g_sheet.quoteItems(), g_sheet.quote());
+    form->addRow(tr("&Quotes:"), quote);
+    connect(quote, &QComboBox::currentIndexChanged, &g_sheet, &Sheet::setQuote);
+
+    auto *encoding = new QComboBox(this);
+    const QList<TextEncodingName> encodings = textEncodings();
+    for (const TextEncodingName &item : encodings)
+        encoding->addItem(item.name);
+    const auto chosen = std::ranges::find(encodings, g_sheet.encoding(), &TextEncodingName::encoding);
+    encoding->setCurrentIndex(static_cast<int>(chosen - encodings.begin()));
+    form->addRow(tr("&Encoding:"), encoding);
+    connect(encoding, &QComboBox::currentIndexChanged, &g_sheet, [this, encodings](int index) {
+        g_sheet.setEncoding(encodings[index].encoding);
+    });
+
+    auto *names = new QCheckBox(tr("&Names of the columns in the first row"), this);
+    names->setChecked(g_sheet.namesInFirstRecord());
+    form->addRow(QString(), names);
+    connect(names, &QCheckBox::toggled, &g_sheet, &Sheet::setNamesInFirstRecord);
+}
+
+void ImportAssistantDialog::addDestinations(QFormLayout *form)
+{
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    const QString current =
+        g_sheet.hasTarget() ? tr("“%1”").arg(g_sheet.targetTitle()) : tr("the current datafile");
+    const QStringList texts = {tr("&Create a new datafile"),
+                               tr("&Append to %1").arg(current),
+                               tr("&Merge into it, without duplicates"),
+                               tr("&Update its records")};
+    for (int i = 0; i < texts.size(); ++i) {
+        auto *button = new QRadioButton(texts[i], this);
+        button->setEnabled(i == 0 || g_sheet.hasTarget());
+        g_destinations->addButton(button, i);
+        form->addRow(button);
+    }
+    connect(g_destinations, &QButtonGroup::idClicked, &g_sheet, [this](int id) {
+        g_sheet.setDestination(static_cast<ImportAssistantSheetController::Destination>(id));
+    });
+    form->addRow(tr("&Records are found by:"), g_key);
+    connect(g_key, &QComboBox::currentIndexChanged, &g_sheet, &ImportAssistantSheetController::setKeyColumn);
+}
+
+void ImportAssistantDialog::showSheet()
+{
+    using Destination = ImportAssistantSheetController::Destination;
+    g_destinations->button(static_cast<int>(g_sheet.destination()))->setChecked(true);
+    const QSignalBlocker blocked(g_key);
+    g_key->clear();
+    for (const auto &column : g_sheet.columns())
+        g_key->addItem(column.name);
+    g_key->setCurrentIndex(static_cast<int>(g_sheet.keyColumn()));
+    g_key->setEnabled(g_sheet.destination() == Destination::Update);
+    showColumns();
+    setNote(g_note, g_sheet.note());
+}
+
+// The first row of the table says where each column goes.
+void ImportAssistantDialog::showColumns()
+{
+    QStringList names;
+    for (const auto &column : g_sheet.columns())
+        names.append(column.name);
+    showRows(g_preview, names, QList<QStringList>{QStringList()} + g_sheet.previewRows());
+    for (int column = 0; column < names.size(); ++column) {
+        auto *target = new QComboBox(g_preview);
+        target->addItems(g_sheet.targetItems(column));
+        target->setCurrentIndex(static_cast<int>(g_sheet.columns()[column].target));
+        target->setAccessibleName(tr("Where column “%1” goes").arg(names[column]));
+        g_preview->setCellWidget(0, column, target);
+        g_preview->setColumnWidth(column, std::max(target->sizeHint().width(), 120));
+        // Its change makes this row anew, so not from inside of its own signal.
+        connect(
+            target,
+            &QComboBox::activated,
+            &g_sheet,
+            [this, column](int item) { g_sheet.setTarget(column, item); },
+            Qt::QueuedConnection);
+    }
+    g_preview->resizeRowToContents(0);
+}
+
+ImportDifferencesDialog::ImportDifferencesDialog(ImportDifferencesSheetController &sheet, QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(tr("Update Records"));
+    auto *layout = new QVBoxLayout(this);
+    auto *summary = new QLabel(sheet.summary(), this);
+    summary->setWordWrap(true);
+    layout->addWidget(summary);
+    auto *table = new QTableWidget(this);
+    table->setAccessibleName(tr("What changes"));
+    QList<QStringList> rows;
+    for (const RowDifference &difference : sheet.differences())
+        rows.append({difference.key, difference.fieldName, difference.oldContent, difference.newContent});
+    showRows(table, {tr("Record"), tr("Field"), tr("Now"), tr("In the file")}, rows);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setStretchLastSection(true);
+    layout->addWidget(table, 1);
+    layout->addWidget(makeSheetButtons(sheet, tr("&Update"), this));
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 26);
+}
+
+} // namespace tavrin

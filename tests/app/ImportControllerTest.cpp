@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#include "app/ImportController.h"
+
+#include "app/AppFixture.h"
+#include "app/ImportAssistantSheetController.h"
+#include "document/UndoHistory.h"
+#include "editor/EditorExporting.h"
+#include "editor/FileSheetController.h"
+
+#include <QMimeData>
+
+using namespace tavrin;
+
+namespace {
+
+/// The fields of the selected records.
+QList<QStringList> rowsOf(const DatafileDocument &document)
+{
+    QList<QStringList> rows;
+    for (const QString &identifier : document.datafileCatalog().selectedIdentifiers()) {
+        QStringList row;
+        for (const FieldDefinition &field : document.datafileSettings().fields())
+            row.append(
+                document.datafileRecords().view(identifier)->fieldValue(field.identifier()).toString());
+        rows.append(row);
+    }
+    return rows;
+}
+
+} // namespace
+
+class ImportControllerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aFileBecomesANewDatafile()
+    {
+        AppFixture app;
+        chooseFile(app, "a,b\nc,d,e\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            QVERIFY(!sheet.canUseCurrent());
+            QCOMPARE(sheet.currentDatafileName(), u"<No suitable datafile open>"_s);
+            QCOMPARE(sheet.previewNames(), (QStringList{u"0"_s, u"1"_s, u"2"_s}));
+            sheet.setNamesInFirstRecord(true);
+            QCOMPARE(sheet.previewNames(), (QStringList{u"a"_s, u"b"_s}));
+            sheet.accept();
+        });
+        app.answer(u"OK"_s);
+
+        app.g_controller.imports().importCSV(nullptr);
+
+        QCOMPARE(app.g_sheets.alerts(), QStringList{u"The imported file contained some malformed data."_s});
+        QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(1));
+        const DatafileDocument &made = *app.g_controller.documents().first();
+        QCOMPARE(rowsOf(made), QList<QStringList>({{u"c"_s, u"d <EXTRA FIELD> e"_s}}));
+        QCOMPARE(made.displayName(), u"in"_s);
+        QVERIFY(app.g_sheets.allAnswered());
+    }
+
+    void recordsAreAddedToTheWindowsDatafile()
+    {
+        AppFixture app;
+        EditorWindowController &window = opened(app, "x,y\n");
+        chooseFile(app, "1,2\nx,y\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            QVERIFY(sheet.canUseCurrent());
+            sheet.setDestination(ImportDestination::Merge);
+            sheet.accept();
+        });
+
+        app.g_controller.imports().importCSV(&window);
+
+        const QList<QStringList> merged{{u"x"_s, u"y"_s}, {u"1"_s, u"2"_s}};
+        QCOMPARE(rowsOf(window.document()), merged);
+        window.undo();
+        QCOMPARE(rowsOf(window.document()), merged.first(1));
+    }
+
+    void nothingIsMadeOfNothing()
+    {
+        AppFixture app;
+        chooseFile(app, "");
+        app.answer(u"OK"_s);
+        app.g_controller.imports().importTabDelimited(nullptr);
+        QCOMPARE(app.g_sheets.alerts(), QStringList{u"No records were imported."_s});
+
+        chooseFile(app, "a\tb\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) { sheet.cancel(); });
+        app.g_controller.imports().importTabDelimited(nullptr);
+        QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(0));
+    }
+
+    void theAssistantIsOfferedForWhatTheGrammarReadsBadly()
+    {
+        AppFixture app;
+        chooseFile(app, "name,notes\na,\"one\ntwo\"\nb,\"three\"\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            QVERIFY(sheet.offersAssistant());
+            sheet.finish(QVSheetController::ThirdButton);
+        });
+        app.g_sheets.answerNext<ImportAssistantSheetController>([](auto &sheet) {
+            QVERIFY(sheet.namesInFirstRecord());
+            QCOMPARE(sheet.targetItems(1).first(), u"Field “notes”"_s);
+            sheet.setTarget(1, 1); // The text.
+            sheet.accept();
+        });
+
+        app.g_controller.imports().importCSV(nullptr);
+
+        const DatafileDocument &made = *app.g_controller.documents().first();
+        QCOMPARE(rowsOf(made), QList<QStringList>({{u"a"_s}, {u"b"_s}}));
+        const QString first = made.datafileCatalog().identifierAtIndex(0);
+        QCOMPARE(made.datafileRecords().view(first)->textString().toString(), u"one\ntwo"_s);
+    }
+
+    void recordsAreUpdatedByTheirKey()
+    {
+        AppFixture app;
+        EditorWindowController &window = opened(app, "k1,old\nk2,same\nk3,locked\n");
+        DatafileDocument &document = window.document();
+        document.datafileRecords()
+            .recordForIdentifier(document.datafileCatalog().identifierAtIndex(2))
+            ->setRecordLocked(true);
+        const QList<QStringList> before = rowsOf(document);
+        chooseFile(app, "B;A\nnew;k1\nsame;k2\nfresh;k4\nother;k3\n");
+        app.g_sheets.answerNext<ImportAssistantSheetController>([](auto &sheet) {
+            sheet.setNamesInFirstRecord(true);
+            sheet.setDestination(ImportAssistantSheetController::Destination::Update);
+            sheet.setKeyColumn(1);
+            QVERIFY2(sheet.isAcceptable(), qPrintable(sheet.note()));
+            sheet.accept();
+        });
+        app.g_sheets.answerNext<ImportDifferencesSheetController>([](auto &sheet) {
+            QCOMPARE(sheet.differences().size(), qsizetype(1));
+            QCOMPARE(sheet.differences().first().newContent, u"new"_s);
+            sheet.accept();
+        });
+
+        app.g_controller.imports().importDelimitedText(&window);
+
+        QList<QStringList> after = before;
+        after[0][1] = u"new"_s;
+        after.append({u"k4"_s, u"fresh"_s});
+        QCOMPARE(rowsOf(document), after);
+        window.undo();
+        QCOMPARE(rowsOf(document), before);
+    }
+
+    void exportsAskAndWrite()
+    {
+        AppFixture app;
+        EditorWindowController &window = opened(app, "\"a\",\"b, c\"\n");
+        const QString path = app.path(u"out.csv"_s);
+        app.g_sheets.answerNext<ExportSheetController>([](auto &sheet) {
+            sheet.setIncludingFieldNames(false);
+            sheet.setFieldContentOnly(true);
+            sheet.accept();
+        });
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            QCOMPARE(sheet.request().title, u"Save as CSV File"_s);
+            sheet.setPaths({path});
+            sheet.accept();
+        });
+        window.exporting().exportAsCSV();
+        QCOMPARE(DatafileFixture::contentOf(path), QByteArray("a,\"b, c\"\n"));
+
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            sheet.setPaths({app.path(u"missing/out.txt"_s)});
+            sheet.accept();
+        });
+        app.answer(u"OK"_s);
+        window.exporting().exportAsTextFile();
+        QCOMPARE(app.g_sheets.alerts(), QStringList{u"The records could not be exported."_s});
+
+        const auto dragged = window.exporting().draggedRecords({0, 7});
+        QCOMPARE(dragged->text(), u"A,B,Freeform Text Area\na,\"b, c\",\n"_s);
+        QCOMPARE(DatafileFixture::contentOf(dragged->urls().first().toLocalFile()), dragged->text().toUtf8());
+    }
+
+private:
+    /// The next panel chooses a file of that content.
+    static void chooseFile(AppFixture &app, const QByteArray &content)
+    {
+        QFile file(app.path(u"in.csv"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        app.g_sheets.answerNext<FileSheetController>([path = file.fileName()](auto &sheet) {
+            sheet.setPaths({path});
+            sheet.accept();
+        });
+    }
+
+    /// A window on a datafile with the fields A and B and those rows.
+    static EditorWindowController &opened(AppFixture &app, const QByteArray &csv)
+    {
+        chooseFile(app, "A,B\n" + csv);
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            sheet.setNamesInFirstRecord(true);
+            sheet.accept();
+        });
+        app.g_controller.imports().importCSV(nullptr);
+        EditorWindowController &window = app.window(0).controller();
+        window.windowDidBecomeMain();
+        window.setCanSaveChanges();
+        return window;
+    }
+};
+
+QTEST_MAIN(ImportControllerTest)
+#include "ImportControllerTest.moc"
