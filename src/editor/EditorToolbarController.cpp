@@ -65,7 +65,7 @@ constexpr std::array usualItems{
     "NewRecord",   "DuplicateRecord", "DeleteRecord",  "Separator",  "FirstRecord", "PreviousRecord",
     "NextRecord",  "LastRecord",      "Separator",     "Back",       "Forward",     "Separator",
     "Select",      "SelectAll",       "Omitted",       "Sort",       "Separator",   "Lock",
-    "Highlighter", "DateStamp",       "FlexibleSpace", "SwitchView", "FindBox",
+    "Highlighter", "DateStamp",       "FlexibleSpace", "SwitchView",
 };
 
 } // namespace
