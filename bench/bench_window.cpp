@@ -49,7 +49,10 @@ public:
     explicit TableOnly(RecordTableView &table) : g_table(table) {}
 
     QString freeformText() const override { return {}; }
-    void setFreeformText(const QString & /*text*/) override {}
+    richtext::AttributedText formattedFreeformText() const override { return {}; }
+    void setFreeformText(const richtext::AttributedText & /*text*/,
+                         const richtext::CharacterFormat & /*plain*/) override
+    {}
     bool isFreeformTextModified() const override { return false; }
     void clearFreeformTextModified() override {}
     void setFreeformTextEditable(bool /*editable*/) override {}

@@ -11,8 +11,8 @@ namespace tavrin {
 /// How the records of a document are arranged: in which order, and which of them are selected.
 ///
 /// Each operation announces once that it did something. An order is a change of the document; what is
-/// selected is no reason to ask whether to save, and goes into the file with the next save. sort() and select()
-/// do at once what RecordSorting and RecordSelecting do in steps.
+/// selected is no reason to ask whether to save, and goes into the file with the next save. sort() and
+/// select() do at once what RecordSorting and RecordSelecting do in steps.
 class DatafileArrangement
 {
 public:

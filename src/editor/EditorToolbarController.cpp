@@ -62,10 +62,10 @@ constexpr std::array toolbarItems{
 #undef LABEL
 
 constexpr std::array usualItems{
-    "NewRecord",   "DuplicateRecord", "DeleteRecord",  "Separator",  "FirstRecord", "PreviousRecord",
-    "NextRecord",  "LastRecord",      "Separator",     "Back",       "Forward",     "Separator",
-    "Select",      "SelectAll",       "Omitted",       "Sort",       "Separator",   "Lock",
-    "Highlighter", "DateStamp",       "FlexibleSpace", "SwitchView",
+    "NewRecord",      "DuplicateRecord", "DeleteRecord", "Separator",  "FirstRecord",
+    "PreviousRecord", "NextRecord",      "LastRecord",   "Separator",  "Back",
+    "Forward",        "Separator",       "Select",       "SelectAll",  "Omitted",
+    "Sort",           "Separator",       "Lock",         "SwitchView", "FindBox",
 };
 
 } // namespace

@@ -40,12 +40,6 @@ EditorToolbar::EditorToolbar(EditorToolbarController &controller, ActionSource a
     connect(&controller, &EditorToolbarController::toolbarStyleChanged, this, &EditorToolbar::build);
 }
 
-void EditorToolbar::setFindBoxSource(WidgetSource source)
-{
-    g_findBox = std::move(source);
-    build();
-}
-
 void EditorToolbar::setCompact(bool compact)
 {
     if (g_compact != compact) {
@@ -67,7 +61,7 @@ void EditorToolbar::setOtherView(const QString &image, const QString &label)
 
 void EditorToolbar::build()
 {
-    // Lines, spaces and the find box are the toolbar's own, made anew each time.
+    // Lines and spaces are the toolbar's own, made anew each time.
     const QList<QAction *> before = actions();
     clear();
     for (QAction *action : before) {
@@ -110,9 +104,7 @@ void EditorToolbar::addItem(const QString &identifier)
         addSeparator();
     else if (EditorToolbarController::mayRepeat(identifier))
         addSpace(identifier == QLatin1StringView(EditorToolbarController::FlexibleSpace));
-    else if (identifier == QLatin1StringView(EditorToolbarController::FindBox) && g_findBox)
-        addWidget(g_findBox(this));
-    else
+    else if (identifier != QLatin1StringView(EditorToolbarController::FindBox)) // That has a row of its own.
         addCommand(item);
 }
 

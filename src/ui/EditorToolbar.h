@@ -18,16 +18,12 @@ class EditorToolbar : public QToolBar
     Q_OBJECT
 
 public:
-    /// Gives the action of a command, or makes the find box; null when there is none.
+    /// Gives the action of a command; null when there is none.
     using ActionSource = std::function<QAction *(const QString &selector)>;
-    using WidgetSource = std::function<QWidget *(QWidget *parent)>;
 
     /// The controller outlives the toolbar.
     EditorToolbar(EditorToolbarController &controller, ActionSource actions, QWidget *parent);
 
-    /// The find box is made anew each time that the toolbar is built. Without a source, a button leads to the
-    /// one that the window has elsewhere.
-    void setFindBoxSource(WidgetSource source);
     /// Without text whatever the person chose, as a datafile may ask.
     void setCompact(bool compact);
     /// The item that switches the views shows the view to which it leads.
@@ -49,7 +45,6 @@ private:
 
     EditorToolbarController &g_controller;
     ActionSource g_actions;
-    WidgetSource g_findBox;
     QString g_viewImage;
     QString g_viewLabel;
     bool g_compact = false;

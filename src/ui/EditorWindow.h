@@ -64,8 +64,6 @@ public:
     void setRecordInfoPalette(RecordInfoPaletteController &palette);
     /// The spelling that all windows share; it outlives the window.
     void setSpelling(Spelling &spelling);
-    /// Where the toolbar's find box comes from, each time that the toolbar is built.
-    void setFindBoxSource(std::function<QWidget *(QWidget *parent)> source);
 
     // DatafileWindow
     EditorWindowController &controller() override { return g_controller; }

@@ -83,11 +83,6 @@ void EditorWindow::buildToolbar()
     followToolbar();
 }
 
-void EditorWindow::setFindBoxSource(std::function<QWidget *(QWidget *)> source)
-{
-    g_toolbar->setFindBoxSource(std::move(source));
-}
-
 void EditorWindow::followToolbar()
 {
     for (const char *selector : {"toggleToolbarShown:", "toggleToolbarStyle:", "toggleSpellChecking:"})

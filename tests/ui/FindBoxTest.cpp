@@ -151,7 +151,7 @@ void FindBoxTest::hitsAreNoPartOfTheText()
     window().controller().goToNextRecord();
     const QString identifier = window().controller().currentRecord()->identifier();
     const QString stored = window().controller().currentRecord()->textString();
-    text().setPlainCharacters(stored);
+    text().setText(richtext::AttributedText(stored), {});
     find(stored.left(3));
     find(stored.left(3));
     QVERIFY(!text().document()->isModified());
