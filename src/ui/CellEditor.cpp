@@ -30,6 +30,9 @@ WrappedCellEdit::WrappedCellEdit(QWidget *parent) : QPlainTextEdit(parent)
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     // The caret's own pixel of room is all there is beside the text.
     document()->setDocumentMargin(2);
+    // That was an edit, to the document.
+    document()->clearUndoRedoStacks();
+    document()->setModified(false);
     setTabChangesFocus(true);
 }
 

@@ -169,7 +169,7 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     addCommands(file, backupCommands());
     file->addSeparator();
     menus.addImportMenu(*file, &g_controller);
-    addCommands(file->addMenu(tr("&Export")), exportCommands());
+    addCommands(file->addMenu(tr("E&xport")), exportCommands());
     file->addSeparator();
     menus.addQuitItem(*file);
 
