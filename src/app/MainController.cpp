@@ -227,9 +227,9 @@ void MainController::showDocument(std::unique_ptr<DatafileDocument> document, co
     g_open.push_back({std::move(document), std::move(window), shown.correctedCatalog()});
     g_lastDatafileClosing = false;
 
-    // A backup is there to be looked at.
-    if (QFileInfo(shown.filePath()).canonicalPath()
-        == QFileInfo(g_datafilesFolder->path() + u"/Backups"_s).canonicalFilePath())
+    // A backup is there to be looked at. What is not there has no path, like a datafile without a file.
+    const QString backups = QFileInfo(g_datafilesFolder->path() + u"/Backups"_s).canonicalFilePath();
+    if (!backups.isEmpty() && QFileInfo(shown.filePath()).canonicalPath() == backups)
         shown.setOpenedReadOnly(true);
     followDocument(shown);
     followWindow(shown, controller);

@@ -28,11 +28,6 @@ bool permitsSaving(const EditorWindowController &window)
     return window.canSaveChanges();
 }
 
-bool permitsSave(const EditorWindowController &window)
-{
-    return window.canSaveChanges() && !window.document().isMobile();
-}
-
 bool hasSavedVersion(const EditorWindowController &window)
 {
     return !window.document().filePath().isEmpty() && window.document().isModified();

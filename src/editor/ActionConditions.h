@@ -12,7 +12,6 @@ class EditorWindowController;
 bool always(const EditorWindowController &window);
 bool hasFields(const EditorWindowController &window);
 bool permitsSaving(const EditorWindowController &window);
-bool permitsSave(const EditorWindowController &window);
 bool hasSavedVersion(const EditorWindowController &window);
 bool hasOmittedRecords(const EditorWindowController &window);
 bool hasRecord(const EditorWindowController &window);

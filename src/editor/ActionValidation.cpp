@@ -39,7 +39,7 @@ constexpr std::array actionRules{
     ActionRule{"revertDocumentToSaved:"_L1, hasSavedVersion},
     ActionRule{"revertToPreviousSelection:"_L1, always},
     ActionRule{"saveCopyAs:"_L1, permitsSaving},
-    ActionRule{"saveDocument:"_L1, permitsSave},
+    ActionRule{"saveDocument:"_L1, permitsSaving},
     ActionRule{"saveDocumentAs:"_L1, permitsSaving},
     ActionRule{"saveSortTask:"_L1, hasSorted},
     ActionRule{"selectAllRecords:"_L1, hasOmittedRecords},

@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -67,6 +68,15 @@ void addLinksTo(QTextDocument &document)
         }
     }
     edit.endEditBlock();
+}
+
+/// People leave out the beginning of an address.
+QString wholeAddress(const QString &entry)
+{
+    static const QRegularExpression scheme(u"^[A-Za-z][A-Za-z0-9+.-]*:"_s);
+    if (entry.isEmpty() || scheme.match(entry).hasMatch())
+        return entry;
+    return (entry.contains(u'@') ? u"mailto:"_s : u"http://"_s) + entry;
 }
 
 } // namespace
@@ -261,9 +271,10 @@ void EditorLinks::editLink()
         QTextCursor cursor = g_window.view().freeformCursor();
         if (returnCode != QVSheetController::FirstButton || !g_window.isFreeformTextEditable())
             return;
-        const QString link = sheet->text().trimmed();
+        const QString entry = sheet->text().trimmed();
+        const QString link = wholeAddress(entry);
         if (!cursor.hasSelection() && !link.isEmpty()) {
-            insertLinkedText(link, link);
+            insertLinkedText(entry, link);
             return;
         }
         changeLook(cursor, [&link](CharacterFormat &look) { look.link = link; });

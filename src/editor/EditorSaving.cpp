@@ -178,9 +178,11 @@ void EditorSaving::writeToOwnFile(const Written &done)
     case SaveOutcome::NeedsSaveAs:
         saveAs(done);
         break;
+    case SaveOutcome::NotByThisCommand:
+        Q_EMIT g_window.statusMessage(tr("A Tavrin Mobile datafile is saved with Save As."));
+        [[fallthrough]];
     case SaveOutcome::Saved:
     case SaveOutcome::NothingToSave:
-    case SaveOutcome::NotByThisCommand:
         done(!g_document.isModified());
         break;
     }

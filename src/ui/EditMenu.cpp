@@ -4,6 +4,7 @@
 #include "ui/EditMenu.h"
 
 #include "ui/EditorWindow.h"
+#include "ui/KeyboardFocus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -57,9 +58,10 @@ std::map<QByteArray, bool> allowedIn(const QWidget *widget)
 
 } // namespace
 
-EditMenu::EditMenu(EditorWindowController &controller, QWidget *window)
+EditMenu::EditMenu(EditorWindowController &controller, const KeyboardFocus &focus, QWidget *window)
     : QMenu(tr("&Edit"), window)
     , g_controller(controller)
+    , g_focus(focus)
 {
     g_undo = addCommand(tr("&Undo"), QKeySequence::Undo, "undo");
     g_redo = addCommand(tr("&Redo"), QKeySequence::Redo, "redo");
@@ -89,9 +91,16 @@ QAction *EditMenu::addCommand(const QString &text, QKeySequence::StandardKey key
     return action;
 }
 
-void EditMenu::run(const QByteArray &slot)
+/// A panel's field, too, while its window has the keyboard.
+QWidget *EditMenu::focused() const
 {
     QWidget *widget = QApplication::focusWidget();
+    return !widget || qobject_cast<QMenuBar *>(widget) ? g_focus.widget() : widget;
+}
+
+void EditMenu::run(const QByteArray &slot)
+{
+    QWidget *widget = focused();
     const auto allowed = allowedIn(widget);
     const auto found = allowed.find(slot);
     if (found != allowed.end() && found->second)
@@ -104,7 +113,7 @@ void EditMenu::run(const QByteArray &slot)
 
 void EditMenu::updateCommands()
 {
-    const auto allowed = allowedIn(QApplication::focusWidget());
+    const auto allowed = allowedIn(focused());
     const auto isAllowed = [&allowed](const QByteArray &slot) {
         const auto found = allowed.find(slot);
         return found != allowed.end() && found->second;
@@ -128,7 +137,7 @@ void EditMenu::updateUndo(QAction *action, const QString &verb, bool textCan, co
 
 void EditorWindow::buildEditMenu()
 {
-    auto *menu = new EditMenu(g_controller, this);
+    auto *menu = new EditMenu(g_controller, *g_focus, this);
     menuBar()->addMenu(menu);
     buildTextMenu(*menu);
 }

@@ -10,6 +10,7 @@
 #include "ui/CellEditor.h"
 #include "ui/DatafileDrop.h"
 #include "ui/FreeformTextEdit.h"
+#include "ui/KeyboardFocus.h"
 #include "ui/RecordTableView.h"
 #include "ui/WindowFindView.h"
 #include "ui/WindowFrame.h"
@@ -19,6 +20,7 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -60,6 +62,7 @@ EditorWindow::EditorWindow(CloneOf original)
 void EditorWindow::build()
 {
     setAcceptDrops(true);
+    g_focus = new KeyboardFocus(*this);
     // With room for the title bar and the borders, also on a small screen.
     resize(QSize(860, 620).boundedTo(screen()->availableSize() - QSize(16, 48)));
     buildTables();
@@ -218,7 +221,8 @@ void EditorWindow::insertIntoCell(const QString &text)
 
 EditorFocus EditorWindow::focus() const
 {
-    const QWidget *widget = focusWidget();
+    const bool isInMenus = qobject_cast<QMenuBar *>(focusWidget()) != nullptr;
+    const QWidget *widget = isInMenus ? g_focus->widget() : focusWidget();
     if (widget == g_text)
         return EditorFocus::FreeformText;
     if (widget && (widget == g_tables || g_tables->isAncestorOf(widget)))

@@ -35,6 +35,7 @@ class EditorToolbarController;
 class FieldWrapping;
 class FreeformRuler;
 class FreeformTextEdit;
+class KeyboardFocus;
 class RecordInfoPaletteController;
 class RecordTableView;
 class Spelling;
@@ -162,6 +163,7 @@ private:
     WidgetWorkHost g_work;
     EditorWindowController g_controller;
     QHash<QString, QAction *> g_actions;
+    KeyboardFocus *g_focus;
     FindBox *g_findBox = nullptr;
     std::unique_ptr<WindowFindView> g_findView;
     QStackedWidget *g_tables = nullptr;

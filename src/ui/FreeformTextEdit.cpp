@@ -179,6 +179,19 @@ bool FreeformTextEdit::event(QEvent *event)
             return false;
         }
     }
+    if (event->type() == QEvent::ShortcutOverride && isReadOnly()) {
+        // In a text that is only read these keys move as in any other, and not from record to record.
+        const auto *key = static_cast<QKeyEvent *>(event);
+        for (const QKeySequence::StandardKey move : {QKeySequence::MoveToStartOfDocument,
+                                                     QKeySequence::MoveToEndOfDocument,
+                                                     QKeySequence::SelectStartOfDocument,
+                                                     QKeySequence::SelectEndOfDocument}) {
+            if (key->matches(move)) {
+                event->accept();
+                return true;
+            }
+        }
+    }
     return QTextEdit::event(event);
 }
 
@@ -215,20 +228,29 @@ bool FreeformTextEdit::handleStructureKey(const QKeyEvent &event)
     const bool isPlain = event.modifiers() == Qt::NoModifier || event.modifiers() == Qt::KeypadModifier;
     bool handled = false;
     if (isPlain && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter))
-        handled = splitListItem(cursor);
+        handled = splitListItem(cursor) || insertParagraph(cursor);
     else if (isPlain && event.key() == Qt::Key_Backspace)
         handled = leaveListAtMarker(cursor);
     else if (isPlain && event.key() == Qt::Key_Tab)
-        handled = moveInTable(true) || (!cursor.hasSelection() && changeListLevel(cursor, 1));
+        return moveInTable(true) || (!cursor.hasSelection() && changeListLevel(cursor, 1));
     else if (event.key() == Qt::Key_Backtab)
-        handled = moveInTable(false) || changeListLevel(cursor, -1);
-    else
-        return false;
-    if (handled && !cursor.currentTable()) {
+        return moveInTable(false) || changeListLevel(cursor, -1);
+    if (handled) {
         setTextCursor(cursor);
         ensureCursorVisible();
     }
     return handled;
+}
+
+/// Qt would take the looks away instead, in a paragraph that is empty.
+bool FreeformTextEdit::insertParagraph(QTextCursor &cursor)
+{
+    leaveLinkAndAttachment();
+    QTextBlockFormat paragraph = cursor.blockFormat();
+    paragraph.clearProperty(FillerProperty);
+    paragraph.clearProperty(FirstEndProperty);
+    cursor.insertBlock(paragraph, currentCharFormat());
+    return true;
 }
 
 /// To the next cell; behind the last one, a new row.
@@ -325,7 +347,9 @@ void FreeformTextEdit::focusInEvent(QFocusEvent *event)
 void FreeformTextEdit::focusOutEvent(QFocusEvent *event)
 {
     QTextEdit::focusOutEvent(event);
-    Q_EMIT focusChanged();
+    // The commands of a menu are for the text that was left for it.
+    if (event->reason() != Qt::MenuBarFocusReason && event->reason() != Qt::PopupFocusReason)
+        Q_EMIT focusChanged();
 }
 
 void FreeformTextEdit::changeEvent(QEvent *event)

@@ -91,6 +91,7 @@ private:
     void applyPaperColor();
     void applyHits();
     bool handleStructureKey(const QKeyEvent &event);
+    bool insertParagraph(QTextCursor &cursor);
     bool moveInTable(bool forward);
     void leaveLinkAndAttachment();
     void showPointerAt(const QPoint &position, Qt::KeyboardModifiers modifiers);

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void whatIsTypedIsCleanedAtOnce();
     void everyCommandIsInAMenu();
     void everyControlHasAName();
+    void menusAreForTheTextThatWasLeftForThem();
     void noTwoActionsShareAShortcut();
     void noShortcutAndNoMnemonicIsGivenTwice();
 
@@ -251,6 +252,20 @@ void EditorWindowTest::everyControlHasAName()
     table(u"basicTableView"_s).editCell(1, 1);
     QVERIFY(cellEditor());
     QCOMPARE(cellEditor()->accessibleName(), u"Company"_s);
+}
+
+void EditorWindowTest::menusAreForTheTextThatWasLeftForThem()
+{
+    window().controller().goToNextRecord(); // The first one is locked.
+    auto *text = window().findChild<FreeformTextEdit *>();
+    text->setFocus();
+    text->selectAll();
+    window().menuBar()->setFocus(Qt::MenuBarFocusReason);
+    QVERIFY(window().focus() == EditorFocus::FreeformText);
+    QVERIFY(window().findChild<QAction *>(u"addFontTrait:bold"_s)->isEnabled());
+    window().menuBar()->actions().at(1)->menu()->popup(QPoint());
+    QVERIFY(window().findChild<QAction *>(u"copy:"_s)->isEnabled());
+    window().menuBar()->actions().at(1)->menu()->close();
 }
 
 void EditorWindowTest::noTwoActionsShareAShortcut()

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void imagesComeInWhereTheyMay();
     void whatIsTypedBehindALinkIsNoPartOfIt();
     void keysWorkInListsAndTables();
+    void everyReturnMakesAParagraphThatLooksTheSame();
     void theScaleChangesNoSize();
 
 private:
@@ -170,6 +171,24 @@ void FreeformTextEditTest::keysWorkInListsAndTables()
     }
     QCOMPARE(text.plainCharacters(), u"1a\n2b\n3\n\n"_s);
     QCOMPARE(text.formattedText().paragraphFormatAt(6).cell.row, 1);
+}
+
+void FreeformTextEditTest::everyReturnMakesAParagraphThatLooksTheSame()
+{
+    CharacterFormat look;
+    look.family = u"Courier"_s;
+    look.size = 18'000;
+    look.bold = true;
+    FreeformTextEdit text;
+    text.setText(AttributedText(u"p1"_s, look), look);
+    text.moveCursor(QTextCursor::End);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Return})
+        QTest::keyClick(&text, key);
+    QTest::keyClicks(&text, u"p2"_s);
+
+    QCOMPARE(text.formattedText(), AttributedText(u"p1\n\n\np2"_s, look));
+    text.undo();
+    QVERIFY(text.plainCharacters().startsWith(u"p1"));
 }
 
 void FreeformTextEditTest::theScaleChangesNoSize()
