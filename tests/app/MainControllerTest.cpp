@@ -182,6 +182,7 @@ private Q_SLOTS:
 
         QCOMPARE(app.open(), QStringList{u"Address Book"_s});
         QCOMPARE(app.g_controller.documents().first()->filePath(), QString());
+        QVERIFY(!app.g_controller.documents().first()->openedReadOnly());
         QCOMPARE(app.g_controller.recentDatafiles(), QStringList());
     }
 
