@@ -28,7 +28,7 @@ public:
     }
 
 private:
-    static constexpr size_t blockSize = size_t(1) << 16;
+    static constexpr size_t blockSize = size_t(1) << 12;
     using Block = std::array<T, blockSize>;
 
     std::vector<std::unique_ptr<Block>> g_blocks;
