@@ -32,6 +32,7 @@ private Q_SLOTS:
     void duplicatesAreThoseThatSayTheSame_data();
     void duplicatesAreThoseThatSayTheSame();
     void backupsAreDatedAndOnlySoManyKept();
+    void aBackupIsNeverLostByRestoringIt();
     void theTableOfContentsLinksEachRecord();
     void undoingEverythingGivesTheOriginal();
 
@@ -296,6 +297,29 @@ void RecordOperationsTest::backupsAreDatedAndOnlySoManyKept()
     QCOMPARE(QDir(backups.folder()).entryList(QDir::Files).size(), 3);
     QCOMPARE(document->filePath(), path);
     QCOMPARE(picture(*DatafileFixture::opened(backups.list().first().path)), picture(*document));
+}
+
+void RecordOperationsTest::aBackupIsNeverLostByRestoringIt()
+{
+    const QString backup = g_files.make(u"backup.tv3"_s, DatafileFixture::root(2));
+    const QString inUse = g_files.make(u"inUse.tv3"_s, DatafileFixture::root(1));
+    const QString other = g_files.make(u"other.tv3"_s, DatafileFixture::root(3));
+    const QByteArray content = DatafileFixture::contentOf(backup);
+    const QByteArray usedContent = DatafileFixture::contentOf(inUse);
+    const QByteArray otherContent = DatafileFixture::contentOf(other);
+    const QString link = g_files.path(u"link.tv3"_s);
+    QVERIFY(QFile::link(backup, link));
+    const auto restore = [&inUse](const QString &from, const QString &target) {
+        return DatafileBackups::restore(from, target, {inUse});
+    };
+    for (const QString &target : {backup, link, inUse})
+        QCOMPARE(restore(backup, target).error().kind, Error::Kind::Refused);
+    QVERIFY(!restore(g_files.path(u"nothing.tv3"_s), other));
+    QCOMPARE(DatafileFixture::contentOf(backup), content);
+    QCOMPARE(DatafileFixture::contentOf(inUse), usedContent);
+    QCOMPARE(DatafileFixture::contentOf(other), otherContent);
+    QVERIFY(restore(backup, other));
+    QCOMPARE(DatafileFixture::contentOf(other), content);
 }
 
 void RecordOperationsTest::theTableOfContentsLinksEachRecord()
