@@ -32,6 +32,13 @@ QString mediumTimeFormat(const QLocale &locale)
     return format.trimmed();
 }
 
+/// Whether it is what fullDateTime() makes in some locale: no other file may be taken for an old one.
+bool isStamp(QStringView text)
+{
+    return text.contains(u",_") && !text.contains(u' ')
+           && std::ranges::any_of(text, [](QChar character) { return character.isDigit(); });
+}
+
 /// Also under another name, through a link or another way to its folder.
 bool isSameFile(const QString &one, const QString &other)
 {
@@ -144,7 +151,7 @@ QList<DatafileBackups::Backup> DatafileBackups::list() const
         // The stamp has no blanks: the backups of "A B" are none of "A".
         const QString name = file.fileName();
         if (!name.startsWith(beginning) || !name.endsWith(extension())
-            || QStringView(name).sliced(beginning.size()).contains(u' ') || !name.contains(bullet))
+            || !isStamp(QStringView(name).sliced(beginning.size())))
             continue;
         backups.append({file.filePath(), file.lastModified(), file.size()});
     }
