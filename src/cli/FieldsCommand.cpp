@@ -184,19 +184,30 @@ Result<QStringList> fieldsOfTotal(const Arguments &arguments, const DatafileSett
     return fields;
 }
 
-/// Puts the totals into a record: a new one, or the one that is there.
-void recordTotals(const FieldTotals &totals, DatafileDocument &document, bool updates)
+/// Puts the totals into a record: a new one, or the one that is there. Refused without any number.
+Result<> recordTotals(const FieldTotals &totals, DatafileDocument &document, bool updates)
 {
+    QStringList names;
+    for (const FieldTotal &total : totals.totals()) {
+        const FieldDefinition *field = document.datafileSettings().fieldWithIdentifier(total.field);
+        names.append(field ? field->name() : QString());
+    }
+    if (std::ranges::all_of(totals.totals(), [](const FieldTotal &total) { return total.count == 0; }))
+        return Error{Error::Kind::Refused,
+                     filledIn(Cli::tr("There are no numbers in \"%@\"."), {names.join(u", "_s)}),
+                     {}};
     const QString older = updates ? FieldTotals::totalRecordIn(document) : QString();
-    if (older.isEmpty())
-        totals.addTotalRecord(document);
-    else
-        totals.updateTotalRecord(document, older);
+    if (!older.isEmpty())
+        return totals.updateTotalRecord(document, older);
+    totals.addTotalRecord(document);
+    return {};
 }
 
 ExitStatus runTotal(Call &call)
 {
     const bool updates = call.arguments.has(u"--update-record"_s);
+    if (updates && call.arguments.has(u"--add-record"_s))
+        return call.wrongUsage(Cli::tr("Either --add-record or --update-record."));
     const QString because = updates ? u"--update-record"_s : u"--add-record"_s;
     if (const QString fault = faultOfOptionalTarget(call.arguments, because); !fault.isNull())
         return call.wrongUsage(fault);
@@ -221,7 +232,8 @@ ExitStatus runTotal(Call &call)
     Progress progress;
     totals.run(progress);
     if (edit) {
-        recordTotals(totals, document, updates);
+        if (const Result<> recorded = recordTotals(totals, document, updates); !recorded)
+            return call.failed(recorded.error());
         if (const Result<> written = edit->write(); !written)
             return call.failed(written.error());
     }

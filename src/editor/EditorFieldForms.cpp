@@ -294,8 +294,10 @@ void EditorFields::recordTotals(const QStringList &fields, const QString &olderR
                       {});
         } else if (olderRecord.isEmpty()) {
             g_window.showRecord(work->totals().addTotalRecord(document));
+        } else if (const Result<> updated = work->totals().updateTotalRecord(document, olderRecord);
+                   !updated) {
+            showAlert(g_sheets, updated.error().message, {});
         } else {
-            work->totals().updateTotalRecord(document, olderRecord);
             g_window.showRecord(olderRecord);
         }
     });

@@ -113,6 +113,7 @@ void RecordCommandsTest::whatIsRefusedWritesNothing_data()
     row("transfer Field Field", 1);
     row("extract fax Field", 1);
     row("fields --rename Nobody=x", 1);
+    row("total Field --add-record --update-record", 2);
     row("fields --add Good --rename Good=", 1);
 }
 
@@ -169,6 +170,8 @@ void RecordCommandsTest::fieldsAreListedWithTheirUse()
     QCOMPARE(fields.at(1)[u"records"].toInt(), 4);
     QVERIFY(!fields.at(1)[u"show"].toBool());
     QCOMPARE(runCli({u"fields"_s, file, u"--json"_s}).object(), changed.object());
+    QCOMPARE(runCli({u"total"_s, file, u"B"_s, u"--add-record"_s, u"--in-place"_s}).status, 1);
+    QCOMPARE(runCli({u"list"_s, file, u"--all"_s, u"--json"_s}).array().size(), 4);
     QCOMPARE(runCli({u"total"_s, file, u"Field"_s, u"--json"_s})
                  .object()[u"totals"]
                  .toArray()
