@@ -90,17 +90,17 @@ ExitStatus runWork(Call &call, const MakeWork &make)
         return call.failed(work.error());
     Progress progress;
     (*work)->run(progress);
-    writeOutcome(call, document, **work);
-    if (isPreview)
-        return ExitStatus::Done;
-    const Result<bool> changed = (*work)->apply(document);
-    if (!changed)
-        return call.failed(changed.error());
-    // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
-    if (*changed || !edit->isInPlace()) {
-        if (const Result<> written = edit->write(); !written)
-            return call.failed(written.error());
+    if (edit) {
+        const Result<bool> changed = (*work)->apply(document);
+        if (!changed)
+            return call.failed(changed.error());
+        // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
+        if (*changed || !edit->isInPlace()) {
+            if (const Result<> written = edit->write(); !written)
+                return call.failed(written.error());
+        }
     }
+    writeOutcome(call, document, **work);
     return ExitStatus::Done;
 }
 
