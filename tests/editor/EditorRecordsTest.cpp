@@ -204,8 +204,10 @@ void EditorRecordsTest::aLockedRecordCannotBeTypedInto()
     editor.open(u"r1"_s);
     editor.window->records().toggleRecordLocked();
     QVERIFY(editor.window->currentRecordLocked() && !editor.window->isFreeformTextEditable());
+    QVERIFY(!editor.window->validateAction(u"moveCurrentFreeformTextIntoFields:"_s));
     editor.window->records().unlockAllRecords();
     QVERIFY(editor.window->isFreeformTextEditable());
+    QVERIFY(editor.window->validateAction(u"moveCurrentFreeformTextIntoFields:"_s));
     editor.window->records().revertAllRecordsLockedState();
     QVERIFY(editor.window->currentRecordLocked() && !editor.record(u"r0"_s).recordLocked());
 }
