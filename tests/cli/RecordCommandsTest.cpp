@@ -111,7 +111,10 @@ void RecordCommandsTest::whatIsRefusedWritesNothing_data()
     row("fill", 2);
     row("fill --field Text --text x", 1);
     row("transfer Field Field", 1);
-    row("extract fax Field", 1);
+    row("extract fax Field", 2);
+    row("fill --number --start x", 2);
+    row("fill --text x --date", 2);
+    row("transfer Text Field --if-filled zz", 2);
     row("fields --rename Nobody=x", 1);
     row("total Field --add-record --update-record", 2);
     row("fields --add Good --rename Good=", 1);
@@ -155,6 +158,15 @@ void RecordCommandsTest::aPreviewChangesNothing()
 void RecordCommandsTest::fieldsAreListedWithTheirUse()
 {
     const QString file = path();
+    QCOMPARE(runCli({u"fields"_s,
+                     file,
+                     u"--rename"_s,
+                     u"Field=Full=Name"_s,
+                     u"--rename"_s,
+                     u"Full=Name=Field"_s,
+                     u"--in-place"_s})
+                 .status,
+             0);
     const CliOutcome changed = runCli({u"fields"_s,
                                        file,
                                        u"--add"_s,
@@ -178,6 +190,12 @@ void RecordCommandsTest::fieldsAreListedWithTheirUse()
                  .at(0)[u"sum"]
                  .toDouble(),
              6.0);
+    QVERIFY(
+        runCli({u"fill"_s, file, u"--field"_s, u"B"_s, u"--date"_s, u"--in-place"_s}).result.contains("4"));
+    QCOMPARE(runCli({u"fields"_s, file, u"--add"_s, u""_s, u"--in-place"_s}).messages.trimmed(),
+             "tavrin-cli: A field must have a name.");
+    QCOMPARE(runCli(call(u"fields --delete B --delete Field --in-place"_s, file)).status, 0);
+    QCOMPARE(DatafileFixture::opened(file)->datafileSettings().mode(), u"List"_s);
 }
 
 QTEST_GUILESS_MAIN(RecordCommandsTest)
