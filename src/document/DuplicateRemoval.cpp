@@ -62,7 +62,7 @@ DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare com
         [&isPresent](quint32 record, const RecordView &) { isPresent[record] = true; });
     g_records.reserve(static_cast<size_t>(catalog.countSelected()));
     for (const quint32 record : catalog.selectedNumbers(0, catalog.countSelected())) {
-        if (!isPresent[record])
+        if (record >= isPresent.size() || !isPresent[record]) // An entry may name no record.
             continue;
         g_records.push_back(record);
         isPresent[record] = false; // A record that is listed twice is no duplicate of itself.
