@@ -7,6 +7,7 @@
 #include "app/NewDatafileSheetController.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
+#include "editor/EditorRecords.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
 #include "model/StringOperations.h"
@@ -278,6 +279,14 @@ void MainController::followWindow(DatafileDocument &document, EditorWindowContro
         this,
         [this](const QString &path) { openDatafile(path); },
         Qt::QueuedConnection);
+    controller.records().setOpenFiles([this] {
+        QStringList paths;
+        for (const OpenDatafile &open : g_open)
+            paths.append(open.document->filePath());
+        for (const WaitingDatafile &waiting : g_waiting)
+            paths.append(waiting.document->filePath());
+        return paths;
+    });
     connect(&controller, &EditorWindowController::closeRefused, this, [this, &document] {
         closeWasRefused(document);
     });

@@ -10,7 +10,9 @@
 #include "document/FieldCommands.h"
 #include "document/TextMoving.h"
 
+#include <QDate>
 #include <QJsonArray>
+#include <QLocale>
 
 #include <memory>
 
@@ -90,17 +92,17 @@ ExitStatus runWork(Call &call, const MakeWork &make)
         return call.failed(work.error());
     Progress progress;
     (*work)->run(progress);
-    writeOutcome(call, document, **work);
-    if (isPreview)
-        return ExitStatus::Done;
-    const Result<bool> changed = (*work)->apply(document);
-    if (!changed)
-        return call.failed(changed.error());
-    // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
-    if (*changed || !edit->isInPlace()) {
-        if (const Result<> written = edit->write(); !written)
-            return call.failed(written.error());
+    if (edit) {
+        const Result<bool> changed = (*work)->apply(document);
+        if (!changed)
+            return call.failed(changed.error());
+        // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
+        if (*changed || !edit->isInPlace()) {
+            if (const Result<> written = edit->write(); !written)
+                return call.failed(written.error());
+        }
     }
+    writeOutcome(call, document, **work);
     return ExitStatus::Done;
 }
 
@@ -128,29 +130,38 @@ Result<QString> realFieldNamed(const QString &name, const DatafileSettingsData &
     return field;
 }
 
-Result<qint64> numberIn(const Arguments &arguments, const QString &option, qint64 otherwise)
+/// Null when the option has a whole number, or is missing.
+QString faultOfNumber(const Arguments &arguments, const QString &option)
 {
-    if (!arguments.has(option))
-        return otherwise;
-    bool isNumber = false;
-    const qint64 number = arguments.value(option).toLongLong(&isNumber);
-    if (!isNumber)
-        return wrong(Cli::tr("%1 cannot be %2.").arg(option, arguments.value(option)));
-    return number;
+    bool isNumber = true;
+    if (arguments.has(option))
+        (void)arguments.value(option).toLongLong(&isNumber);
+    return isNumber ? QString() : Cli::tr("%1 cannot be %2.").arg(option, arguments.value(option));
 }
 
-Result<FilledTarget> filledTargetIn(const Arguments &arguments, FilledTarget otherwise)
+qint64 numberIn(const Arguments &arguments, const QString &option)
+{
+    return arguments.has(option) ? arguments.value(option).toLongLong() : 1;
+}
+
+const QStringList &filledTargetNames()
+{
+    static const QStringList names{u"skip"_s, u"replace"_s, u"append"_s}; // In the order of FilledTarget.
+    return names;
+}
+
+QString faultOfFilledTarget(const Arguments &arguments)
 {
     const QString name = arguments.value(u"--if-filled"_s);
-    if (name.isNull())
-        return otherwise;
-    if (name == "skip"_L1)
-        return FilledTarget::Skip;
-    if (name == "replace"_L1)
-        return FilledTarget::Replace;
-    if (name == "append"_L1)
-        return FilledTarget::Append;
-    return wrong(Cli::tr("%1 cannot be %2.").arg(u"--if-filled"_s, name));
+    return name.isNull() || filledTargetNames().contains(name)
+               ? QString()
+               : Cli::tr("%1 cannot be %2.").arg(u"--if-filled"_s, name);
+}
+
+FilledTarget filledTargetIn(const Arguments &arguments, FilledTarget otherwise)
+{
+    const QString name = arguments.value(u"--if-filled"_s);
+    return name.isNull() ? otherwise : static_cast<FilledTarget>(filledTargetNames().indexOf(name));
 }
 
 // The commands.
@@ -169,20 +180,24 @@ Result<std::unique_ptr<ContentWork>> makeFill(const Arguments &arguments, const 
         for (const NamedField &field : allFields(document.datafileSettings()))
             filling.fields.append(field.identifier);
     }
-    if (arguments.has(u"--number"_s)) {
-        const Result<qint64> first = numberIn(arguments, u"--start"_s, 1);
-        const Result<qint64> step = numberIn(arguments, u"--step"_s, 1);
-        if (!first || !step)
-            return first ? step.error() : first.error();
-        filling.number = FillEmptyFields::Running{*first, *step};
-    }
+    if (arguments.has(u"--number"_s))
+        filling.number =
+            FillEmptyFields::Running{numberIn(arguments, u"--start"_s), numberIn(arguments, u"--step"_s)};
+    if (arguments.has(u"--date"_s))
+        filling.text = QLocale().toString(QDate::currentDate(), QLocale::ShortFormat);
     return std::make_unique<FillEmptyFields>(document, filling);
 }
 
 ExitStatus runFill(Call &call)
 {
-    if (!call.arguments.has(u"--text"_s) && !call.arguments.has(u"--number"_s))
-        return call.wrongUsage(Cli::tr("Say what to fill in with --text or --number."));
+    const bool isContent = call.arguments.has(u"--text"_s) || call.arguments.has(u"--number"_s);
+    if (isContent == call.arguments.has(u"--date"_s))
+        return call.wrongUsage(
+            Cli::tr("Say what to fill in: with --text, --number or both, or with --date."));
+    for (const QString &option : {u"--start"_s, u"--step"_s}) {
+        if (const QString fault = faultOfNumber(call.arguments, option); !fault.isNull())
+            return call.wrongUsage(fault);
+    }
     return runWork(call, makeFill);
 }
 
@@ -220,10 +235,8 @@ Result<std::unique_ptr<ContentWork>> makeTransfer(const Arguments &arguments,
         return from ? to.error() : from.error();
     if (*from == *to)
         return wrong(Cli::tr("Both are the same field."));
-    const Result<FilledTarget> filled = filledTargetIn(arguments, FilledTarget::Skip);
-    if (!filled)
-        return filled.error();
-    TransferFieldContents::Transfer transfer{*from, *to, arguments.has(u"--move"_s), *filled};
+    const FilledTarget filled = filledTargetIn(arguments, FilledTarget::Skip);
+    TransferFieldContents::Transfer transfer{*from, *to, arguments.has(u"--move"_s), filled};
     if (arguments.has(u"--separator"_s))
         transfer.separator = arguments.value(u"--separator"_s);
     return std::make_unique<TransferFieldContents>(document, transfer);
@@ -231,6 +244,8 @@ Result<std::unique_ptr<ContentWork>> makeTransfer(const Arguments &arguments,
 
 ExitStatus runTransfer(Call &call)
 {
+    if (const QString fault = faultOfFilledTarget(call.arguments); !fault.isNull())
+        return call.wrongUsage(fault);
     return runWork(call, makeTransfer);
 }
 
@@ -243,20 +258,21 @@ ExitStatus runTextToFields(Call &call)
     });
 }
 
+const QStringList &elementNames()
+{
+    static const QStringList names{u"email"_s, u"web"_s, u"phone"_s};
+    return names;
+}
+
 Result<std::unique_ptr<ContentWork>> makeExtract(const Arguments &arguments, const DatafileDocument &document)
 {
     using Element = MoveTextElements::Element;
-    const QStringList names{u"email"_s, u"web"_s, u"phone"_s};
-    const qsizetype element = names.indexOf(arguments.operand(1));
-    if (element < 0)
-        return wrong(Cli::tr("There are email, web and phone."));
+    const qsizetype element = elementNames().indexOf(arguments.operand(1));
     const Result<QString> to = realFieldNamed(arguments.operand(2), document.datafileSettings());
     if (!to)
         return to.error();
-    const Result<FilledTarget> filled = filledTargetIn(arguments, FilledTarget::Append);
-    if (!filled)
-        return filled.error();
-    MoveTextElements::Move move{static_cast<Element>(element), *to, arguments.has(u"--all"_s), *filled};
+    const FilledTarget filled = filledTargetIn(arguments, FilledTarget::Append);
+    MoveTextElements::Move move{static_cast<Element>(element), *to, arguments.has(u"--all"_s), filled};
     move.phoneNumberTemplates = phoneNumberTemplates(document.services().preferences);
     if (arguments.has(u"--separator"_s))
         move.separator = arguments.value(u"--separator"_s);
@@ -265,6 +281,10 @@ Result<std::unique_ptr<ContentWork>> makeExtract(const Arguments &arguments, con
 
 ExitStatus runExtract(Call &call)
 {
+    if (!elementNames().contains(call.arguments.operand(1)))
+        return call.wrongUsage(Cli::tr("There are email, web and phone."));
+    if (const QString fault = faultOfFilledTarget(call.arguments); !fault.isNull())
+        return call.wrongUsage(fault);
     return runWork(call, makeExtract);
 }
 
@@ -296,6 +316,7 @@ Command fillCommand()
         QList<Option>{{u"--field"_s, u"FIELD"_s, Cli::tr("In this field alone (repeatable)."), true},
                       {u"--text"_s, u"TEXT"_s, Cli::tr("With this text.")},
                       {u"--number"_s, {}, Cli::tr("With running numbers, behind the text if there is one.")},
+                      {u"--date"_s, {}, Cli::tr("With today's date.")},
                       {u"--start"_s, u"N"_s, Cli::tr("The first number; 1 unless it is said.")},
                       {u"--step"_s, u"N"_s, Cli::tr("From one number to the next; 1 unless it is said.")}}
             + contentOptions(),

@@ -52,7 +52,7 @@ Command dedupeCommand()
         1,
         Cli::tr("Removes duplicate records among the selected ones."),
         Cli::tr("Duplicates are equal in all fields and in the text. Differences in formatting alone do not "
-                "count."),
+                "count.\nThe first of them in the order of the catalog stays."),
         QList<Option>{{u"--plain-text"_s, {}, Cli::tr("Compare the plain texts only.")}} + writingOptions(),
         runDedupe};
 }

@@ -53,14 +53,29 @@ void writeFields(const Call &call, const DatafileDocument &document)
         writeJson(call.output, {{u"fields"_s, array}});
 }
 
-/// The field and what stands behind "=".
-Result<std::pair<QString, QString>> fieldAndValue(const QString &text, const DatafileSettingsData &settings)
+using FieldAndValue = std::pair<QString, QString>;
+
+/// The field and what stands behind the last "=".
+Result<FieldAndValue> fieldAndValue(const QString &text, const DatafileSettingsData &settings)
 {
     const qsizetype equals = text.lastIndexOf(u'=');
     const Result<NamedField> field = fieldNamed(text.first(std::max<qsizetype>(equals, 0)), settings);
     if (!field)
         return field.error();
-    return std::pair(field->identifier, text.sliced(equals + 1));
+    return FieldAndValue(field->identifier, text.sliced(equals + 1));
+}
+
+/// The field and its new name: either may contain "=", so the first one counts that stands behind a field.
+Result<FieldAndValue> fieldAndName(const QString &text, const DatafileSettingsData &settings)
+{
+    for (qsizetype equals = text.indexOf(u'='); equals >= 0; equals = text.indexOf(u'=', equals + 1)) {
+        const Result<NamedField> field = fieldNamed(text.first(equals), settings);
+        if (field)
+            return FieldAndValue(field->identifier, text.sliced(equals + 1));
+        if (field.error().kind != Error::Kind::NotFound)
+            return field.error();
+    }
+    return fieldAndValue(text, settings);
 }
 
 Result<> define(const Arguments::Given &given, DatafileDocument &document)
@@ -71,8 +86,10 @@ Result<> define(const Arguments::Given &given, DatafileDocument &document)
         const Result<QString> added = operations.add(value);
         return added ? Result<>() : Result<>(added.error());
     }
-    const bool hasValue = given.option == "--rename"_L1 || given.option == "--move"_L1;
-    const auto named = fieldAndValue(hasValue ? value : value + u'=', document.datafileSettings());
+    const DatafileSettingsData &settings = document.datafileSettings();
+    const auto named = given.option == "--rename"_L1 ? fieldAndName(value, settings)
+                       : given.option == "--move"_L1 ? fieldAndValue(value, settings)
+                                                     : fieldAndValue(value + u'=', settings);
     if (!named)
         return named.error();
     const auto &[field, argument] = *named;
@@ -127,6 +144,9 @@ ExitStatus runFields(Call &call)
         if (const Result<> defined = define(given, edit->document()); !defined)
             return call.failed(defined.error());
     }
+    // Without fields there is nothing that Basic View could show.
+    if (edit->document().datafileSettings().fields().isEmpty())
+        edit->document().datafileSettings().setMode(u"List"_s);
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());
     writeFields(call, edit->document());
@@ -184,19 +204,30 @@ Result<QStringList> fieldsOfTotal(const Arguments &arguments, const DatafileSett
     return fields;
 }
 
-/// Puts the totals into a record: a new one, or the one that is there.
-void recordTotals(const FieldTotals &totals, DatafileDocument &document, bool updates)
+/// Puts the totals into a record: a new one, or the one that is there. Refused without any number.
+Result<> recordTotals(const FieldTotals &totals, DatafileDocument &document, bool updates)
 {
+    QStringList names;
+    for (const FieldTotal &total : totals.totals()) {
+        const FieldDefinition *field = document.datafileSettings().fieldWithIdentifier(total.field);
+        names.append(field ? field->name() : QString());
+    }
+    if (std::ranges::all_of(totals.totals(), [](const FieldTotal &total) { return total.count == 0; }))
+        return Error{Error::Kind::Refused,
+                     filledIn(Cli::tr("There are no numbers in \"%@\"."), {names.join(u", "_s)}),
+                     {}};
     const QString older = updates ? FieldTotals::totalRecordIn(document) : QString();
-    if (older.isEmpty())
-        totals.addTotalRecord(document);
-    else
-        totals.updateTotalRecord(document, older);
+    if (!older.isEmpty())
+        return totals.updateTotalRecord(document, older);
+    totals.addTotalRecord(document);
+    return {};
 }
 
 ExitStatus runTotal(Call &call)
 {
     const bool updates = call.arguments.has(u"--update-record"_s);
+    if (updates && call.arguments.has(u"--add-record"_s))
+        return call.wrongUsage(Cli::tr("Either --add-record or --update-record."));
     const QString because = updates ? u"--update-record"_s : u"--add-record"_s;
     if (const QString fault = faultOfOptionalTarget(call.arguments, because); !fault.isNull())
         return call.wrongUsage(fault);
@@ -221,7 +252,8 @@ ExitStatus runTotal(Call &call)
     Progress progress;
     totals.run(progress);
     if (edit) {
-        recordTotals(totals, document, updates);
+        if (const Result<> recorded = recordTotals(totals, document, updates); !recorded)
+            return call.failed(recorded.error());
         if (const Result<> written = edit->write(); !written)
             return call.failed(written.error());
     }

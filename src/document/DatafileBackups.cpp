@@ -3,8 +3,10 @@
 
 #include "document/DatafileBackups.h"
 
+#include "base/DurableFile.h"
 #include "base/Log.h"
 #include "document/DatafileDocument.h"
+#include "document/FileStamp.h"
 #include "model/Preferences.h"
 #include "model/StringOperations.h"
 
@@ -28,6 +30,30 @@ QString mediumTimeFormat(const QLocale &locale)
     QString format = locale.timeFormat(QLocale::LongFormat);
     format.remove(u't');
     return format.trimmed();
+}
+
+/// Whether it is what fullDateTime() makes in some locale: no other file may be taken for an old one.
+bool isStamp(QStringView text)
+{
+    return text.contains(u",_") && !text.contains(u' ')
+           && std::ranges::any_of(text, [](QChar character) { return character.isDigit(); });
+}
+
+/// Also under another name, through a link or another way to its folder.
+bool isSameFile(const QString &one, const QString &other)
+{
+    const FileStamp stamp = FileStamp::of(one);
+    const FileStamp otherStamp = FileStamp::of(other);
+    return one == other
+           || (stamp.size >= 0 && otherStamp.size >= 0 && stamp.device == otherStamp.device
+               && stamp.inode == otherStamp.inode);
+}
+
+Error notRead(const QFile &file)
+{
+    return {Error::Kind::Io,
+            DatafileBackups::tr("The backup could not be read."),
+            file.fileName() + u": "_s + file.errorString()};
 }
 
 } // namespace
@@ -125,7 +151,7 @@ QList<DatafileBackups::Backup> DatafileBackups::list() const
         // The stamp has no blanks: the backups of "A B" are none of "A".
         const QString name = file.fileName();
         if (!name.startsWith(beginning) || !name.endsWith(extension())
-            || QStringView(name).sliced(beginning.size()).contains(u' ') || !name.contains(bullet))
+            || !isStamp(QStringView(name).sliced(beginning.size())))
             continue;
         backups.append({file.filePath(), file.lastModified(), file.size()});
     }
@@ -133,6 +159,30 @@ QList<DatafileBackups::Backup> DatafileBackups::list() const
         return one.written != other.written ? one.written > other.written : one.path > other.path;
     });
     return backups;
+}
+
+Result<> DatafileBackups::restore(const QString &backup, const QString &target, const QStringList &filesInUse)
+{
+    if (isSameFile(backup, target))
+        return Error{Error::Kind::Refused, tr("A backup cannot be replaced by itself."), target};
+    for (const QString &file : filesInUse) {
+        if (isSameFile(file, target))
+            return Error{Error::Kind::Refused, tr("An open datafile cannot be replaced."), target};
+    }
+    QFile file(backup);
+    if (!file.open(QIODevice::ReadOnly))
+        return notRead(file);
+    return writeDurably(target, [&file](const ByteSink &sink) -> Result<> {
+        constexpr qint64 part = 1 << 20;
+        while (!file.atEnd()) {
+            const QByteArray bytes = file.read(part);
+            if (bytes.isEmpty())
+                break;
+            if (!sink(bytes))
+                return {}; // Whoever gave the sink knows of it.
+        }
+        return file.error() == QFile::NoError ? Result<>() : Result<>(notRead(file));
+    });
 }
 
 } // namespace tavrin

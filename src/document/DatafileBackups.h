@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QLocale>
+#include <QStringList>
 
 namespace tavrin {
 
@@ -51,6 +52,10 @@ public:
 
     /// Of this datafile, the newest first.
     QList<Backup> list() const;
+
+    /// Copies a backup, whole or not at all, in the place of what may be there. Refused where that is the
+    /// backup itself or one of the files in use, by whatever name; NotFound or Io.
+    static Result<> restore(const QString &backup, const QString &target, const QStringList &filesInUse);
 
 private:
     QString title() const;

@@ -57,14 +57,16 @@ DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare com
     for (const FieldDefinition &field : document.datafileSettings().fields())
         g_fields.emplace_back(field.identifier());
     const SubsetSortedData &catalog = document.datafileCatalog();
-    std::vector<bool> isSelected(document.datafileRecords().identifiers().count());
-    for (const quint32 record : catalog.selectedNumbers(0, catalog.countSelected()))
-        isSelected[record] = true;
+    std::vector<bool> isPresent(document.datafileRecords().identifiers().count());
+    document.datafileRecords().forEach(
+        [&isPresent](quint32 record, const RecordView &) { isPresent[record] = true; });
     g_records.reserve(static_cast<size_t>(catalog.countSelected()));
-    document.datafileRecords().forEach([&](quint32 record, const RecordView &) {
-        if (isSelected[record])
-            g_records.push_back(record);
-    });
+    for (const quint32 record : catalog.selectedNumbers(0, catalog.countSelected())) {
+        if (record >= isPresent.size() || !isPresent[record]) // An entry may name no record.
+            continue;
+        g_records.push_back(record);
+        isPresent[record] = false; // A record that is listed twice is no duplicate of itself.
+    }
     QObject::connect(&document, &DatafileDocument::changed, &g_watch, [this] { g_isStale = true; });
 }
 

@@ -18,8 +18,7 @@ class DatafileDocument;
 /// and applied on the document's thread, and runs in between on any.
 ///
 /// Records say the same when their fields are equal, capitals and all, and their texts. Of each group the
-/// first in the order of the records stays: with all records sorted by everything in them, the duplicates
-/// would be those that stand behind an equal one.
+/// one that the person sees first stays: the first in the order of the catalog.
 class DuplicateRemoval
 {
     Q_DECLARE_TR_FUNCTIONS(DuplicateRemoval)
@@ -38,7 +37,7 @@ public:
     bool wasCancelled() const { return g_wasCancelled; }
     /// The document has changed since this was made: what was found may no longer be so.
     bool isStale() const { return g_isStale; }
-    /// Those that are to go, in the order of the records.
+    /// Those that are to go, in the order of the catalog.
     const std::vector<quint32> &duplicates() const { return g_duplicates; }
 
     /// Removes them, as one step of Undo. Their identifiers; none, and no change, when run() was cancelled.
@@ -53,7 +52,7 @@ private:
     Compare g_compare;
     StoredTexts g_texts;
     std::vector<FieldKey> g_fields;
-    std::vector<quint32> g_records; ///< The selected ones, in the order of the records.
+    std::vector<quint32> g_records; ///< The selected ones, in the order of the catalog.
     std::vector<quint64> g_hashes;  ///< Of those.
     std::vector<quint32> g_duplicates;
     bool g_wasCancelled = false;

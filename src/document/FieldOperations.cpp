@@ -149,7 +149,7 @@ FieldOperations::setFields(const QList<FieldDefinition> &fields, const QString &
 {
     for (const FieldDefinition &field : fields) {
         if (field.name().trimmed().isEmpty())
-            return Error{Error::Kind::Refused, tr("A field must have a name."), field.identifier()};
+            return Error{Error::Kind::Refused, tr("A field must have a name."), {}};
     }
     QStringList removed = identifiersOf(g_document.datafileSettings().fields());
     for (const QString &kept : identifiersOf(fields))

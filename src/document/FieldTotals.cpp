@@ -28,13 +28,33 @@ void add(double number, double &sum, double &lost)
     sum = next;
 }
 
-/// What stands before the number ("$12") is passed over.
-std::optional<double> numberIn(const QString &content, const text::NumberReader &numbers)
+bool isMinus(QChar character, const QLocale &locale)
 {
-    constexpr QStringView beginsNumbers = u"-.0123456789";
-    const auto first = std::ranges::find_if(
-        content, [beginsNumbers](QChar character) { return beginsNumbers.contains(character); });
-    return first == content.end() ? std::nullopt : numbers.read(QStringView(first, content.end()));
+    constexpr QChar minus(0x2212);
+    return character == u'-' || character == minus || locale.negativeSign() == character;
+}
+
+/// What stands before the number ("$12") is passed over, but for its sign ("-$12"). A stroke or a point that
+/// joins it to a word or another number ("A-3", "No.5") is no part of it.
+std::optional<double>
+numberIn(const QString &content, const text::NumberReader &numbers, const QLocale &locale)
+{
+    const QStringView text = QStringView(content).trimmed();
+    const auto digit = std::ranges::find_if(text, [](QChar character) { return character.isDigit(); });
+    if (digit == text.end())
+        return {};
+    const auto beginsAt = [text](qsizetype place) {
+        return place == 0 || !text[place - 1].isLetterOrNumber();
+    };
+    qsizetype start = digit - text.begin();
+    if (start > 0 && locale.decimalPoint() == text[start - 1] && beginsAt(start - 1))
+        --start;
+    qsizetype sign = start - 1;
+    while (sign >= 0 && text[sign].category() == QChar::Symbol_Currency)
+        --sign;
+    const bool isNegative = sign >= 0 && isMinus(text[sign], locale) && beginsAt(sign);
+    const std::optional<double> number = numbers.read(text.sliced(start));
+    return number && isNegative ? -*number : number;
 }
 
 } // namespace
@@ -76,7 +96,7 @@ void FieldTotals::take(quint32 record, const text::NumberReader &numbers, std::v
         if (content.isEmpty())
             continue;
         FieldTotal &total = g_totals[i];
-        const std::optional<double> number = numberIn(content, numbers);
+        const std::optional<double> number = numberIn(content, numbers, g_locale);
         if (!number) {
             if (total.unreadable++ < mostSamples)
                 total.unreadableSamples.append(content);
@@ -122,21 +142,31 @@ QString FieldTotals::addTotalRecord(DatafileDocument &document) const
         tr("Add Total Record"));
 }
 
-void FieldTotals::updateTotalRecord(DatafileDocument &document, const QString &identifier) const
+Result<> FieldTotals::updateTotalRecord(DatafileDocument &document, const QString &identifier) const
 {
     const std::optional<RecordView> record = document.datafileRecords().view(identifier);
     if (!record)
-        return;
-    const QString text = record->textString().toString();
-    const qsizetype end = text.indexOf(u'\n');
+        return {};
+    const RecordText text{record->textString().toString(),
+                          document.isMobile() ? QByteArray() : record->textRTFD()};
+    const qsizetype end = text.plain.indexOf(u'\n');
     ContentChange::Record changed{
         document.datafileRecords().identifiers().number(identifier), contents(), {}};
-    changed.text = RecordText{firstLine() + (end < 0 ? QString() : text.sliced(end)), {}};
+    for (const FieldTotal &total : g_totals) {
+        if (total.count == 0) // What stands there is the total of numbers that are gone.
+            changed.fields.append({total.field, u""_s});
+    }
+    changed.text = withReplaced(text, {0, end < 0 ? text.plain.size() : end}, firstLine());
+    if (!changed.text)
+        return Error{Error::Kind::Refused,
+                     tr("The text of the total record cannot be changed without losing its formatting."),
+                     identifier};
     auto change = std::make_unique<ContentChange>(tr("Update Total Record"),
                                                   std::vector<ContentChange::Record>{changed});
     change->exchange(document);
     document.undoHistory().push(std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+    return {};
 }
 
 QString FieldTotals::totalRecordIn(const DatafileDocument &document)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/Progress.h"
+#include "base/Result.h"
 #include "document/StoredTexts.h"
 
 #include <QCoreApplication>
@@ -52,8 +53,9 @@ public:
 
     /// Adds a record with the totals as the last one, as one step of Undo. Its identifier.
     QString addTotalRecord(DatafileDocument &document) const;
-    /// The same into a record that has older totals.
-    void updateTotalRecord(DatafileDocument &document, const QString &identifier) const;
+    /// The same into a record that has older totals: into its fields and the first line of its text. Refused,
+    /// and no change, when the text would lose its formatting.
+    Result<> updateTotalRecord(DatafileDocument &document, const QString &identifier) const;
 
     /// A record of totals that the datafile has, the first of them; null when there is none.
     static QString totalRecordIn(const DatafileDocument &document);

@@ -40,6 +40,21 @@ std::optional<RecordText> withoutParts(const RecordText &text, std::span<const T
     return changed(text, remove, remove);
 }
 
+std::optional<RecordText>
+withReplaced(const RecordText &text, const TextPart &part, const QString &replacement)
+{
+    return changed(
+        text,
+        [&](QString &plain) { plain.replace(part.start, part.length, replacement); },
+        [&](richtext::AttributedText &rich) {
+            richtext::CharacterFormat format =
+                part.start < rich.size() ? rich.characterFormatAt(part.start) : richtext::CharacterFormat();
+            format.link.clear();
+            rich.remove(part.start, part.length);
+            rich.insert(part.start, replacement, format);
+        });
+}
+
 std::optional<RecordText> withAppended(const RecordText &text, const QString &appended)
 {
     return changed(

@@ -31,6 +31,10 @@ struct TextPart
 /// that cannot be kept: the rich text is damaged, or holds another text than the plain one.
 std::optional<RecordText> withoutParts(const RecordText &text, std::span<const TextPart> parts);
 
+/// The text with another one in the place of a part, which looks like the beginning of that.
+std::optional<RecordText>
+withReplaced(const RecordText &text, const TextPart &part, const QString &replacement);
+
 /// The text with another one behind it, which looks like its end.
 std::optional<RecordText> withAppended(const RecordText &text, const QString &appended);
 

@@ -23,6 +23,11 @@ bool hasFields(const EditorWindowController &window)
     return !window.document().datafileSettings().fields().isEmpty();
 }
 
+bool mayMoveText(const EditorWindowController &window)
+{
+    return hasFields(window) && hasRecord(window) && !window.currentRecordLocked();
+}
+
 bool permitsSaving(const EditorWindowController &window)
 {
     return window.canSaveChanges();

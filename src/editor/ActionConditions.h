@@ -11,6 +11,7 @@ class EditorWindowController;
 
 bool always(const EditorWindowController &window);
 bool hasFields(const EditorWindowController &window);
+bool mayMoveText(const EditorWindowController &window);
 bool permitsSaving(const EditorWindowController &window);
 bool hasSavedVersion(const EditorWindowController &window);
 bool hasOmittedRecords(const EditorWindowController &window);

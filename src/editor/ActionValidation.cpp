@@ -160,7 +160,7 @@ constexpr std::array actionRules{
     ActionRule{"makeThisTheLastRecord:"_L1, mayReorder},
     ActionRule{"moveAfterRecordNumber:"_L1, mayReorder},
     ActionRule{"moveAllFreeformTextIntoFields:"_L1, hasFields},
-    ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, hasFields},
+    ActionRule{"moveCurrentFreeformTextIntoFields:"_L1, mayMoveText},
     ActionRule{"moveTextElements:"_L1, always},
     ActionRule{"printAllListViewRecords:"_L1, hasFields},
     ActionRule{"removeLink:"_L1, mayRemoveLink},

@@ -11,7 +11,6 @@
 #include "editor/FileSheetController.h"
 #include "editor/FormPreview.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -101,12 +100,14 @@ void EditorRecords::restoreBackup(const QString &path)
         if (code != QVSheetController::FirstButton || panel->paths().isEmpty())
             return;
         const QString target = panel->paths().constFirst();
+        QStringList filesInUse{g_window.document().filePath()};
+        if (g_openFiles)
+            filesInUse += g_openFiles();
         // The panel has asked already whether to replace what is there.
-        if (target != g_window.document().filePath() && (!QFile::exists(target) || QFile::remove(target))
-            && QFile::copy(path, target))
-            Q_EMIT g_window.openDatafile(target);
+        if (const Result<> restored = DatafileBackups::restore(path, target, filesInUse); !restored)
+            showAlert(g_sheets, tr("The backup could not be copied."), restored.error().message);
         else
-            showAlert(g_sheets, tr("The backup could not be copied."), target);
+            Q_EMIT g_window.openDatafile(target);
     });
     g_sheets.begin(std::move(panel));
 }

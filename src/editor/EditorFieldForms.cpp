@@ -120,15 +120,21 @@ void EditorFields::replaceFieldContents()
     const auto which = form.addText(tr("T&his:"));
     const auto caseSensitive = form.addCheck(tr("Tell &capital from small letters"));
     const auto text = form.addText(tr("&New content:"));
+    // Return alone may not empty the fields of all records.
+    const auto empties = form.addCheck(tr("&Empty the field instead"));
     form.setJudge([=](FormSheetController &sheet) {
-        const bool isSome = sheet.choice(where).code != codeOf(Where::Everywhere);
+        const qint64 code = sheet.choice(where).code;
+        const bool isSome = code != codeOf(Where::Everywhere);
         sheet.setEnabled(which, isSome);
         sheet.setEnabled(caseSensitive, isSome);
-        return QString();
+        sheet.setEnabled(text, !sheet.isOn(empties));
+        if (code == codeOf(Where::Containing) && sheet.text(which).isEmpty())
+            return tr("Type what the content contains.");
+        return sheet.text(text).isEmpty() && !sheet.isOn(empties) ? tr("Type the new content.") : QString();
     });
-    const auto make = [&form, field, where, which, caseSensitive, text] {
+    const auto make = [&form, field, where, which, caseSensitive, text, empties] {
         return ReplaceFieldContents::Replacement{form.choice(field).identifier,
-                                                 form.text(text),
+                                                 form.isOn(empties) ? u""_s : form.text(text),
                                                  static_cast<Where>(form.choice(where).code),
                                                  form.text(which),
                                                  form.isOn(caseSensitive)};
@@ -294,8 +300,10 @@ void EditorFields::recordTotals(const QStringList &fields, const QString &olderR
                       {});
         } else if (olderRecord.isEmpty()) {
             g_window.showRecord(work->totals().addTotalRecord(document));
+        } else if (const Result<> updated = work->totals().updateTotalRecord(document, olderRecord);
+                   !updated) {
+            showAlert(g_sheets, updated.error().message, {});
         } else {
-            work->totals().updateTotalRecord(document, olderRecord);
             g_window.showRecord(olderRecord);
         }
     });

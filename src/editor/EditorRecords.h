@@ -4,9 +4,11 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace tavrin {
 
@@ -58,6 +60,8 @@ public:
 
     void saveCurrentDatafileToBackups();
     void browseBackups();
+    /// Whoever knows them gives the paths of all open datafiles; no backup is restored in their place.
+    void setOpenFiles(std::function<QStringList()> openFiles) { g_openFiles = std::move(openFiles); }
 
 private:
     bool addEmptyRecord();
@@ -76,6 +80,7 @@ private:
     SheetHost &g_sheets;
     WorkHost &g_work;
     std::unique_ptr<FormPreview> g_preview;
+    std::function<QStringList()> g_openFiles;
     std::unique_ptr<QObject> g_backup; ///< While one is being written.
 };
 

@@ -111,8 +111,12 @@ void RecordCommandsTest::whatIsRefusedWritesNothing_data()
     row("fill", 2);
     row("fill --field Text --text x", 1);
     row("transfer Field Field", 1);
-    row("extract fax Field", 1);
+    row("extract fax Field", 2);
+    row("fill --number --start x", 2);
+    row("fill --text x --date", 2);
+    row("transfer Text Field --if-filled zz", 2);
     row("fields --rename Nobody=x", 1);
+    row("total Field --add-record --update-record", 2);
     row("fields --add Good --rename Good=", 1);
 }
 
@@ -154,6 +158,15 @@ void RecordCommandsTest::aPreviewChangesNothing()
 void RecordCommandsTest::fieldsAreListedWithTheirUse()
 {
     const QString file = path();
+    QCOMPARE(runCli({u"fields"_s,
+                     file,
+                     u"--rename"_s,
+                     u"Field=Full=Name"_s,
+                     u"--rename"_s,
+                     u"Full=Name=Field"_s,
+                     u"--in-place"_s})
+                 .status,
+             0);
     const CliOutcome changed = runCli({u"fields"_s,
                                        file,
                                        u"--add"_s,
@@ -169,12 +182,20 @@ void RecordCommandsTest::fieldsAreListedWithTheirUse()
     QCOMPARE(fields.at(1)[u"records"].toInt(), 4);
     QVERIFY(!fields.at(1)[u"show"].toBool());
     QCOMPARE(runCli({u"fields"_s, file, u"--json"_s}).object(), changed.object());
+    QCOMPARE(runCli({u"total"_s, file, u"B"_s, u"--add-record"_s, u"--in-place"_s}).status, 1);
+    QCOMPARE(runCli({u"list"_s, file, u"--all"_s, u"--json"_s}).array().size(), 4);
     QCOMPARE(runCli({u"total"_s, file, u"Field"_s, u"--json"_s})
                  .object()[u"totals"]
                  .toArray()
                  .at(0)[u"sum"]
                  .toDouble(),
              6.0);
+    QVERIFY(
+        runCli({u"fill"_s, file, u"--field"_s, u"B"_s, u"--date"_s, u"--in-place"_s}).result.contains("4"));
+    QCOMPARE(runCli({u"fields"_s, file, u"--add"_s, u""_s, u"--in-place"_s}).messages.trimmed(),
+             "tavrin-cli: A field must have a name.");
+    QCOMPARE(runCli(call(u"fields --delete B --delete Field --in-place"_s, file)).status, 0);
+    QCOMPARE(DatafileFixture::opened(file)->datafileSettings().mode(), u"List"_s);
 }
 
 QTEST_GUILESS_MAIN(RecordCommandsTest)

@@ -25,7 +25,9 @@ private Q_SLOTS:
     void theRestOfAFormattedTextKeepsItsStyles();
     void whatWouldLoseFormattingIsLeft();
     void numbersAreReadAsPeopleWriteThem();
+    void aNumberIsFoundInItsContent();
     void totalsGoIntoARecordOfTheirOwn();
+    void newTotalsKeepTheRestOfTheirRecord();
     void deletedFieldsTakeTheirContentsAlong();
     void fieldsAreOrderedAndNamed();
 
@@ -255,6 +257,34 @@ void FieldCommandsTest::numbersAreReadAsPeopleWriteThem()
     QCOMPARE(totals.totals()[1].unreadable, 1);
 }
 
+void FieldCommandsTest::aNumberIsFoundInItsContent()
+{
+    const QLocale english(u"en_US"_s);
+    const QLocale german(u"de_DE"_s);
+    const QList<std::tuple<QString, QLocale, std::optional<double>>> cases{
+        {u"-3"_s, english, -3},
+        {u"\u22123"_s, english, -3},
+        {u"-$12"_s, english, -12},
+        {u"\u2212\u20AC1,5"_s, german, -1.5},
+        {u"$-12"_s, english, -12},
+        {u"$.50"_s, english, .5},
+        {u"-.5"_s, english, -.5},
+        {u"A-3"_s, english, 3},
+        {u"No.5"_s, english, 5},
+        {u" 7 "_s, english, 7},
+        {u"\u0663"_s, english, 3}, // Of another script.
+        {u"2026-03"_s, english, {}},
+        {u"-"_s, english, {}}};
+    for (const auto &[content, locale, number] : cases) {
+        const auto document = opened({{content, u""_s, u""_s}});
+        FieldTotals totals(*document, {u"f"_s}, locale);
+        Progress progress;
+        totals.run(progress);
+        const FieldTotal &total = totals.totals()[0];
+        QVERIFY2(total.count == (number ? 1 : 0) && total.sum == number.value_or(0), qPrintable(content));
+    }
+}
+
 void FieldCommandsTest::totalsGoIntoARecordOfTheirOwn()
 {
     const auto document = opened({{u"1"_s, u""_s, u""_s}, {u"2"_s, u""_s, u""_s}});
@@ -266,7 +296,7 @@ void FieldCommandsTest::totalsGoIntoARecordOfTheirOwn()
         totals.run(progress);
         return FieldTotals::totalRecordIn(*document).isNull()
                    ? (void)totals.addTotalRecord(*document)
-                   : totals.updateTotalRecord(*document, FieldTotals::totalRecordIn(*document));
+                   : (void)totals.updateTotalRecord(*document, FieldTotals::totalRecordIn(*document));
     };
     total();
     QCOMPARE(contents(*document), u"1||;2||;3||Total of 2 records"_s);
@@ -277,6 +307,30 @@ void FieldCommandsTest::totalsGoIntoARecordOfTheirOwn()
     document->undoHistory().undo();
     document->undoHistory().undo();
     QCOMPARE(contents(*document), u"1||;4||"_s);
+}
+
+void FieldCommandsTest::newTotalsKeepTheRestOfTheirRecord()
+{
+    const QString rtf = u"{\\rtf1\\ansi Total of 9 records\\par {\\b note}}"_s;
+    const auto document =
+        opened({{u"1"_s, u""_s, u""_s}, {u"9"_s, u"8"_s, u"Total of 9 records\nnote"_s, rtf}});
+    RecordData *record = document->datafileRecords().recordForIdentifier(u"r1"_s);
+    record->setIsSum(true);
+    FieldTotals totals(*document, {u"f"_s, u"g"_s}, QLocale::c());
+    Progress progress;
+    totals.run(progress);
+    QVERIFY(totals.updateTotalRecord(*document, u"r1"_s));
+    QCOMPARE(contents(*document), u"1||;1||Total of 1 records\nnote"_s);
+    const auto rich = richtext::readRichText(document->datafileRecords().view(u"r1"_s)->textRTFD());
+    QCOMPARE(rich->text(), u"Total of 1 records\nnote"_s);
+    QVERIFY(!rich->characterFormatAt(0).bold && rich->characterFormatAt(rich->size() - 1).bold);
+
+    document->storeText(u"r1"_s, u"another text"_s);
+    record = document->datafileRecords().recordForIdentifier(u"r1"_s);
+    record->setTextRTFD(rtf.toLatin1());
+    const QString before = contents(*document);
+    QVERIFY(!totals.updateTotalRecord(*document, u"r1"_s));
+    QCOMPARE(contents(*document), before);
 }
 
 void FieldCommandsTest::deletedFieldsTakeTheirContentsAlong()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void duplicatesAreThoseThatSayTheSame_data();
     void duplicatesAreThoseThatSayTheSame();
     void backupsAreDatedAndOnlySoManyKept();
+    void aBackupIsNeverLostByRestoringIt();
     void theTableOfContentsLinksEachRecord();
     void undoingEverythingGivesTheOriginal();
 
@@ -222,24 +223,24 @@ void RecordOperationsTest::lockingRemembersWhatWas()
 
 void RecordOperationsTest::duplicatesAreThoseThatSayTheSame_data()
 {
-    // Field, text, and rich text (null: none) of each record.
+    // Field, text, and rich text (null: none) of each record. The catalog has them the other way round.
     using Records = QList<QStringList>;
     QTest::addColumn<Records>("records");
     QTest::addColumn<QString>("removed");
     QTest::addColumn<QString>("removedByPlainText");
-    QTest::newRow("three") << Records{{u"a"_s, u"t"_s}, {u"a"_s, u"t"_s}, {u"a"_s, u"t"_s}} << u"1 2"_s
-                           << u"1 2"_s;
+    QTest::newRow("three") << Records{{u"a"_s, u"t"_s}, {u"a"_s, u"t"_s}, {u"a"_s, u"t"_s}} << u"1 0"_s
+                           << u"1 0"_s;
     QTest::newRow("capitals") << Records{{u"a"_s, u"t"_s}, {u"A"_s, u"t"_s}} << u""_s << u""_s;
     QTest::newRow("field and text") << Records{{u"at"_s, u""_s}, {u""_s, u"at"_s}, {u"a"_s, u"t"_s}} << u""_s
                                     << u""_s;
-    QTest::newRow("missing is empty") << Records{{u""_s, u"t"_s}, {{}, u"t"_s}} << u"1"_s << u"1"_s;
-    QTest::newRow("entities") << Records{{u"a<b"_s, u"&"_s}, {u"a<b"_s, u"&"_s}} << u"1"_s << u"1"_s;
+    QTest::newRow("missing is empty") << Records{{u""_s, u"t"_s}, {{}, u"t"_s}} << u"0"_s << u"0"_s;
+    QTest::newRow("entities") << Records{{u"a<b"_s, u"&"_s}, {u"a<b"_s, u"&"_s}} << u"0"_s << u"0"_s;
     const QString bold = u"{\\rtf1\\ansi \\b t}"_s;
     QTest::newRow("styles") << Records{{u"a"_s, u"t"_s, bold}, {u"a"_s, u"t"_s, u"{\\rtf1\\ansi t}"_s}}
-                            << u"1"_s << u"1"_s;
-    QTest::newRow("one is plain") << Records{{u"a"_s, u"t"_s, bold}, {u"a"_s, u"t"_s}} << u"1"_s << u"1"_s;
+                            << u"0"_s << u"0"_s;
+    QTest::newRow("one is plain") << Records{{u"a"_s, u"t"_s, bold}, {u"a"_s, u"t"_s}} << u"0"_s << u"0"_s;
     QTest::newRow("stale plain text")
-        << Records{{u"a"_s, u"t"_s, bold}, {u"a"_s, u"t"_s, u"{\\rtf1\\ansi u}"_s}} << u""_s << u"1"_s;
+        << Records{{u"a"_s, u"t"_s, bold}, {u"a"_s, u"t"_s, u"{\\rtf1\\ansi u}"_s}} << u""_s << u"0"_s;
 }
 
 void RecordOperationsTest::duplicatesAreThoseThatSayTheSame()
@@ -296,6 +297,31 @@ void RecordOperationsTest::backupsAreDatedAndOnlySoManyKept()
     QCOMPARE(QDir(backups.folder()).entryList(QDir::Files).size(), 3);
     QCOMPARE(document->filePath(), path);
     QCOMPARE(picture(*DatafileFixture::opened(backups.list().first().path)), picture(*document));
+    QLocale::setDefault(QLocale(u"da_DK"_s)); // Without a colon in its times.
+    QVERIFY(backups.write());
+    QLocale::setDefault(QLocale::c());
+    QCOMPARE(QDir(backups.folder()).entryList(QDir::Files).size(), 3);
+}
+
+void RecordOperationsTest::aBackupIsNeverLostByRestoringIt()
+{
+    const QString backup = g_files.make(u"backup.tv3"_s, DatafileFixture::root(2));
+    const QString inUse = g_files.make(u"inUse.tv3"_s, DatafileFixture::root(1));
+    const QString other = g_files.make(u"other.tv3"_s, DatafileFixture::root(3));
+    const QByteArray content = DatafileFixture::contentOf(backup);
+    const QByteArray otherContent = DatafileFixture::contentOf(other);
+    const QString link = g_files.path(u"link.tv3"_s);
+    QVERIFY(QFile::link(backup, link));
+    const auto restore = [&inUse](const QString &from, const QString &target) {
+        return DatafileBackups::restore(from, target, {inUse});
+    };
+    for (const QString &target : {backup, link, inUse})
+        QCOMPARE(restore(backup, target).error().kind, Error::Kind::Refused);
+    QVERIFY(!restore(g_files.path(u"nothing.tv3"_s), other));
+    QCOMPARE(DatafileFixture::contentOf(backup), content);
+    QCOMPARE(DatafileFixture::contentOf(other), otherContent);
+    QVERIFY(restore(backup, other));
+    QCOMPARE(DatafileFixture::contentOf(other), content);
 }
 
 void RecordOperationsTest::theTableOfContentsLinksEachRecord()

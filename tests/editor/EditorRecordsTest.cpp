@@ -38,6 +38,7 @@ private Q_SLOTS:
     void aUsedFieldIsNotDeletedUnasked();
     void withoutFieldsThereIsNoBasicView();
     void emptyFieldsAreFilled();
+    void contentsAreNotEmptiedUnasked();
     void totalsAreShownAndRecorded();
 };
 
@@ -203,8 +204,10 @@ void EditorRecordsTest::aLockedRecordCannotBeTypedInto()
     editor.open(u"r1"_s);
     editor.window->records().toggleRecordLocked();
     QVERIFY(editor.window->currentRecordLocked() && !editor.window->isFreeformTextEditable());
+    QVERIFY(!editor.window->validateAction(u"moveCurrentFreeformTextIntoFields:"_s));
     editor.window->records().unlockAllRecords();
     QVERIFY(editor.window->isFreeformTextEditable());
+    QVERIFY(editor.window->validateAction(u"moveCurrentFreeformTextIntoFields:"_s));
     editor.window->records().revertAllRecordsLockedState();
     QVERIFY(editor.window->currentRecordLocked() && !editor.record(u"r0"_s).recordLocked());
 }
@@ -342,6 +345,26 @@ void EditorRecordsTest::emptyFieldsAreFilled()
     editor.window->undo();
     QCOMPARE(editor.record(u"r0"_s).fieldValue(u"b"_s), QString());
     QCOMPARE(editor.window->redoName(), u"Fill Empty Fields"_s);
+}
+
+void EditorRecordsTest::contentsAreNotEmptiedUnasked()
+{
+    EditorFixture editor;
+    editor.open();
+    editor.sheets.answerNext<FormSheetController>([](FormSheetController &form) {
+        QVERIFY(!form.isAcceptable());
+        form.setText(4, u"new"_s);
+        QVERIFY(form.isAcceptable());
+        form.choose(1, 1); // Where the content contains nothing that is said yet.
+        QVERIFY(!form.isAcceptable());
+        form.choose(1, 2);
+        form.setText(4, u""_s);
+        QVERIFY(!form.isAcceptable());
+        form.setOn(5, true);
+        QVERIFY(form.isAcceptable());
+        form.cancel();
+    });
+    editor.window->fields().replaceFieldContents();
 }
 
 void EditorRecordsTest::totalsAreShownAndRecorded()
