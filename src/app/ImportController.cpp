@@ -361,7 +361,7 @@ void ImportController::importRichText(const QString &path, const Window &window)
             return;
         const ImportDestination destination = sheet->options().destination;
         const ReadRecords records = cutRichText(*text, sheet->delimiterText());
-        addRecords(records, destination, tr("Custom-Delimited"), window);
+        addRecords(records, destination, tr("Custom-Delimited"), window, TableKind::Custom);
     });
     g_sheets.begin(std::move(sheet));
 }
@@ -403,7 +403,8 @@ void ImportController::askWhereRecordsGo(const ReadRecords &records,
 void ImportController::addRecords(const ReadRecords &records,
                                   ImportDestination destination,
                                   const QString &name,
-                                  const Window &window)
+                                  const Window &window,
+                                  TableKind kind)
 {
     const bool isNew = destination == ImportDestination::NewDatafile;
     if (!isNew && !window)
@@ -417,7 +418,8 @@ void ImportController::addRecords(const ReadRecords &records,
         tell(batch ? nothingImported() : batch.error());
         return;
     }
-    const Adding adding{.batch = *batch, .destination = destination, .skipped = records.skippedCount};
+    const Adding adding{
+        .batch = *batch, .destination = destination, .kind = kind, .skipped = records.skippedCount};
     if (isNew)
         showNewDatafile(std::move(document), name, adding);
     else

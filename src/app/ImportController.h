@@ -73,7 +73,8 @@ private:
     void addRecords(const ReadRecords &records,
                     ImportDestination destination,
                     const QString &name,
-                    const Window &window);
+                    const Window &window,
+                    TableKind kind = TableKind::Standard);
     void readRecords(const ReadFiles &read, const QString &name, const Window &window);
 
     /// What is added, and what is told of it.

@@ -60,6 +60,23 @@ private Q_SLOTS:
         QVERIFY(app.g_sheets.allAnswered());
     }
 
+    void aTabDelimitedFileIsSavedAtOnce()
+    {
+        AppFixture app;
+        chooseFile(app, "a\tb\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) { sheet.accept(); });
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            QCOMPARE(sheet.request().purpose, FileSheetController::Purpose::SaveFile);
+            sheet.setPaths({app.path(u"saved.tv3"_s)});
+            sheet.accept();
+        });
+
+        app.g_controller.imports().importTabDelimited(nullptr);
+
+        QVERIFY(app.g_sheets.allAnswered());
+        QTRY_VERIFY(QFile::exists(app.path(u"saved.tv3"_s)));
+    }
+
     void recordsAreAddedToTheWindowsDatafile()
     {
         AppFixture app;
