@@ -444,9 +444,10 @@ void ImportController::showNewDatafile(std::unique_ptr<DatafileDocument> documen
     if (!window)
         return;
     EditorWindowController &editor = window->controller();
+    window->bringToFront();
     editor.goToFirstRecord();
     const bool savesAtOnce = adding.kind == TableKind::Tab || adding.kind == TableKind::Custom;
-    tellAfterwards(&editor, adding, 0);
+    tellAfterwards(editor, adding, 0);
     if (savesAtOnce)
         editor.saveDocument();
 }
@@ -470,7 +471,7 @@ void ImportController::addTo(const Window &window, const Adding &adding)
             return;
         }
         window->goToFirstRecord();
-        tellAfterwards(window, adding, *removed);
+        tellAfterwards(*window, adding, *removed);
     };
     if (adding.destination == ImportDestination::Merge)
         inBackground<bool>(tr("Removing duplicate records…"), run, next);
@@ -478,7 +479,8 @@ void ImportController::addTo(const Window &window, const Adding &adding)
         next(true);
 }
 
-void ImportController::tellAfterwards(const Window &window, const Adding &adding, quint64 removed)
+/// In the window that took the records: it need not be the one from which the import was begun.
+void ImportController::tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed)
 {
     QStringList parts = {tr("%n record(s) imported", nullptr, static_cast<int>(adding.batch.count()))};
     if (removed > 0)
@@ -487,11 +489,10 @@ void ImportController::tellAfterwards(const Window &window, const Adding &adding
         parts.append(tr("%n surplus value(s) dropped", nullptr, static_cast<int>(adding.dropped)));
     if (adding.skipped > 0)
         parts.append(tr("%n file(s) passed over", nullptr, static_cast<int>(adding.skipped)));
-    if (window)
-        Q_EMIT window->statusMessage(parts.join(u", "_s));
+    Q_EMIT window.statusMessage(parts.join(u", "_s));
     const bool wasMended = adding.kind == TableKind::Csv || adding.kind == TableKind::Ssv;
     if (wasMended && adding.malformed > 0)
-        showAlert(g_sheets, malformedMessage(), malformedInformativeText(adding.malformed));
+        showAlert(window.sheets(), malformedMessage(), malformedInformativeText(adding.malformed));
 }
 
 } // namespace tavrin

@@ -90,7 +90,7 @@ private:
     void
     showNewDatafile(std::unique_ptr<DatafileDocument> document, const QString &name, const Adding &adding);
     void addTo(const Window &window, const Adding &adding);
-    void tellAfterwards(const Window &window, const Adding &adding, quint64 removed);
+    static void tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed);
     void tell(const Error &error);
 
     MainController &g_controller;

@@ -54,6 +54,7 @@ private Q_SLOTS:
 
         QCOMPARE(app.g_sheets.alerts(), QStringList{u"The imported file contained some malformed data."_s});
         QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(1));
+        QCOMPARE(app.window(0).g_broughtToFront, 1);
         const DatafileDocument &made = *app.g_controller.documents().first();
         QCOMPARE(rowsOf(made), QList<QStringList>({{u"c"_s, u"d <EXTRA FIELD> e"_s}}));
         QCOMPARE(made.displayName(), u"in"_s);
