@@ -60,10 +60,11 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     addDestinations(form);
     addOptions(form);
 
-    auto *label = new QLabel(tr("First rows as they are read:"), this);
+    auto *label = new QLabel(tr("First &rows as they are read:"), this);
     label->setBuddy(g_preview);
     layout->addWidget(label);
     g_preview->verticalHeader()->hide();
+    g_preview->setTabKeyNavigation(false);
     g_preview->setAccessibleName(tr("First rows"));
     layout->addWidget(g_preview, 1);
     layout->addWidget(g_note);
@@ -74,6 +75,8 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     layout->addWidget(makeSheetButtons(sheet, tr("&Import"), this));
     connect(&sheet, &QVSheetController::changed, this, &ImportDialog::showSheet);
     showSheet();
+    if (sheet.kind() != TableKind::Custom)
+        g_destinations->checkedButton()->setFocus();
     resize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 30);
 }
 
@@ -97,6 +100,7 @@ void ImportDialog::addOptions(QFormLayout *form)
 {
     if (g_sheet.kind() == TableKind::Custom) {
         auto *delimiter = new QPlainTextEdit(g_sheet.delimiterText(), this);
+        delimiter->setFocus();
         delimiter->setTabChangesFocus(true);
         delimiter->setMaximumHeight(fontMetrics().lineSpacing() * 4);
         form->addRow(tr("&Delimiter between records:"), delimiter);
