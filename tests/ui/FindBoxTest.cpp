@@ -20,6 +20,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void hitsAreNoPartOfTheText();
     void aHitInAFieldIsEditedWithControl();
     void buttonsSayWhatTheyDo();
+    void theCountLeavesOtherMessages();
     void thePanelReplacesInTheFrontWindow();
     void severalFilesAreListedSortedAndCopied();
     void colorsCanBeRead();
@@ -190,6 +192,21 @@ void FindBoxTest::buttonsSayWhatTheyDo()
     for (const QString &name : {u"findBoxForward"_s, u"findBoxReverse"_s, u"findBoxToggle"_s}) {
         QVERIFY(!button(name).accessibleName().isEmpty());
     }
+}
+
+void FindBoxTest::theCountLeavesOtherMessages()
+{
+    const auto shown = [this] { return window().statusBar()->currentMessage(); };
+    entry().setText(u"bindery"_s);
+    QTRY_VERIFY(shown().contains(u" of "_s));
+    Q_EMIT window().controller().statusMessage(u"Records imported: 2"_s);
+    Q_EMIT document().changed({});
+    QTest::qWait(500);
+    QCOMPARE(shown(), u"Records imported: 2"_s);
+    entry().setText(u"e"_s);
+    QTRY_VERIFY(shown().contains(u" of "_s));
+    entry().clear();
+    QVERIFY(shown().isEmpty());
 }
 
 void FindBoxTest::thePanelReplacesInTheFrontWindow()
