@@ -139,7 +139,8 @@ void ImportAssistantDialog::showColumns()
         target->setCurrentIndex(static_cast<int>(g_sheet.columns()[column].target));
         target->setAccessibleName(tr("Where column “%1” goes").arg(names[column]));
         g_preview->setCellWidget(0, column, target);
-        g_preview->setColumnWidth(column, std::max(target->sizeHint().width(), 120));
+        g_preview->setColumnWidth(column,
+                                  std::max(target->sizeHint().width(), g_preview->columnWidth(column)));
         // Its change makes this row anew, so not from inside of its own signal.
         connect(
             target,
@@ -167,7 +168,6 @@ ImportDifferencesDialog::ImportDifferencesDialog(ImportDifferencesSheetControlle
         rows.append({difference.key, difference.fieldName, difference.oldContent, difference.newContent});
     showRows(table, {tr("Record"), tr("Field"), tr("Now"), tr("In the file")}, rows);
     table->verticalHeader()->hide();
-    table->horizontalHeader()->setStretchLastSection(true);
     layout->addWidget(table, 1);
     layout->addWidget(makeSheetButtons(sheet, tr("&Update"), this));
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 26);

@@ -41,6 +41,12 @@ void showRows(QTableWidget *table, const QStringList &names, const QList<QString
             table->setItem(row, column, item);
         }
     }
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->resizeColumnsToContents();
+    constexpr int widestInCharacters = 40;
+    const int widest = table->fontMetrics().averageCharWidth() * widestInCharacters;
+    for (int column = 0; column < width; ++column)
+        table->setColumnWidth(column, std::min(table->columnWidth(column), widest));
 }
 
 ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
@@ -133,7 +139,6 @@ void ImportDialog::showSheet()
         g_destinations->button(id)->setEnabled(g_sheet.canUseCurrent());
     g_current->setText(g_sheet.currentDatafileName());
     showRows(g_preview, g_sheet.previewNames(), g_sheet.previewRows());
-    g_preview->horizontalHeader()->setStretchLastSection(g_preview->columnCount() == 1);
     setNote(g_note, g_sheet.note());
     g_assistant->setVisible(g_sheet.offersAssistant());
 }
