@@ -12,6 +12,7 @@
 #include "io/FolderFiles.h"
 
 #include <QFileInfo>
+#include <QLocale>
 
 #include <limits>
 
@@ -291,9 +292,10 @@ void ImportController::update(const ReadTable &table,
             return;
         }
         window->loadCurrentRecord();
+        const QLocale locale;
         Q_EMIT window->statusMessage(
-            tr("%n record(s) updated, %1 added", nullptr, static_cast<int>(updating->changedCount()))
-                .arg(updating->newCount()));
+            tr("Records updated: %1, added: %2")
+                .arg(locale.toString(updating->changedCount()), locale.toString(updating->newCount())));
     };
     const auto next = [=, this](const Result<bool> &) {
         if (updating->wasCancelled())
@@ -482,13 +484,14 @@ void ImportController::addTo(const Window &window, const Adding &adding)
 /// In the window that took the records: it need not be the one from which the import was begun.
 void ImportController::tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed)
 {
-    QStringList parts = {tr("%n record(s) imported", nullptr, static_cast<int>(adding.batch.count()))};
+    const QLocale locale;
+    QStringList parts = {tr("Records imported: %1").arg(locale.toString(adding.batch.count()))};
     if (removed > 0)
-        parts.append(tr("%n duplicate(s) removed", nullptr, static_cast<int>(removed)));
+        parts.append(tr("duplicates removed: %1").arg(locale.toString(removed)));
     if (adding.dropped > 0)
-        parts.append(tr("%n surplus value(s) dropped", nullptr, static_cast<int>(adding.dropped)));
+        parts.append(tr("surplus values dropped: %1").arg(locale.toString(adding.dropped)));
     if (adding.skipped > 0)
-        parts.append(tr("%n file(s) passed over", nullptr, static_cast<int>(adding.skipped)));
+        parts.append(tr("files passed over: %1").arg(locale.toString(adding.skipped)));
     Q_EMIT window.statusMessage(parts.join(u", "_s));
     const bool wasMended = adding.kind == TableKind::Csv || adding.kind == TableKind::Ssv;
     if (wasMended && adding.malformed > 0)

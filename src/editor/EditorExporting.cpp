@@ -16,6 +16,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -226,8 +227,7 @@ void EditorExporting::write(const QString &path, const Write &write)
     connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
         const Result<> &outcome = work->outcome();
         if (outcome)
-            Q_EMIT g_window.statusMessage(
-                tr("%n record(s) exported", nullptr, static_cast<int>(work->count())));
+            Q_EMIT g_window.statusMessage(tr("Records exported: %1").arg(QLocale().toString(work->count())));
         else if (outcome.error().kind != Error::Kind::Cancelled)
             showAlert(g_sheets, tr("The records could not be exported."), outcome.error().message);
     });
