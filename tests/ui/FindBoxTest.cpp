@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
@@ -189,6 +190,11 @@ void FindBoxTest::buttonsSayWhatTheyDo()
     QTRY_COMPARE(window().controller().countSelected(), 1);
     QTest::mouseClick(&button(u"findBoxReverse"_s), Qt::LeftButton);
     QVERIFY(window().controller().countSelected() > 1);
+    const bool wasInternetStyle = window().controller().search().isInternetStyle();
+    Q_EMIT toggle.customContextMenuRequested({});
+    toggle.findChild<QMenu *>()->actions().at(1)->trigger();
+    QVERIFY(window().controller().search().isInternetStyle() != wasInternetStyle);
+    toggle.findChild<QMenu *>()->close();
     for (const QString &name : {u"findBoxForward"_s, u"findBoxReverse"_s, u"findBoxToggle"_s}) {
         QVERIFY(!button(name).accessibleName().isEmpty());
     }
