@@ -111,6 +111,7 @@ void ImportController::askForFile(const QString &title, const QStringList &filte
     request.acceptLabel = tr("Import");
     request.nameFilters = filters + QStringList{tr("All files (*)")};
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_controller.preferences(), u"LastImportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [chosen, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             chosen(sheet->path());
@@ -125,6 +126,7 @@ void ImportController::askForFolder(const QString &title, const Chosen &chosen)
     request.title = title;
     request.acceptLabel = tr("Import");
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_controller.preferences(), u"LastImportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [chosen, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             chosen(sheet->path());

@@ -212,6 +212,7 @@ void EditorExporting::askForPlace(const Panel &panel, const Write &write)
         request.nameFilters = {u"*."_s + panel.extension, tr("All files (*)")};
     }
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_window.preferences(), u"LastExportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             this->write(sheet->path(), write);

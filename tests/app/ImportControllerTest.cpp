@@ -186,6 +186,7 @@ private Q_SLOTS:
         QCOMPARE(DatafileFixture::contentOf(path), QByteArray("a,\"b, c\"\n"));
 
         app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            QCOMPARE(sheet.request().folder, QFileInfo(path).absolutePath());
             sheet.setPaths({app.path(u"missing/out.txt"_s)});
             sheet.accept();
         });
