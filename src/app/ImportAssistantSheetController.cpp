@@ -5,6 +5,8 @@
 
 #include "io/DialectDetection.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 namespace tavrin {
@@ -225,11 +227,12 @@ ImportDifferencesSheetController::ImportDifferencesSheetController(const RecordU
     : g_differences(updating.differences())
     , g_changesAnything(updating.changedCount() + updating.newCount() > 0)
 {
-    QStringList parts = {tr("%n record(s) change", nullptr, static_cast<int>(updating.changedCount())),
-                         tr("%n are new", nullptr, static_cast<int>(updating.newCount())),
-                         tr("%n stay as they are", nullptr, static_cast<int>(updating.unchangedCount()))};
+    const QLocale locale;
+    QStringList parts = {tr("Records that change: %1").arg(locale.toString(updating.changedCount())),
+                         tr("new: %1").arg(locale.toString(updating.newCount())),
+                         tr("unchanged: %1").arg(locale.toString(updating.unchangedCount()))};
     if (updating.lockedCount() > 0)
-        parts.append(tr("%n are locked and stay, too", nullptr, static_cast<int>(updating.lockedCount())));
+        parts.append(tr("locked and left unchanged: %1").arg(locale.toString(updating.lockedCount())));
     g_summary = parts.join(u", "_s) + u'.';
 }
 

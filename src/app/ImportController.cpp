@@ -12,6 +12,7 @@
 #include "io/FolderFiles.h"
 
 #include <QFileInfo>
+#include <QLocale>
 
 #include <limits>
 
@@ -110,6 +111,7 @@ void ImportController::askForFile(const QString &title, const QStringList &filte
     request.acceptLabel = tr("Import");
     request.nameFilters = filters + QStringList{tr("All files (*)")};
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_controller.preferences(), u"LastImportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [chosen, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             chosen(sheet->path());
@@ -124,6 +126,7 @@ void ImportController::askForFolder(const QString &title, const Chosen &chosen)
     request.title = title;
     request.acceptLabel = tr("Import");
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_controller.preferences(), u"LastImportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [chosen, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             chosen(sheet->path());
@@ -291,9 +294,10 @@ void ImportController::update(const ReadTable &table,
             return;
         }
         window->loadCurrentRecord();
+        const QLocale locale;
         Q_EMIT window->statusMessage(
-            tr("%n record(s) updated, %1 added", nullptr, static_cast<int>(updating->changedCount()))
-                .arg(updating->newCount()));
+            tr("Records updated: %1, added: %2")
+                .arg(locale.toString(updating->changedCount()), locale.toString(updating->newCount())));
     };
     const auto next = [=, this](const Result<bool> &) {
         if (updating->wasCancelled())
@@ -361,7 +365,7 @@ void ImportController::importRichText(const QString &path, const Window &window)
             return;
         const ImportDestination destination = sheet->options().destination;
         const ReadRecords records = cutRichText(*text, sheet->delimiterText());
-        addRecords(records, destination, tr("Custom-Delimited"), window);
+        addRecords(records, destination, tr("Custom-Delimited"), window, TableKind::Custom);
     });
     g_sheets.begin(std::move(sheet));
 }
@@ -403,7 +407,8 @@ void ImportController::askWhereRecordsGo(const ReadRecords &records,
 void ImportController::addRecords(const ReadRecords &records,
                                   ImportDestination destination,
                                   const QString &name,
-                                  const Window &window)
+                                  const Window &window,
+                                  TableKind kind)
 {
     const bool isNew = destination == ImportDestination::NewDatafile;
     if (!isNew && !window)
@@ -417,7 +422,8 @@ void ImportController::addRecords(const ReadRecords &records,
         tell(batch ? nothingImported() : batch.error());
         return;
     }
-    const Adding adding{.batch = *batch, .destination = destination, .skipped = records.skippedCount};
+    const Adding adding{
+        .batch = *batch, .destination = destination, .kind = kind, .skipped = records.skippedCount};
     if (isNew)
         showNewDatafile(std::move(document), name, adding);
     else
@@ -442,9 +448,10 @@ void ImportController::showNewDatafile(std::unique_ptr<DatafileDocument> documen
     if (!window)
         return;
     EditorWindowController &editor = window->controller();
+    window->bringToFront();
     editor.goToFirstRecord();
     const bool savesAtOnce = adding.kind == TableKind::Tab || adding.kind == TableKind::Custom;
-    tellAfterwards(&editor, adding, 0);
+    tellAfterwards(editor, adding, 0);
     if (savesAtOnce)
         editor.saveDocument();
 }
@@ -468,7 +475,7 @@ void ImportController::addTo(const Window &window, const Adding &adding)
             return;
         }
         window->goToFirstRecord();
-        tellAfterwards(window, adding, *removed);
+        tellAfterwards(*window, adding, *removed);
     };
     if (adding.destination == ImportDestination::Merge)
         inBackground<bool>(tr("Removing duplicate records…"), run, next);
@@ -476,20 +483,21 @@ void ImportController::addTo(const Window &window, const Adding &adding)
         next(true);
 }
 
-void ImportController::tellAfterwards(const Window &window, const Adding &adding, quint64 removed)
+/// In the window that took the records: it need not be the one from which the import was begun.
+void ImportController::tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed)
 {
-    QStringList parts = {tr("%n record(s) imported", nullptr, static_cast<int>(adding.batch.count()))};
+    const QLocale locale;
+    QStringList parts = {tr("Records imported: %1").arg(locale.toString(adding.batch.count()))};
     if (removed > 0)
-        parts.append(tr("%n duplicate(s) removed", nullptr, static_cast<int>(removed)));
+        parts.append(tr("duplicates removed: %1").arg(locale.toString(removed)));
     if (adding.dropped > 0)
-        parts.append(tr("%n surplus value(s) dropped", nullptr, static_cast<int>(adding.dropped)));
+        parts.append(tr("surplus values dropped: %1").arg(locale.toString(adding.dropped)));
     if (adding.skipped > 0)
-        parts.append(tr("%n file(s) passed over", nullptr, static_cast<int>(adding.skipped)));
-    if (window)
-        Q_EMIT window->statusMessage(parts.join(u", "_s));
+        parts.append(tr("files passed over: %1").arg(locale.toString(adding.skipped)));
+    Q_EMIT window.statusMessage(parts.join(u", "_s));
     const bool wasMended = adding.kind == TableKind::Csv || adding.kind == TableKind::Ssv;
     if (wasMended && adding.malformed > 0)
-        showAlert(g_sheets, malformedMessage(), malformedInformativeText(adding.malformed));
+        showAlert(window.sheets(), malformedMessage(), malformedInformativeText(adding.malformed));
 }
 
 } // namespace tavrin

@@ -73,7 +73,8 @@ private:
     void addRecords(const ReadRecords &records,
                     ImportDestination destination,
                     const QString &name,
-                    const Window &window);
+                    const Window &window,
+                    TableKind kind = TableKind::Standard);
     void readRecords(const ReadFiles &read, const QString &name, const Window &window);
 
     /// What is added, and what is told of it.
@@ -89,7 +90,7 @@ private:
     void
     showNewDatafile(std::unique_ptr<DatafileDocument> document, const QString &name, const Adding &adding);
     void addTo(const Window &window, const Adding &adding);
-    void tellAfterwards(const Window &window, const Adding &adding, quint64 removed);
+    static void tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed);
     void tell(const Error &error);
 
     MainController &g_controller;

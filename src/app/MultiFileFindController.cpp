@@ -15,6 +15,12 @@
 
 namespace tavrin {
 
+namespace {
+
+const QString lastFolder = QStringLiteral("LastMultiFileFindFolder");
+
+} // namespace
+
 /// What both threads know: rows go from one to the other.
 struct MultiFileFindController::Search
 {
@@ -73,7 +79,15 @@ void MultiFileFindController::setWhere(Where where)
 void MultiFileFindController::setChosenPaths(const QStringList &paths)
 {
     g_chosenPaths = paths;
+    if (!paths.isEmpty())
+        g_application.preferences().setObject(QFileInfo(paths.first()).absolutePath(), lastFolder);
     Q_EMIT changed();
+}
+
+QString MultiFileFindController::folderToChooseIn() const
+{
+    const QString last = g_application.preferences().stringForKey(lastFolder);
+    return QFileInfo(last).isDir() ? last : QString();
 }
 
 bool MultiFileFindController::canSearch() const

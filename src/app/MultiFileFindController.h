@@ -37,6 +37,8 @@ public:
     void setWhere(Where where);
     QStringList chosenPaths() const { return g_chosenPaths; }
     void setChosenPaths(const QStringList &paths);
+    /// Where datafiles were chosen last; empty: nowhere that is still there.
+    QString folderToChooseIn() const;
 
     bool isSearching() const { return g_search != nullptr; }
     bool canSearch() const;

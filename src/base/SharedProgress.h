@@ -29,6 +29,10 @@ public:
         return total > 0 ? static_cast<double>(g_done) / static_cast<double>(total) : -1;
     }
 
+    qint64 done() const { return g_done; }
+    /// 0 while it is not known.
+    qint64 total() const { return g_total; }
+
 private:
     std::atomic<qint64> g_done{0};
     std::atomic<qint64> g_total{0};

@@ -16,6 +16,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -211,6 +212,7 @@ void EditorExporting::askForPlace(const Panel &panel, const Write &write)
         request.nameFilters = {u"*."_s + panel.extension, tr("All files (*)")};
     }
     auto sheet = std::make_unique<FileSheetController>(request);
+    sheet->keepFolder(g_window.preferences(), u"LastExportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             this->write(sheet->path(), write);
@@ -226,8 +228,7 @@ void EditorExporting::write(const QString &path, const Write &write)
     connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
         const Result<> &outcome = work->outcome();
         if (outcome)
-            Q_EMIT g_window.statusMessage(
-                tr("%n record(s) exported", nullptr, static_cast<int>(work->count())));
+            Q_EMIT g_window.statusMessage(tr("Records exported: %1").arg(QLocale().toString(work->count())));
         else if (outcome.error().kind != Error::Kind::Cancelled)
             showAlert(g_sheets, tr("The records could not be exported."), outcome.error().message);
     });

@@ -44,6 +44,9 @@ void EditorPermission::setUpReadOnlyAndLock()
         setUpLock();
     }
     g_document.setOpenedReadOnly(g_readOnlyByOpening);
+    // What was never saved has nothing to protect: an import, for one, saves it at once.
+    if (g_document.filePath().isEmpty() && settings.password().isEmpty())
+        decide();
 }
 
 void EditorPermission::setUpLock()

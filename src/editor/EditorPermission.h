@@ -25,7 +25,7 @@ public:
     EditorPermission(DatafileDocument &document, SheetHost &sheets);
 
     /// Opens the document read-only where the settings or somebody else's lock file say so, and makes our
-    /// own lock file where it is wanted.
+    /// own lock file where it is wanted. Permits saving at once where there is neither a file nor a password.
     void setUpReadOnlyAndLock();
 
     /// Tells of a datafile that grows too large to be handled well.

@@ -84,6 +84,8 @@ public:
     EditorLinks &links() { return *g_links; }
     const EditorLinks &links() const { return *g_links; }
     EditorView &view() const { return *g_view; }
+    /// Where the questions of this window are put.
+    SheetHost &sheets() { return g_sheets; }
 
     // What the window shows.
     RecordData *currentRecord() { return g_currentRecord; }

@@ -3,9 +3,24 @@
 
 #include "editor/FileSheetController.h"
 
+#include "model/Preferences.h"
+
 #include <QFileInfo>
 
 namespace tavrin {
+
+void FileSheetController::keepFolder(Preferences &preferences, const QString &key)
+{
+    const QString last = preferences.stringForKey(key);
+    if (g_request.folder.isEmpty() && QFileInfo(last).isDir())
+        g_request.folder = last;
+    connect(this, &QVSheetController::finished, this, [this, &preferences, key](int code) {
+        if (code != FirstButton || path().isEmpty())
+            return;
+        const bool isFolder = g_request.purpose == Purpose::OpenFolder;
+        preferences.setObject(isFolder ? path() : QFileInfo(path()).absolutePath(), key);
+    });
+}
 
 void FileSheetController::setPaths(const QStringList &paths)
 {

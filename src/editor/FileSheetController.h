@@ -9,6 +9,8 @@
 
 namespace tavrin {
 
+class Preferences;
+
 /// Which file to open, or where to save.
 class FileSheetController : public QVSheetController
 {
@@ -29,6 +31,10 @@ public:
     };
 
     explicit FileSheetController(Request request) : g_request(std::move(request)) {}
+
+    /// Starts where the person was last for this purpose, unless the request says where, and remembers the
+    /// folder of the answer. The preferences outlive the sheet.
+    void keepFolder(Preferences &preferences, const QString &key);
 
     const Request &request() const { return g_request; }
 

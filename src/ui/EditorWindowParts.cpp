@@ -15,6 +15,7 @@
 #include "ui/EditorWindow.h"
 #include "ui/FieldWrapping.h"
 #include "ui/FindBox.h"
+#include "ui/FindCountLine.h"
 #include "ui/FreeformRuler.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
@@ -269,9 +270,8 @@ void EditorWindow::buildFinding()
     g_findView = std::make_unique<WindowFindView>(
         *g_findBox, *g_text, [this]() -> RecordTableView & { return visibleTable(); });
     g_controller.search().attachView(*g_findView);
-    connect(&g_controller.search(), &EditorSearchController::counted, this, [this](const QString &line) {
-        statusBar()->showMessage(line);
-    });
+    auto *count = new FindCountLine(*statusBar(), g_findBox->entry());
+    connect(&g_controller.search(), &EditorSearchController::counted, count, &FindCountLine::show);
 }
 
 void EditorWindow::buildStatusBar()

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace tavrin {
@@ -47,7 +48,7 @@ void ExportDialog::addTableOptions()
     auto *encoding = new QComboBox(this);
     encoding->addItem(tr("UTF-8"));
     encoding->addItem(tr("UTF-16"));
-    form->addRow(tr("&Encoding:"), encoding);
+    form->addRow(tr("En&coding:"), encoding);
     connect(encoding, &QComboBox::currentIndexChanged, &g_sheet, [this](int index) {
         g_sheet.setUtf16(index == 1);
     });
@@ -70,7 +71,7 @@ void ExportDialog::addNameField()
     field->addItem(tr("Name of the datafile"));
     for (const QString &name : g_sheet.fieldNames())
         field->addItem(tr("Field “%1”").arg(name));
-    form->addRow(tr("Files are named by:"), field);
+    form->addRow(tr("Files are &named by:"), field);
     connect(field, &QComboBox::currentIndexChanged, &g_sheet, [this](int index) {
         g_sheet.setNameField(index == 0 ? std::optional<int>() : index - 1);
     });
@@ -104,11 +105,19 @@ FreeformDialog::FreeformDialog(FreeformSheetController &sheet, QWidget *parent) 
         sheet.setFreeformTextFormat(format->toPlainText());
     });
     const auto insert = [format](const QListWidgetItem *item) {
+        if (!item)
+            return;
         format->insertPlainText(FreeformSheetController::markOf(item->text()));
         format->setFocus();
     };
-    connect(fields, &QListWidget::itemActivated, format, insert);
     connect(fields, &QListWidget::itemClicked, format, insert);
+    // By a shortcut: a key that the list lets through presses Export as well.
+    auto *activate = new QShortcut(fields);
+    activate->setKeys({Qt::Key_Return, Qt::Key_Enter});
+    activate->setContext(Qt::WidgetShortcut);
+    connect(activate, &QShortcut::activated, format, [fields, insert] { insert(fields->currentItem()); });
+    format->moveCursor(QTextCursor::End);
+    format->setFocus();
     grid->addWidget(makeSheetButtons(sheet, tr("&Export…"), this), 3, 0, 1, 2);
     resize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 22);
 }

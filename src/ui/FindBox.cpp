@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 
 namespace tavrin {
@@ -58,6 +59,8 @@ FindBox::FindBox(EditorSearchController &controller, QWidget *parent)
     connect(g_toggle, &QToolButton::clicked, &controller, [this] {
         g_controller.toggleFindButton(heldKeys(QGuiApplication::keyboardModifiers()));
     });
+    g_toggle->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(g_toggle, &QWidget::customContextMenuRequested, this, &FindBox::showToggleMenu);
     connect(&controller, &EditorSearchController::modesChanged, this, &FindBox::updateModes);
     updateModes();
 }
@@ -87,6 +90,24 @@ void FindBox::updateModes()
     g_toggle->setToolTip(g_controller.toggleToolTip());
     g_toggle->setAccessibleName(tr("Find Options"));
     g_toggle->setAccessibleDescription(g_controller.toggleToolTip());
+}
+
+/// What the held keys do: window managers take Alt with a click for themselves.
+void FindBox::showToggleMenu(const QPoint &position)
+{
+    auto *menu = new QMenu(g_toggle);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [this, menu](const QString &text, bool isOn, EditorSearchController::HeldKeys keys) {
+        QAction *action =
+            menu->addAction(text, &g_controller, [this, keys] { g_controller.toggleFindButton(keys); });
+        action->setCheckable(true);
+        action->setChecked(isOn);
+        action->setEnabled(!g_controller.areOptionsLocked());
+    };
+    add(tr("&Select Instead of Finding"), g_controller.isSelectMode(), {});
+    add(tr("Keys Between &Blanks, Phrases in Quotes"), g_controller.isInternetStyle(), {.option = true});
+    add(tr("&Case Sensitive"), g_controller.isCaseSensitive(), {.control = true});
+    menu->popup(g_toggle->mapToGlobal(position));
 }
 
 bool FindBox::eventFilter(QObject *object, QEvent *event)

@@ -31,6 +31,7 @@ protected:
 private:
     QToolButton *addButton(const QString &name);
     void updateModes();
+    void showToggleMenu(const QPoint &position);
 
     EditorSearchController &g_controller;
     QLineEdit *g_entry;

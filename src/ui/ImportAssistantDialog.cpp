@@ -44,16 +44,18 @@ ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &she
     addReading(reading);
     addDestinations(destinations);
 
-    auto *label = new QLabel(tr("Above each column stands where it goes:"), this);
+    auto *label = new QLabel(tr("Above each column stands &where it goes:"), this);
     label->setBuddy(g_preview);
     layout->addWidget(label);
     g_preview->setAccessibleName(tr("Columns and first rows"));
+    g_preview->setTabKeyNavigation(false);
     g_preview->verticalHeader()->hide();
     layout->addWidget(g_preview, 1);
     layout->addWidget(g_note);
     layout->addWidget(makeSheetButtons(sheet, tr("&Import"), this));
     connect(&sheet, &QVSheetController::changed, this, &ImportAssistantDialog::showSheet);
     showSheet();
+    g_destinations->checkedButton()->setFocus();
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
 }
 
@@ -63,7 +65,7 @@ void ImportAssistantDialog::addReading(QFormLayout *form)
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     auto *separator = new QComboBox(this);
     setItems(separator, g_sheet.separatorItems(), g_sheet.separator());
-    form->addRow(tr("Values end with:"), separator);
+    form->addRow(tr("&Values end with:"), separator);
     connect(separator, &QComboBox::currentIndexChanged, &g_sheet, &Sheet::setSeparator);
 
     auto *quote = new QComboBox(this);
@@ -91,8 +93,8 @@ void ImportAssistantDialog::addReading(QFormLayout *form)
 void ImportAssistantDialog::addDestinations(QFormLayout *form)
 {
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    const QString current =
-        g_sheet.hasTarget() ? tr("“%1”").arg(g_sheet.targetTitle()) : tr("the current datafile");
+    const QString title = g_sheet.targetTitle().replace(u'&', QStringLiteral("&&"));
+    const QString current = g_sheet.hasTarget() ? tr("“%1”").arg(title) : tr("the current datafile");
     const QStringList texts = {tr("&Create a new datafile"),
                                tr("&Append to %1").arg(current),
                                tr("&Merge into it, without duplicates"),
@@ -137,7 +139,8 @@ void ImportAssistantDialog::showColumns()
         target->setCurrentIndex(static_cast<int>(g_sheet.columns()[column].target));
         target->setAccessibleName(tr("Where column “%1” goes").arg(names[column]));
         g_preview->setCellWidget(0, column, target);
-        g_preview->setColumnWidth(column, std::max(target->sizeHint().width(), 120));
+        g_preview->setColumnWidth(column,
+                                  std::max(target->sizeHint().width(), g_preview->columnWidth(column)));
         // Its change makes this row anew, so not from inside of its own signal.
         connect(
             target,
@@ -159,12 +162,12 @@ ImportDifferencesDialog::ImportDifferencesDialog(ImportDifferencesSheetControlle
     layout->addWidget(summary);
     auto *table = new QTableWidget(this);
     table->setAccessibleName(tr("What changes"));
+    table->setTabKeyNavigation(false);
     QList<QStringList> rows;
     for (const RowDifference &difference : sheet.differences())
         rows.append({difference.key, difference.fieldName, difference.oldContent, difference.newContent});
     showRows(table, {tr("Record"), tr("Field"), tr("Now"), tr("In the file")}, rows);
     table->verticalHeader()->hide();
-    table->horizontalHeader()->setStretchLastSection(true);
     layout->addWidget(table, 1);
     layout->addWidget(makeSheetButtons(sheet, tr("&Update"), this));
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 26);

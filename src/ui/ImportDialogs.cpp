@@ -41,6 +41,12 @@ void showRows(QTableWidget *table, const QStringList &names, const QList<QString
             table->setItem(row, column, item);
         }
     }
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->resizeColumnsToContents();
+    constexpr int widestInCharacters = 40;
+    const int widest = table->fontMetrics().averageCharWidth() * widestInCharacters;
+    for (int column = 0; column < width; ++column)
+        table->setColumnWidth(column, std::min(table->columnWidth(column), widest));
 }
 
 ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
@@ -60,10 +66,11 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     addDestinations(form);
     addOptions(form);
 
-    auto *label = new QLabel(tr("First rows as they are read:"), this);
+    auto *label = new QLabel(tr("First &rows as they are read:"), this);
     label->setBuddy(g_preview);
     layout->addWidget(label);
     g_preview->verticalHeader()->hide();
+    g_preview->setTabKeyNavigation(false);
     g_preview->setAccessibleName(tr("First rows"));
     layout->addWidget(g_preview, 1);
     layout->addWidget(g_note);
@@ -74,6 +81,8 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     layout->addWidget(makeSheetButtons(sheet, tr("&Import"), this));
     connect(&sheet, &QVSheetController::changed, this, &ImportDialog::showSheet);
     showSheet();
+    if (sheet.kind() != TableKind::Custom)
+        g_destinations->checkedButton()->setFocus();
     resize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 30);
 }
 
@@ -97,6 +106,7 @@ void ImportDialog::addOptions(QFormLayout *form)
 {
     if (g_sheet.kind() == TableKind::Custom) {
         auto *delimiter = new QPlainTextEdit(g_sheet.delimiterText(), this);
+        delimiter->setFocus();
         delimiter->setTabChangesFocus(true);
         delimiter->setMaximumHeight(fontMetrics().lineSpacing() * 4);
         form->addRow(tr("&Delimiter between records:"), delimiter);
@@ -129,7 +139,6 @@ void ImportDialog::showSheet()
         g_destinations->button(id)->setEnabled(g_sheet.canUseCurrent());
     g_current->setText(g_sheet.currentDatafileName());
     showRows(g_preview, g_sheet.previewNames(), g_sheet.previewRows());
-    g_preview->horizontalHeader()->setStretchLastSection(g_preview->columnCount() == 1);
     setNote(g_note, g_sheet.note());
     g_assistant->setVisible(g_sheet.offersAssistant());
 }

@@ -201,7 +201,7 @@ QLayout *MultiFileFindWindow::makeFoot()
 
 void MultiFileFindWindow::choose()
 {
-    auto *panel = new QFileDialog(this, tr("Choose Datafiles"));
+    auto *panel = new QFileDialog(this, tr("Choose Datafiles"), g_controller.folderToChooseIn());
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setWindowModality(Qt::WindowModal);
     panel->setFileMode(QFileDialog::ExistingFiles);

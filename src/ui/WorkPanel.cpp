@@ -6,12 +6,18 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLocale>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tavrin {
 
-WorkPanel::WorkPanel(const QString &title, QWidget *window) : QDialog(window), g_bar(new QProgressBar(this))
+WorkPanel::WorkPanel(const QString &title, QWidget *window)
+    : QDialog(window)
+    , g_bar(new QProgressBar(this))
+    , g_done(new QLabel(this))
 {
     constexpr int widthInCharacters = 60;
     const int width = fontMetrics().averageCharWidth() * widthInCharacters;
@@ -32,6 +38,7 @@ WorkPanel::WorkPanel(const QString &title, QWidget *window) : QDialog(window), g
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(label);
     layout->addWidget(g_bar);
+    layout->addWidget(g_done);
     layout->addWidget(buttons);
     setFraction(-1);
 }
@@ -43,6 +50,14 @@ void WorkPanel::setFraction(double fraction)
     const bool isKnown = fraction > 0 && fraction < 1;
     g_bar->setRange(0, isKnown ? steps : 0);
     g_bar->setValue(qRound(fraction * steps));
+}
+
+void WorkPanel::setDone(qint64 done, qint64 total)
+{
+    const QLocale locale;
+    g_done->setText(total > 1
+                        ? tr("%1 of %2").arg(locale.toString(std::min(done, total)), locale.toString(total))
+                        : QString());
 }
 
 } // namespace tavrin

@@ -54,10 +54,28 @@ private Q_SLOTS:
 
         QCOMPARE(app.g_sheets.alerts(), QStringList{u"The imported file contained some malformed data."_s});
         QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(1));
+        QCOMPARE(app.window(0).g_broughtToFront, 1);
         const DatafileDocument &made = *app.g_controller.documents().first();
         QCOMPARE(rowsOf(made), QList<QStringList>({{u"c"_s, u"d <EXTRA FIELD> e"_s}}));
         QCOMPARE(made.displayName(), u"in"_s);
         QVERIFY(app.g_sheets.allAnswered());
+    }
+
+    void aTabDelimitedFileIsSavedAtOnce()
+    {
+        AppFixture app;
+        chooseFile(app, "a\tb\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) { sheet.accept(); });
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            QCOMPARE(sheet.request().purpose, FileSheetController::Purpose::SaveFile);
+            sheet.setPaths({app.path(u"saved.tv3"_s)});
+            sheet.accept();
+        });
+
+        app.g_controller.imports().importTabDelimited(nullptr);
+
+        QVERIFY(app.g_sheets.allAnswered());
+        QTRY_VERIFY(QFile::exists(app.path(u"saved.tv3"_s)));
     }
 
     void recordsAreAddedToTheWindowsDatafile()
@@ -168,6 +186,7 @@ private Q_SLOTS:
         QCOMPARE(DatafileFixture::contentOf(path), QByteArray("a,\"b, c\"\n"));
 
         app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            QCOMPARE(sheet.request().folder, QFileInfo(path).absolutePath());
             sheet.setPaths({app.path(u"missing/out.txt"_s)});
             sheet.accept();
         });

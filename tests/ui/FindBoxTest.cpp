@@ -19,7 +19,9 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void hitsAreNoPartOfTheText();
     void aHitInAFieldIsEditedWithControl();
     void buttonsSayWhatTheyDo();
+    void theCountLeavesOtherMessages();
     void thePanelReplacesInTheFrontWindow();
     void severalFilesAreListedSortedAndCopied();
     void colorsCanBeRead();
@@ -187,9 +190,29 @@ void FindBoxTest::buttonsSayWhatTheyDo()
     QTRY_COMPARE(window().controller().countSelected(), 1);
     QTest::mouseClick(&button(u"findBoxReverse"_s), Qt::LeftButton);
     QVERIFY(window().controller().countSelected() > 1);
+    const bool wasInternetStyle = window().controller().search().isInternetStyle();
+    Q_EMIT toggle.customContextMenuRequested({});
+    toggle.findChild<QMenu *>()->actions().at(1)->trigger();
+    QVERIFY(window().controller().search().isInternetStyle() != wasInternetStyle);
+    toggle.findChild<QMenu *>()->close();
     for (const QString &name : {u"findBoxForward"_s, u"findBoxReverse"_s, u"findBoxToggle"_s}) {
         QVERIFY(!button(name).accessibleName().isEmpty());
     }
+}
+
+void FindBoxTest::theCountLeavesOtherMessages()
+{
+    const auto shown = [this] { return window().statusBar()->currentMessage(); };
+    entry().setText(u"bindery"_s);
+    QTRY_VERIFY(shown().contains(u" of "_s));
+    Q_EMIT window().controller().statusMessage(u"Records imported: 2"_s);
+    Q_EMIT document().changed({});
+    QTest::qWait(500);
+    QCOMPARE(shown(), u"Records imported: 2"_s);
+    entry().setText(u"e"_s);
+    QTRY_VERIFY(shown().contains(u" of "_s));
+    entry().clear();
+    QVERIFY(shown().isEmpty());
 }
 
 void FindBoxTest::thePanelReplacesInTheFrontWindow()

@@ -6,6 +6,7 @@
 #include "ui/WorkPanel.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QProgressBar>
 #include <QSemaphore>
 #include <QTest>
@@ -87,6 +88,8 @@ private Q_SLOTS:
         QTRY_VERIFY(panel());
         QVERIFY(panel()->windowModality() == Qt::WindowModal && panel()->parentWidget() == &window);
         QCOMPARE(panel()->findChild<QProgressBar *>()->value(), 250);
+        const QList<QLabel *> lines = panel()->findChildren<QLabel *>();
+        QVERIFY(std::ranges::any_of(lines, [](const QLabel *line) { return line->text() == u"1 of 4"; }));
         QTest::keyClick(panel(), Qt::Key_Escape);
         QVERIFY(!panel());
         QTRY_COMPARE(log, QStringList{u"first cancelled"_s});
