@@ -51,6 +51,7 @@ void ContentWork::take(quint32 number)
     if (changed.isEmpty())
         return;
     g_changedContents += changed.fields.size() + (changed.text ? 1 : 0);
+    ++g_changedRecords;
     g_changes.push_back(std::move(changed));
 }
 

@@ -48,7 +48,7 @@ public:
     bool wasCancelled() const { return g_wasCancelled; }
     /// How many selected records there are, and what is to become of them.
     qint64 records() const { return static_cast<qint64>(g_records.size()); }
-    qint64 changedRecords() const { return static_cast<qint64>(g_changes.size()); }
+    qint64 changedRecords() const { return g_changedRecords; }
     qint64 changedContents() const { return g_changedContents; }
     qint64 lockedRecords() const { return g_lockedRecords; }
     /// Records whose formatted text could not be changed without loss.
@@ -87,6 +87,7 @@ private:
     std::vector<quint32> g_records;
     std::vector<Change> g_changes;
     std::vector<Sample> g_samples;
+    qint64 g_changedRecords = 0;
     qint64 g_changedContents = 0;
     qint64 g_lockedRecords = 0;
     qint64 g_leftRecords = 0;
