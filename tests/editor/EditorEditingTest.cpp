@@ -4,6 +4,8 @@
 #include "EditorFixture.h"
 #include "richtext/Rtfd.h"
 
+#include <QSignalSpy>
+
 using namespace tavrin;
 
 class EditorEditingTest : public QObject
