@@ -6,9 +6,7 @@
 #include <QObject>
 
 #include <functional>
-#include <memory>
-
-class QThread;
+#include <thread>
 
 namespace tavrin {
 
@@ -25,7 +23,7 @@ public:
     ~BackgroundWork() override;
 
     /// Until `ended` is called.
-    bool isRunning() const { return g_thread != nullptr; }
+    bool isRunning() const { return g_isRunning; }
 
     /// Runs `work` elsewhere, then `ended` here: from the event loop, or from wait(). What `work` holds goes
     /// on its own thread. Not while other work is running.
@@ -37,8 +35,9 @@ public:
 private:
     void join();
 
-    std::unique_ptr<QThread> g_thread;
+    std::thread g_thread;
     std::function<void()> g_ended;
+    bool g_isRunning = false;
     quint64 g_number = 0; ///< Of the work begun last.
 };
 
