@@ -3,13 +3,15 @@
 
 // tavrin-bench-records FILE ROUNDS: adding, deleting, duplicating and removing duplicates in a datafile, and
 // filling a field in all records. Prints names and medians. "hash-set" is the least that finding duplicates
-// among the same bytes can cost: a set of them, one entry a record; "hash" is ours.
+// among the same bytes can cost: a set of them, one entry a record; "hash" is ours. What holds up a window is
+// "begin-" before other threads work, and "conclude-" after many records were changed bit by bit.
 
 #include "Measure.h"
 #include "document/DatafileDocument.h"
 #include "document/DuplicateRemoval.h"
 #include "document/FieldCommands.h"
 #include "document/RecordAdding.h"
+#include "document/RecordLocking.h"
 #include "document/RecordOperations.h"
 #include "document/UndoHistory.h"
 
@@ -19,6 +21,7 @@
 #include <cstdlib>
 #include <string>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -54,14 +57,24 @@ public:
                 g_document.undoHistory().undo();
             return true;
         };
-        return bench::timeInTurn(rounds,
-                                 {{"hash-set", [this] { return hashSet(); }},
-                                  {"hash", [this] { return findDuplicates(); }},
-                                  {"add-1000", [this] { return add(); }, undo},
-                                  {"duplicate-1000", [this] { return duplicate(); }, undo},
-                                  {"delete-1000", [this] { return remove(); }, undo},
-                                  {"undo-deleting-half", undo, [this] { return removeHalf(); }},
-                                  {"find-empty", [this] { return findEmpty(); }, undo}});
+        const auto selectAll = [this] {
+            g_document.datafileCatalog().selectAll();
+            return true;
+        };
+        return bench::timeInTurn(
+            rounds,
+            {{"hash-set", [this] { return hashSet(); }},
+             {"hash", [this] { return findDuplicates(); }, selectAll},
+             {"begin-hash", [this] { return beginHash(); }, selectAll},
+             {"begin-locking", [this] { return beginLocking(); }},
+             {"conclude-deleting-half",
+              [this] { return concludeRemoval(); },
+              [this] { return removeHalfInParts(); }},
+             {"add-1000", [this] { return add(); }, [this] { return takeBackRemoval(); }},
+             {"duplicate-1000", [this] { return duplicate(); }, undo},
+             {"delete-1000", [this] { return remove(); }, undo},
+             {"undo-deleting-half", undo, [this] { return removeHalf(); }},
+             {"find-empty", [this] { return findEmpty(); }, undo}});
     }
 
 private:
@@ -88,8 +101,40 @@ private:
         return !removal.wasCancelled();
     }
 
+    bool beginHash() const
+    {
+        return DuplicateRemoval(g_document, DuplicateRemoval::Compare::RichTexts).duplicates().empty();
+    }
+
+    bool beginLocking() const { return !RecordLocking(g_document, RecordLocking::Kind::Lock).wasCancelled(); }
+
+    /// All but the end of it.
+    bool removeHalfInParts()
+    {
+        if (!selectHalf())
+            return false;
+        const RecordOperations operations(g_document);
+        g_removal = *operations.deletionOf(operations.selectedRecords());
+        g_removal->begin(g_document);
+        g_removal->makeParts(g_document, 0, g_removal->partCount());
+        return true;
+    }
+
+    bool concludeRemoval()
+    {
+        g_removal->conclude(g_document);
+        return true;
+    }
+
+    bool takeBackRemoval()
+    {
+        g_removal->exchange(g_document);
+        return true;
+    }
+
     bool add()
     {
+
         RecordAdding adding(g_document);
         for (qint64 i = 0; i < singles; ++i)
             adding.addRecord(identifierAt(i));
@@ -114,15 +159,16 @@ private:
         return true;
     }
 
-    bool removeHalf()
+    bool selectHalf()
     {
         SubsetSortedData &catalog = g_document.datafileCatalog();
         std::vector<bool> states(static_cast<size_t>(catalog.count()));
         for (size_t i = 0; i < states.size(); i += 2)
             states[i] = true;
-        return catalog.setFindSelection(states)
-               && RecordOperations(g_document).deleteAllSelected().has_value();
+        return catalog.setFindSelection(states);
     }
+
+    bool removeHalf() { return selectHalf() && RecordOperations(g_document).deleteAllSelected().has_value(); }
 
     bool findEmpty()
     {
@@ -137,6 +183,7 @@ private:
 
     DatafileDocument &g_document;
     std::vector<std::string> g_bytes;
+    std::unique_ptr<SteppedChange> g_removal;
 };
 
 } // namespace

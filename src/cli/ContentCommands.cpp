@@ -302,80 +302,73 @@ QList<Option> targetOptions()
         {u"--separator"_s, u"TEXT"_s, Cli::tr("Between what stands there and what is appended.")}};
 }
 
+/// A command on the contents of the selected records. Its operands are words.
+Command contentCommand(const QString &name,
+                       const QString &operands,
+                       const QString &summary,
+                       const QList<Option> &options,
+                       ExitStatus (*run)(Call &call))
+{
+    const qsizetype count = operands.count(u' ') + 1;
+    return {name, operands, count, count, summary, recordsInPlay(), options + contentOptions(), run};
+}
+
 } // namespace
 
 Command fillCommand()
 {
-    return {
+    return contentCommand(
         u"fill"_s,
         u"FILE"_s,
-        1,
-        1,
         Cli::tr("Fills empty fields."),
-        recordsInPlay(),
-        QList<Option>{{u"--field"_s, u"FIELD"_s, Cli::tr("In this field alone (repeatable)."), true},
-                      {u"--text"_s, u"TEXT"_s, Cli::tr("With this text.")},
-                      {u"--number"_s, {}, Cli::tr("With running numbers, behind the text if there is one.")},
-                      {u"--date"_s, {}, Cli::tr("With today's date.")},
-                      {u"--start"_s, u"N"_s, Cli::tr("The first number; 1 unless it is said.")},
-                      {u"--step"_s, u"N"_s, Cli::tr("From one number to the next; 1 unless it is said.")}}
-            + contentOptions(),
-        runFill};
+        {{u"--field"_s, u"FIELD"_s, Cli::tr("In this field alone (repeatable)."), true},
+         {u"--text"_s, u"TEXT"_s, Cli::tr("With this text.")},
+         {u"--number"_s, {}, Cli::tr("With running numbers, behind the text if there is one.")},
+         {u"--date"_s, {}, Cli::tr("With today's date.")},
+         {u"--start"_s, u"N"_s, Cli::tr("The first number; 1 unless it is said.")},
+         {u"--step"_s, u"N"_s, Cli::tr("From one number to the next; 1 unless it is said.")}},
+        runFill);
 }
 
 Command replaceContentsCommand()
 {
-    return {u"replace-contents"_s,
-            u"FILE FIELD WITH"_s,
-            3,
-            3,
-            Cli::tr("Replaces what a field holds."),
-            recordsInPlay(),
-            QList<Option>{{u"--containing"_s, u"TEXT"_s, Cli::tr("Only where the content contains this.")},
-                          {u"--equal"_s, u"TEXT"_s, Cli::tr("Only where the content is this.")},
-                          {u"--case-sensitive"_s, {}, Cli::tr("Tell capital from small letters.")}}
-                + contentOptions(),
-            runReplaceContents};
+    return contentCommand(u"replace-contents"_s,
+                          u"FILE FIELD WITH"_s,
+                          Cli::tr("Replaces what a field holds."),
+                          {{u"--containing"_s, u"TEXT"_s, Cli::tr("Only where the content contains this.")},
+                           {u"--equal"_s, u"TEXT"_s, Cli::tr("Only where the content is this.")},
+                           {u"--case-sensitive"_s, {}, Cli::tr("Tell capital from small letters.")}},
+                          runReplaceContents);
 }
 
 Command transferCommand()
 {
-    return {u"transfer"_s,
-            u"FILE FROM TO"_s,
-            3,
-            3,
-            Cli::tr("Puts what a field or the text holds into another."),
-            recordsInPlay(),
-            QList<Option>{{u"--move"_s, {}, Cli::tr("Empty the field it comes from.")}} + targetOptions()
-                + contentOptions(),
-            runTransfer};
+    return contentCommand(u"transfer"_s,
+                          u"FILE FROM TO"_s,
+                          Cli::tr("Puts what a field or the text holds into another."),
+                          QList<Option>{{u"--move"_s, {}, Cli::tr("Empty the field it comes from.")}}
+                              + targetOptions(),
+                          runTransfer);
 }
 
 Command textToFieldsCommand()
 {
-    return {
+    return contentCommand(
         u"text-to-fields"_s,
         u"FILE"_s,
-        1,
-        1,
         Cli::tr("Moves lines of the text into the empty fields."),
-        recordsInPlay(),
-        QList<Option>{{u"--by-name"_s, {}, Cli::tr("Lines \"Name: value\" into the fields of these names.")}}
-            + contentOptions(),
-        runTextToFields};
+        {{u"--by-name"_s, {}, Cli::tr("Lines \"Name: value\" into the fields of these names.")}},
+        runTextToFields);
 }
 
 Command extractCommand()
 {
-    return {u"extract"_s,
-            u"FILE email|web|phone FIELD"_s,
-            3,
-            3,
-            Cli::tr("Moves addresses or telephone numbers from the text into a field."),
-            recordsInPlay(),
-            QList<Option>{{u"--all"_s, {}, Cli::tr("Not only the first of each text.")}} + targetOptions()
-                + contentOptions(),
-            runExtract};
+    return contentCommand(u"extract"_s,
+                          u"FILE email|web|phone FIELD"_s,
+                          Cli::tr("Moves addresses or telephone numbers from the text into a field."),
+                          QList<Option>{{u"--all"_s, {}, Cli::tr("Not only the first of each text.")}}
+                              + targetOptions(),
+                          runExtract);
 }
 
 } // namespace tavrin

@@ -144,9 +144,6 @@ ExitStatus runFields(Call &call)
         if (const Result<> defined = define(given, edit->document()); !defined)
             return call.failed(defined.error());
     }
-    // Without fields there is nothing that Basic View could show.
-    if (edit->document().datafileSettings().fields().isEmpty())
-        edit->document().datafileSettings().setMode(u"List"_s);
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());
     writeFields(call, edit->document());

@@ -11,6 +11,9 @@
 #include "document/RecordAdding.h"
 #include "document/RecordOperations.h"
 
+#include <functional>
+#include <initializer_list>
+
 namespace tavrin {
 
 using namespace Qt::StringLiterals;
@@ -45,6 +48,31 @@ QString faultOfTargetOption(const Arguments &arguments, const QString &option)
     return Cli::tr("%1 is first, last or after:NUMBER, not %2.").arg(option, text);
 }
 
+/// Opens the datafile that is to be changed, unless one of the faults is not null.
+ExitStatus edited(Call &call,
+                  std::initializer_list<QString> faults,
+                  const std::function<ExitStatus(DatafileEdit &edit)> &change)
+{
+    for (const QString &fault : faults) {
+        if (!fault.isNull())
+            return call.wrongUsage(fault);
+    }
+    Result<DatafileEdit> edit = DatafileEdit::open(call, call.arguments.operand(0));
+    return edit ? change(*edit) : call.failed(edit.error());
+}
+
+/// The same for what is done with the one record that the operands name.
+ExitStatus
+editedRecord(Call &call,
+             std::initializer_list<QString> faults,
+             const std::function<ExitStatus(DatafileEdit &edit, const QString &identifier)> &change)
+{
+    return edited(call, faults, [&](DatafileEdit &edit) {
+        const Result<PlacedRecord> record = recordNamed(call.arguments.operand(1), edit.document());
+        return record ? change(edit, record->identifier) : call.failed(record.error());
+    });
+}
+
 /// Writes the datafile, then the count that came out.
 ExitStatus finish(Call &call, DatafileEdit &edit, const QString &key, qint64 count, const QString &sentence)
 {
@@ -70,19 +98,10 @@ ExitStatus finishWithRecord(Call &call, DatafileEdit &edit, const QString &ident
 
 // Adding.
 
-ExitStatus runAdd(Call &call)
+ExitStatus add(Call &call, DatafileEdit &edit)
 {
     const Arguments &arguments = call.arguments;
-    for (const QString &fault : {faultOfFieldValues(arguments),
-                                 faultOfTargetOption(arguments, u"--at"_s),
-                                 faultOfTarget(arguments)}) {
-        if (!fault.isNull())
-            return call.wrongUsage(fault);
-    }
-    Result<DatafileEdit> edit = DatafileEdit::open(call, arguments.operand(0));
-    if (!edit)
-        return call.failed(edit.error());
-    DatafileDocument &document = edit->document();
+    DatafileDocument &document = edit.document();
     const Result<FieldValues> values = fieldValuesIn(arguments, document.datafileSettings());
     if (!values)
         return call.failed(values.error());
@@ -97,23 +116,27 @@ ExitStatus runAdd(Call &call)
     RecordAdding::Content content{values->fields, {}};
     if (values->text)
         content.text = RecordText{*values->text, {}};
-    return finishWithRecord(call, *edit, adding.addRecord(target->after, content, target->place));
+    return finishWithRecord(call, edit, adding.addRecord(target->after, content, target->place));
+}
+
+ExitStatus runAdd(Call &call)
+{
+    return edited(call,
+                  {faultOfFieldValues(call.arguments),
+                   faultOfTargetOption(call.arguments, u"--at"_s),
+                   faultOfTarget(call.arguments)},
+                  [&call](DatafileEdit &edit) { return add(call, edit); });
 }
 
 ExitStatus runDuplicate(Call &call)
 {
-    if (const QString fault = faultOfTarget(call.arguments); !fault.isNull())
-        return call.wrongUsage(fault);
-    Result<DatafileEdit> edit = DatafileEdit::open(call, call.arguments.operand(0));
-    if (!edit)
-        return call.failed(edit.error());
-    const Result<PlacedRecord> record = recordNamed(call.arguments.operand(1), edit->document());
-    if (!record)
-        return call.failed(record.error());
-    const QString made = RecordAdding(edit->document()).duplicateRecord(record->identifier);
-    if (made.isNull())
-        return call.failed({Error::Kind::Refused, Cli::tr("The record is empty."), record->identifier});
-    return finishWithRecord(call, *edit, made);
+    return editedRecord(
+        call, {faultOfTarget(call.arguments)}, [&call](DatafileEdit &edit, const QString &record) {
+            const QString made = RecordAdding(edit.document()).duplicateRecord(record);
+            if (made.isNull())
+                return call.failed({Error::Kind::Refused, Cli::tr("The record is empty."), record});
+            return finishWithRecord(call, edit, made);
+        });
 }
 
 // Deleting.
@@ -140,14 +163,9 @@ Result<qint64> deleteSelected(const Arguments &arguments, DatafileDocument &docu
     return RecordOperations(document).deleteAllSelected();
 }
 
-ExitStatus runDelete(Call &call)
+ExitStatus deleteRecords(Call &call, DatafileEdit &edit)
 {
-    if (const QString fault = faultOfDelete(call.arguments); !fault.isNull())
-        return call.wrongUsage(fault);
-    Result<DatafileEdit> edit = DatafileEdit::open(call, call.arguments.operand(0));
-    if (!edit)
-        return call.failed(edit.error());
-    DatafileDocument &document = edit->document();
+    DatafileDocument &document = edit.document();
     QStringList identifiers;
     for (const QString &name : call.arguments.operands().sliced(1)) {
         const Result<PlacedRecord> record = recordNamed(name, document);
@@ -160,37 +178,41 @@ ExitStatus runDelete(Call &call)
                                        : RecordOperations(document).deleteRecords(identifiers);
     if (!deleted)
         return call.failed(deleted.error());
-    return finish(call, *edit, u"deleted"_s, *deleted, Cli::tr("Deleted: %1."));
+    return finish(call, edit, u"deleted"_s, *deleted, Cli::tr("Deleted: %1."));
+}
+
+ExitStatus runDelete(Call &call)
+{
+    return edited(call, {faultOfDelete(call.arguments)}, [&call](DatafileEdit &edit) {
+        return deleteRecords(call, edit);
+    });
 }
 
 // Ordering and locking.
+
+ExitStatus move(Call &call, DatafileEdit &edit, const QString &record)
+{
+    const Result<Target> target = targetIn(call.arguments.value(u"--to"_s), edit.document());
+    if (!target)
+        return call.failed(target.error());
+    RecordOperations operations(edit.document());
+    const Result<bool> moved = target->place == RecordPlace::First ? operations.moveToFirst(record)
+                               : target->place == RecordPlace::Last
+                                   ? operations.moveToLast(record)
+                                   : operations.moveAfter(record, target->after);
+    if (!moved)
+        return call.failed(moved.error());
+    return finish(call, edit, u"moved"_s, *moved ? 1 : 0, Cli::tr("Moved: %1."));
+}
 
 ExitStatus runMove(Call &call)
 {
     if (!call.arguments.has(u"--to"_s))
         return call.wrongUsage(Cli::tr("Say where to with --to."));
-    for (const QString &fault :
-         {faultOfTargetOption(call.arguments, u"--to"_s), faultOfTarget(call.arguments)}) {
-        if (!fault.isNull())
-            return call.wrongUsage(fault);
-    }
-    Result<DatafileEdit> edit = DatafileEdit::open(call, call.arguments.operand(0));
-    if (!edit)
-        return call.failed(edit.error());
-    const Result<PlacedRecord> record = recordNamed(call.arguments.operand(1), edit->document());
-    if (!record)
-        return call.failed(record.error());
-    const Result<Target> target = targetIn(call.arguments.value(u"--to"_s), edit->document());
-    if (!target)
-        return call.failed(target.error());
-    RecordOperations operations(edit->document());
-    const Result<bool> moved =
-        target->place == RecordPlace::First  ? operations.moveToFirst(record->identifier)
-        : target->place == RecordPlace::Last ? operations.moveToLast(record->identifier)
-                                             : operations.moveAfter(record->identifier, target->after);
-    if (!moved)
-        return call.failed(moved.error());
-    return finish(call, *edit, u"moved"_s, *moved ? 1 : 0, Cli::tr("Moved: %1."));
+    return editedRecord(
+        call,
+        {faultOfTargetOption(call.arguments, u"--to"_s), faultOfTarget(call.arguments)},
+        [&call](DatafileEdit &edit, const QString &record) { return move(call, edit, record); });
 }
 
 QString faultOfLock(const Arguments &arguments)
@@ -205,17 +227,12 @@ QString faultOfLock(const Arguments &arguments)
     return faultOfTarget(arguments);
 }
 
-ExitStatus runLock(Call &call)
+ExitStatus lock(Call &call, DatafileEdit &edit)
 {
     const Arguments &arguments = call.arguments;
-    if (const QString fault = faultOfLock(arguments); !fault.isNull())
-        return call.wrongUsage(fault);
-    Result<DatafileEdit> edit = DatafileEdit::open(call, arguments.operand(0));
-    if (!edit)
-        return call.failed(edit.error());
-    RecordOperations operations(edit->document());
+    RecordOperations operations(edit.document());
     if (arguments.operands().size() > 1) {
-        const Result<PlacedRecord> record = recordNamed(arguments.operand(1), edit->document());
+        const Result<PlacedRecord> record = recordNamed(arguments.operand(1), edit.document());
         if (!record)
             return call.failed(record.error());
         operations.setLocked(record->identifier, !arguments.has(u"--unlock"_s));
@@ -225,9 +242,15 @@ ExitStatus runLock(Call &call)
         operations.setAllLocked(arguments.has(u"--all"_s));
     }
     qint64 locked = 0;
-    edit->document().datafileRecords().forEach(
+    edit.document().datafileRecords().forEach(
         [&locked](quint32, const RecordView &record) { locked += record.recordLocked() ? 1 : 0; });
-    return finish(call, *edit, u"locked"_s, locked, Cli::tr("Locked records: %1."));
+    return finish(call, edit, u"locked"_s, locked, Cli::tr("Locked records: %1."));
+}
+
+ExitStatus runLock(Call &call)
+{
+    return edited(
+        call, {faultOfLock(call.arguments)}, [&call](DatafileEdit &edit) { return lock(call, edit); });
 }
 
 } // namespace

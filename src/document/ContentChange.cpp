@@ -22,31 +22,44 @@ void announceChanged(DatafileDocument &document, const auto &records)
 
 } // namespace
 
-void ContentChange::exchange(DatafileDocument &document)
+void ContentChange::makeParts(DatafileDocument &document, size_t from, size_t to)
 {
-    for (Record &changed : g_records) {
-        RecordData *record = document.datafileRecords().recordForNumber(changed.number);
-        if (!record)
-            continue;
-        for (auto &[field, content] : changed.fields) {
-            const QString present = record->fieldValue(field);
-            record->setFieldValue(std::exchange(content, present), field);
-        }
-        if (changed.text) {
-            const RecordText present{record->textString(), record->textRTFD()};
-            record->setTextString(changed.text->plain);
-            if (changed.text->textRTFD != present.textRTFD)
-                record->setTextRTFD(changed.text->textRTFD);
-            changed.text = present;
-        }
-        record->modified(document.services().environment);
+    for (size_t part = from; part < to; ++part) {
+        Record &changed = g_records[part % g_records.size()];
+        if (part < g_records.size())
+            exchangeContents(document, changed);
+        else if (RecordData *record = document.datafileRecords().recordForNumber(changed.number))
+            record->modified(document.services().environment);
     }
+}
+
+void ContentChange::exchangeContents(DatafileDocument &document, Record &changed) const
+{
+    RecordData *record = document.datafileRecords().recordForNumber(changed.number);
+    if (!record)
+        return;
+    for (auto &[field, content] : changed.fields) {
+        const QString present = record->fieldValue(field);
+        record->setFieldValue(std::exchange(content, present), field);
+    }
+    if (!changed.text)
+        return;
+    const RecordText present{record->textString(), record->textRTFD()};
+    record->setTextString(changed.text->plain);
+    if (changed.text->textRTFD != present.textRTFD)
+        record->setTextRTFD(changed.text->textRTFD);
+    changed.text = present;
+}
+
+void ContentChange::conclude(DatafileDocument &document)
+{
     announceChanged(document, g_records);
 }
 
-void LockChange::exchange(DatafileDocument &document)
+void LockChange::makeParts(DatafileDocument &document, size_t from, size_t to)
 {
-    for (Record &changed : g_records) {
+    for (size_t part = from; part < to; ++part) {
+        Record &changed = g_records[part];
         RecordData *record = document.datafileRecords().recordForNumber(changed.number);
         if (!record)
             continue;
@@ -55,6 +68,10 @@ void LockChange::exchange(DatafileDocument &document)
         record->setRecordWasLocked(changed.wasLocked);
         changed = present;
     }
+}
+
+void LockChange::conclude(DatafileDocument &document)
+{
     document.datafileSettings().setDatafileSettingsDidChange(true);
     announceChanged(document, g_records);
 }

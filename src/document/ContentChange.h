@@ -4,7 +4,7 @@
 #pragma once
 
 #include "document/RecordText.h"
-#include "document/UndoHistory.h"
+#include "document/SteppedChange.h"
 
 #include <QList>
 
@@ -13,8 +13,9 @@
 
 namespace tavrin {
 
-/// Other contents for some records: what is to be put into them, and once exchanged, what stood there.
-class ContentChange : public UndoStep
+/// Other contents for some records: what is to be put into them, and once exchanged, what stood there. It is
+/// announced once.
+class ContentChange : public SteppedChange
 {
 public:
     struct Record
@@ -34,19 +35,22 @@ public:
     const std::vector<Record> &records() const { return g_records; }
 
     QString name() const override { return g_name; }
-    /// Puts the contents into the records and keeps those that stood there. Marks the records as modified
-    /// and announces it once. Records that are gone are passed over.
-    void exchange(DatafileDocument &document);
-    void undo(DatafileDocument &document) override { exchange(document); }
-    void redo(DatafileDocument &document) override { exchange(document); }
+    /// The first half puts the contents into the records and keeps those that stood there, the second marks
+    /// the records as modified. Records that are gone are passed over.
+    size_t partCount() const override { return 2 * g_records.size(); }
+    size_t reversiblePartCount() const override { return g_records.size(); }
+    void makeParts(DatafileDocument &document, size_t from, size_t to) override;
+    void conclude(DatafileDocument &document) override;
 
 private:
+    void exchangeContents(DatafileDocument &document, Record &changed) const;
+
     QString g_name;
     std::vector<Record> g_records;
 };
 
 /// Whether records are, and were, locked: what is to be, and once exchanged, what was.
-class LockChange : public UndoStep
+class LockChange : public SteppedChange
 {
 public:
     struct Record
@@ -62,9 +66,9 @@ public:
     {}
 
     QString name() const override { return g_name; }
-    void exchange(DatafileDocument &document);
-    void undo(DatafileDocument &document) override { exchange(document); }
-    void redo(DatafileDocument &document) override { exchange(document); }
+    size_t partCount() const override { return g_records.size(); }
+    void makeParts(DatafileDocument &document, size_t from, size_t to) override;
+    void conclude(DatafileDocument &document) override;
 
 private:
     QString g_name;

@@ -14,11 +14,11 @@ namespace tavrin {
 ContentWork::ContentWork(const DatafileDocument &document, const QString &name)
     : g_name(name)
     , g_texts(document.datafileRecords(), document.datafileSettings())
+    , g_watch(document)
 {
     const SubsetSortedData &catalog = document.datafileCatalog();
     g_records = catalog.selectedNumbers(0, catalog.countSelected());
     std::erase_if(g_records, [this](quint32 record) { return !g_texts.contains(record); });
-    QObject::connect(&document, &DatafileDocument::changed, &g_watch, [this] { g_isStale = true; });
 }
 
 ContentWork::~ContentWork() = default;
@@ -77,26 +77,35 @@ bool ContentWork::setText(const std::optional<RecordText> &text, Change &change)
     return false;
 }
 
-Result<bool> ContentWork::apply(DatafileDocument &document)
+Result<std::unique_ptr<SteppedChange>> ContentWork::takeChange(DatafileDocument &document)
 {
     if (g_wasCancelled)
         return Error{Error::Kind::Cancelled, tr("The work was cancelled."), {}};
-    if (g_isStale)
+    if (g_watch.hasChanged())
         return Error{Error::Kind::Refused, tr("The records have changed meanwhile."), {}};
     if (!isWorthwhile())
+        return std::unique_ptr<SteppedChange>();
+    g_watch.stop();
+    return changeOf(document, g_name, std::exchange(g_changes, {}));
+}
+
+Result<bool> ContentWork::apply(DatafileDocument &document)
+{
+    Result<std::unique_ptr<SteppedChange>> change = takeChange(document);
+    if (!change)
+        return change.error();
+    if (!*change)
         return false;
-    g_watch.disconnect();
-    document.undoHistory().push(applied(document, g_name, std::exchange(g_changes, {})));
+    (*change)->exchange(document);
+    document.undoHistory().push(*std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     return true;
 }
 
-std::unique_ptr<UndoStep>
-ContentWork::applied(DatafileDocument &document, const QString &name, std::vector<Change> changes)
+std::unique_ptr<SteppedChange>
+ContentWork::changeOf(DatafileDocument & /*document*/, const QString &name, std::vector<Change> changes)
 {
-    auto change = std::make_unique<ContentChange>(name, std::move(changes));
-    change->exchange(document);
-    return change;
+    return std::make_unique<ContentChange>(name, std::move(changes));
 }
 
 } // namespace tavrin

@@ -5,11 +5,11 @@
 
 #include "base/Progress.h"
 #include "base/Result.h"
+#include "document/ChangeWatch.h"
 #include "document/ContentChange.h"
 #include "document/StoredTexts.h"
 
 #include <QCoreApplication>
-#include <QObject>
 #include <QStringList>
 
 namespace tavrin {
@@ -55,8 +55,10 @@ public:
     qint64 leftRecords() const { return g_leftRecords; }
     const std::vector<Sample> &samples() const { return g_samples; }
 
-    /// Changes the records, as one step of Undo. False when nothing is to be changed. Cancelled when run()
-    /// was; Refused when the document has changed since this was made, and it is to be done anew.
+    /// The change, to be made and remembered by the caller; null when nothing is to be changed. Cancelled
+    /// when run() was; Refused when the document has changed since this was made, and it is to be done anew.
+    Result<std::unique_ptr<SteppedChange>> takeChange(DatafileDocument &document);
+    /// Makes it at once, as one step of Undo. False when nothing is to be changed.
     Result<bool> apply(DatafileDocument &document);
 
 protected:
@@ -69,9 +71,9 @@ protected:
     virtual void change(const RecordView &record, Change &change) = 0;
     /// Whether there is anything to be done.
     virtual bool isWorthwhile() const { return !g_changes.empty(); }
-    /// Does it. What was done comes back.
-    virtual std::unique_ptr<UndoStep>
-    applied(DatafileDocument &document, const QString &name, std::vector<Change> changes);
+    /// What does it.
+    virtual std::unique_ptr<SteppedChange>
+    changeOf(DatafileDocument &document, const QString &name, std::vector<Change> changes);
 
     /// A change of one content, cleaned to one line; none when it is the same.
     void setField(const QString &field, const QString &before, const QString &after, Change &change);
@@ -92,8 +94,7 @@ private:
     qint64 g_lockedRecords = 0;
     qint64 g_leftRecords = 0;
     bool g_wasCancelled = false;
-    bool g_isStale = false;
-    QObject g_watch; ///< Hears of the changes of the document.
+    ChangeWatch g_watch;
 };
 
 } // namespace tavrin

@@ -5,6 +5,7 @@
 
 #include "base/DurableFile.h"
 #include "base/Log.h"
+#include "document/BackupOrigins.h"
 #include "document/DatafileDocument.h"
 #include "document/FileStamp.h"
 #include "model/Preferences.h"
@@ -125,8 +126,18 @@ Result<QString> DatafileBackups::write() const
         return path;
     if (const Result<> written = g_document.saveCopyAs(*path); !written)
         return written.error();
-    removeOld();
+    didWrite(*path);
     return path;
+}
+
+void DatafileBackups::didWrite(const QString &path) const
+{
+    // Of a datafile without a file nothing can be told later.
+    if (!g_document.filePath().isEmpty()) {
+        if (const Result<> added = BackupOrigins(folder()).add(path, g_document.filePath()); !added)
+            qCWarning(log) << "A backup will not be known again:" << added.error().detail;
+    }
+    removeOld();
 }
 
 void DatafileBackups::removeOld() const
@@ -135,7 +146,8 @@ void DatafileBackups::removeOld() const
     const qint64 kept = preferences ? preferences->integerForKey(u"BackupsToKeep"_s) : 0;
     if (kept <= 0)
         return;
-    const QList<Backup> backups = list();
+    QList<Backup> backups = list();
+    backups.removeIf([](const Backup &backup) { return !backup.isOwn; });
     for (qsizetype i = kept; i < backups.size(); ++i) {
         if (!QFile::remove(backups[i].path))
             qCWarning(log) << "An old backup was not removed:" << backups[i].path;
@@ -145,6 +157,8 @@ void DatafileBackups::removeOld() const
 QList<DatafileBackups::Backup> DatafileBackups::list() const
 {
     const QString beginning = title() + u' ';
+    const BackupOrigins origins(folder());
+    const QString own = BackupOrigins::pathOf(g_document.filePath());
     QList<Backup> backups;
     const QFileInfoList files = QDir(folder()).entryInfoList(QDir::Files);
     for (const QFileInfo &file : files) {
@@ -153,7 +167,11 @@ QList<DatafileBackups::Backup> DatafileBackups::list() const
         if (!name.startsWith(beginning) || !name.endsWith(extension())
             || !isStamp(QStringView(name).sliced(beginning.size())))
             continue;
-        backups.append({file.filePath(), file.lastModified(), file.size()});
+        const QString origin = origins.originOf(name);
+        const bool isOwn = origin == own && !g_document.filePath().isEmpty();
+        // Where its datafile is gone, this may be that one under another path.
+        if (isOwn || !QFileInfo::exists(origin))
+            backups.append({file.filePath(), file.lastModified(), file.size(), isOwn});
     }
     std::ranges::sort(backups, [](const Backup &one, const Backup &other) {
         return one.written != other.written ? one.written > other.written : one.path > other.path;

@@ -35,6 +35,7 @@ public:
         QString path;
         QDateTime written;
         qint64 size; ///< In bytes.
+        bool isOwn;  ///< Written of this datafile. Otherwise it may be of another one of the same name.
     };
 
     /// The document outlives it.
@@ -47,10 +48,11 @@ public:
     /// Writes a backup of what the document holds now, and removes the oldest ones where the person keeps
     /// only so many. The document stays at its own file. Its path.
     Result<QString> write() const;
-    /// Removes those beyond what the person keeps; nothing where all are kept.
-    void removeOld() const;
+    /// A backup was written there: remembers of what, and removes those beyond what the person keeps; nothing
+    /// where all are kept, and none that may be of another datafile.
+    void didWrite(const QString &path) const;
 
-    /// Of this datafile, the newest first.
+    /// Of this datafile and those of which it is not known, the newest first.
     QList<Backup> list() const;
 
     /// Copies a backup, whole or not at all, in the place of what may be there. Refused where that is the
@@ -58,6 +60,7 @@ public:
     static Result<> restore(const QString &backup, const QString &target, const QStringList &filesInUse);
 
 private:
+    void removeOld() const;
     QString title() const;
     QString extension() const;
 

@@ -6,10 +6,9 @@
 #include "base/Parallel.h"
 #include "document/DatafileDocument.h"
 #include "document/RecordChanges.h"
+#include "document/RecordHash.h"
 #include "richtext/Rtfd.h"
 #include "sorting/WorkSteps.h"
-
-#include <QHash>
 
 #include <algorithm>
 #include <atomic>
@@ -18,15 +17,6 @@
 namespace tavrin {
 
 namespace {
-
-size_t hashOf(const TextView &text, size_t seed)
-{
-    // Nothing there is as good as an empty text.
-    if (text.form() == TextView::Form::Utf8)
-        return qHash(text.bytes(), seed);
-    const QByteArray utf8 = text.toString().toUtf8();
-    return qHash(QByteArrayView(utf8), seed);
-}
 
 bool isSame(const TextView &one, const TextView &other)
 {
@@ -53,9 +43,11 @@ bool isSameRichText(const QByteArray &one, const QByteArray &other)
 DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare compare)
     : g_compare(compare)
     , g_texts(document.datafileRecords(), document.datafileSettings())
+    , g_watch(document)
 {
-    for (const FieldDefinition &field : document.datafileSettings().fields())
-        g_fields.emplace_back(field.identifier());
+    QStringList fields = g_texts.fieldIdentifiers();
+    fields.removeDuplicates();
+    g_fields.assign(fields.begin(), fields.end());
     const SubsetSortedData &catalog = document.datafileCatalog();
     std::vector<bool> isPresent(document.datafileRecords().identifiers().count());
     document.datafileRecords().forEach(
@@ -67,7 +59,6 @@ DuplicateRemoval::DuplicateRemoval(const DatafileDocument &document, Compare com
         g_records.push_back(record);
         isPresent[record] = false; // A record that is listed twice is no duplicate of itself.
     }
-    QObject::connect(&document, &DatafileDocument::changed, &g_watch, [this] { g_isStale = true; });
 }
 
 void DuplicateRemoval::run(Progress &progress)
@@ -99,13 +90,9 @@ bool DuplicateRemoval::hash(Progress &progress)
 
 void DuplicateRemoval::hashPart(size_t from, size_t to, const std::function<bool()> &goOn)
 {
-    for (size_t i = from; i < to && goOn(); ++i) {
-        const RecordView record = g_texts.view(g_records[i]);
-        size_t hash = 0;
-        for (const FieldKey &field : g_fields)
-            hash = hashOf(record.fieldValue(field), hash + 1);
-        g_hashes[i] = hashOf(record.textString(), hash + 1);
-    }
+    const RecordHash hashOf(g_fields);
+    for (size_t i = from; i < to && goOn(); ++i)
+        g_hashes[i] = hashOf(g_texts.view(g_records[i]));
 }
 
 void DuplicateRemoval::group()
@@ -137,19 +124,27 @@ bool DuplicateRemoval::areEqual(quint32 one, quint32 other) const
            && (g_compare == Compare::PlainTexts || isSameRichText(record.textRTFD(), otherRecord.textRTFD()));
 }
 
+std::unique_ptr<SteppedChange> DuplicateRemoval::change(const DatafileDocument &document) const
+{
+    std::vector<quint32> present = g_duplicates;
+    std::erase_if(present, [&document](quint32 record) { return !document.datafileRecords().view(record); });
+    if (g_wasCancelled || present.empty())
+        return nullptr;
+    return PresenceChange::toRemove(std::move(present), tr("Remove Duplicate Records"));
+}
+
 QStringList DuplicateRemoval::apply(DatafileDocument &document) const
 {
-    QStringList identifiers;
-    std::vector<quint32> present;
-    for (const quint32 record : g_duplicates) {
-        if (!document.datafileRecords().view(record))
-            continue;
-        present.push_back(record);
-        identifiers.append(document.datafileRecords().identifiers().text(record));
-    }
-    if (g_wasCancelled || present.empty())
+    std::unique_ptr<SteppedChange> change = this->change(document);
+    if (!change)
         return {};
-    document.undoHistory().push(PresenceChange::removing(document, present, tr("Remove Duplicate Records")));
+    QStringList identifiers;
+    for (const quint32 record : g_duplicates) {
+        if (document.datafileRecords().view(record))
+            identifiers.append(document.datafileRecords().identifiers().text(record));
+    }
+    change->exchange(document);
+    document.undoHistory().push(std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     return identifiers;
 }

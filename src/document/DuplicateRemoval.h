@@ -4,15 +4,15 @@
 #pragma once
 
 #include "base/Progress.h"
+#include "document/ChangeWatch.h"
 #include "document/StoredTexts.h"
 
 #include <QCoreApplication>
-#include <QObject>
 #include <QStringList>
 
 namespace tavrin {
 
-class DatafileDocument;
+class SteppedChange;
 
 /// The removal of records that say the same as another, among the selected ones, in three steps: it is made
 /// and applied on the document's thread, and runs in between on any.
@@ -36,11 +36,14 @@ public:
 
     bool wasCancelled() const { return g_wasCancelled; }
     /// The document has changed since this was made: what was found may no longer be so.
-    bool isStale() const { return g_isStale; }
+    bool isStale() const { return g_watch.hasChanged(); }
     /// Those that are to go, in the order of the catalog.
     const std::vector<quint32> &duplicates() const { return g_duplicates; }
 
-    /// Removes them, as one step of Undo. Their identifiers; none, and no change, when run() was cancelled.
+    /// The change that removes them, to be made and remembered by the caller; null when run() was cancelled,
+    /// or there are none.
+    std::unique_ptr<SteppedChange> change(const DatafileDocument &document) const;
+    /// Makes it at once, as one step of Undo. The identifiers of those that went.
     QStringList apply(DatafileDocument &document) const;
 
 private:
@@ -56,8 +59,7 @@ private:
     std::vector<quint64> g_hashes;  ///< Of those.
     std::vector<quint32> g_duplicates;
     bool g_wasCancelled = false;
-    bool g_isStale = false;
-    QObject g_watch; ///< Hears of the changes of the document.
+    ChangeWatch g_watch;
 };
 
 } // namespace tavrin

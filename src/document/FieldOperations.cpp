@@ -22,18 +22,21 @@ const QStringList &settingsOfFields()
                                   u"TitleField"_s,
                                   u"URLField"_s,
                                   u"AutoAddContentFieldID"_s,
-                                  u"Criteria"_s};
+                                  u"Criteria"_s,
+                                  u"Mode"_s};
     return keys;
 }
 
-plist::Dictionary storedSettings(const DatafileSettingsData &settings)
+/// What differs, as it stands in the first of them.
+FieldFormatChange::Settings differences(const DatafileSettingsData &settings,
+                                        const DatafileSettingsData &others)
 {
-    plist::Dictionary stored;
+    FieldFormatChange::Settings differing;
     for (const QString &key : settingsOfFields()) {
-        if (const plist::Value value = settings.objectForKey(key); !value.isNull())
-            stored.insert(key, value);
+        if (const plist::Value value = settings.objectForKey(key); value != others.objectForKey(key))
+            differing.append({key, value});
     }
-    return stored;
+    return differing;
 }
 
 /// Whatever was chosen that is no longer there falls back to what counts when nothing is chosen.
@@ -69,79 +72,101 @@ QStringList identifiersOf(const QList<FieldDefinition> &fields)
 // The step.
 
 FieldFormatChange::FieldFormatChange(const QString &name,
-                                     plist::Dictionary otherSettings,
+                                     Settings otherSettings,
                                      std::vector<ContentChange::Record> contents)
     : g_otherSettings(std::move(otherSettings))
     , g_contents(name, std::move(contents))
 {}
 
-void FieldFormatChange::exchange(DatafileDocument &document)
+void FieldFormatChange::conclude(DatafileDocument &document)
 {
     DatafileSettingsData &settings = document.datafileSettings();
-    const plist::Dictionary present = storedSettings(settings);
-    for (const QString &key : settingsOfFields())
-        settings.setObject(g_otherSettings.value(key), key);
-    g_otherSettings = present;
+    for (auto &[key, value] : g_otherSettings) {
+        const plist::Value present = settings.objectForKey(key);
+        settings.setObject(std::exchange(value, present), key);
+    }
     settings.setDatafileSettingsDidChange(true);
     document.datafileCatalog().setCriteria(settings.criteria<SubsetSortCriteriaData>());
-    g_contents.exchange(document);
+    g_contents.conclude(document);
     document.announce(FieldFormatChanged{});
     Q_EMIT document.datafileFieldFormatChanged();
 }
 
-// The operations.
+// Contents.
 
-std::unique_ptr<UndoStep> FieldOperations::changed(const QList<FieldDefinition> &fields,
-                                                   const QString &textName,
-                                                   std::vector<ContentChange::Record> contents,
-                                                   const QString &name)
+FieldContents::FieldContents(const DatafileDocument &document, const QStringList &fields)
+    : g_watch(document)
+    , g_stored(document.datafileRecords())
+    , g_fields(fields.begin(), fields.end())
 {
-    // Worked out on a copy: the step puts it into the document.
-    DatafileSettingsData settings = g_document.datafileSettings();
-    const QStringList kept = identifiersOf(fields);
-    for (const FieldDefinition &field : g_document.datafileSettings().fields()) {
-        if (!kept.contains(field.identifier()))
-            forgetField(settings, field.identifier());
-    }
-    settings.setFields(fields);
-    if (!textName.isEmpty() && textName != settings.textName())
-        settings.setTextName(textName);
-    const plist::Dictionary wanted = storedSettings(settings);
-    if (wanted == storedSettings(g_document.datafileSettings()) && contents.empty())
-        return nullptr;
-    auto step = std::make_unique<FieldFormatChange>(name, wanted, std::move(contents));
-    step->exchange(g_document);
-    return step;
+    if (!fields.isEmpty())
+        document.datafileRecords().forEach(
+            [this](quint32 record, const RecordView &) { g_records.push_back(record); });
 }
 
-void FieldOperations::change(const QList<FieldDefinition> &fields,
-                             const QString &textName,
-                             std::vector<ContentChange::Record> contents,
-                             const QString &name)
+void FieldContents::run(Progress &progress)
 {
-    std::unique_ptr<UndoStep> step = changed(fields, textName, std::move(contents), name);
-    if (!step)
-        return;
-    g_document.undoHistory().push(std::move(step));
-    g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
-}
-
-std::vector<ContentChange::Record> FieldOperations::contentsOf(const QStringList &removedFields) const
-{
-    std::vector<ContentChange::Record> contents;
-    if (removedFields.isEmpty())
-        return contents;
-    const std::vector<FieldKey> fields(removedFields.begin(), removedFields.end());
-    g_document.datafileRecords().forEach([&](quint32 number, const RecordView &record) {
+    WorkSteps steps(progress, g_records.size());
+    for (const quint32 number : g_records) {
+        if (!steps.goOn())
+            break;
+        const RecordView record = *g_stored.view(number);
         ContentChange::Record changed{number, {}, {}};
-        for (const FieldKey &field : fields) {
+        for (const FieldKey &field : g_fields) {
             if (!record.fieldValue(field).isAbsent())
                 changed.fields.append({field.text, QString()});
         }
         if (!changed.isEmpty())
-            contents.push_back(std::move(changed));
-    });
-    return contents;
+            g_contents.push_back(std::move(changed));
+    }
+    g_wasCancelled = steps.isStopped();
+}
+
+// The operations.
+
+std::unique_ptr<SteppedChange> FieldOperations::changeTo(const QList<FieldDefinition> &fields,
+                                                         const QString &textName,
+                                                         std::vector<ContentChange::Record> contents,
+                                                         const QString &name) const
+{
+    // Worked out on a copy: the step puts it into the document.
+    const DatafileSettingsData &present = g_document.datafileSettings();
+    DatafileSettingsData settings = present;
+    for (const QString &removed : removedBy(fields))
+        forgetField(settings, removed);
+    settings.setFields(fields);
+    // Without fields there is nothing that Basic View could show.
+    if (fields.isEmpty() && settings.mode() != "List"_L1)
+        settings.setMode(u"List"_s);
+    if (!textName.isEmpty() && textName != settings.textName())
+        settings.setTextName(textName);
+    const FieldFormatChange::Settings wanted = differences(settings, present);
+    if (wanted.isEmpty() && contents.empty())
+        return nullptr;
+    return std::make_unique<FieldFormatChange>(name, wanted, std::move(contents));
+}
+
+QStringList FieldOperations::removedBy(const QList<FieldDefinition> &fields) const
+{
+    QStringList removed = identifiersOf(g_document.datafileSettings().fields());
+    for (const QString &kept : identifiersOf(fields))
+        removed.removeAll(kept);
+    return removed;
+}
+
+void FieldOperations::change(const QList<FieldDefinition> &fields,
+                             const QString &textName,
+                             const QString &name)
+{
+    FieldContents contents(g_document, removedBy(fields));
+    Progress progress;
+    contents.run(progress);
+    std::unique_ptr<SteppedChange> change = changeTo(fields, textName, contents.takeContents(), name);
+    if (!change)
+        return;
+    change->exchange(g_document);
+    g_document.undoHistory().push(std::move(change));
+    g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
 }
 
 Result<>
@@ -151,21 +176,8 @@ FieldOperations::setFields(const QList<FieldDefinition> &fields, const QString &
         if (field.name().trimmed().isEmpty())
             return Error{Error::Kind::Refused, tr("A field must have a name."), {}};
     }
-    QStringList removed = identifiersOf(g_document.datafileSettings().fields());
-    for (const QString &kept : identifiersOf(fields))
-        removed.removeAll(kept);
-    change(fields, textName, contentsOf(removed), name);
+    change(fields, textName, name);
     return {};
-}
-
-std::unique_ptr<UndoStep> FieldOperations::addWithContents(const FieldDefinition &field,
-                                                           std::vector<ContentChange::Record> contents,
-                                                           const QString &name)
-{
-    return changed(g_document.datafileSettings().fields() + QList<FieldDefinition>{field},
-                   {},
-                   std::move(contents),
-                   name);
 }
 
 Result<QString> FieldOperations::add(const QString &name)
@@ -192,7 +204,7 @@ void FieldOperations::remove(const QString &identifier)
 {
     QList<FieldDefinition> fields = g_document.datafileSettings().fields();
     fields.removeIf([&](const FieldDefinition &field) { return field.identifier() == identifier; });
-    change(fields, {}, contentsOf({identifier}), tr("Delete Field"));
+    change(fields, {}, tr("Delete Field"));
 }
 
 void FieldOperations::move(const QString &identifier, qint64 toIndex)
@@ -203,7 +215,7 @@ void FieldOperations::move(const QString &identifier, qint64 toIndex)
         return;
     const qsizetype to = std::clamp<qsizetype>(toIndex, 0, fields.size() - 1);
     fields.move(field - fields.begin(), to);
-    change(fields, {}, {}, tr("Move Field"));
+    change(fields, {}, tr("Move Field"));
 }
 
 void FieldOperations::setShown(const QString &identifier, bool shown)
@@ -213,7 +225,7 @@ void FieldOperations::setShown(const QString &identifier, bool shown)
         if (field.identifier() == identifier && field.show() != shown)
             field.setShow(shown);
     }
-    change(fields, {}, {}, shown ? tr("Show Field") : tr("Hide Field"));
+    change(fields, {}, shown ? tr("Show Field") : tr("Hide Field"));
 }
 
 // A field with content.
@@ -231,10 +243,11 @@ void AddFieldWithContent::change(const RecordView & /*record*/, Change &change)
     setField(g_field.identifier(), {}, g_content, change);
 }
 
-std::unique_ptr<UndoStep>
-AddFieldWithContent::applied(DatafileDocument &document, const QString &name, std::vector<Change> changes)
+std::unique_ptr<SteppedChange>
+AddFieldWithContent::changeOf(DatafileDocument &document, const QString &name, std::vector<Change> changes)
 {
-    return FieldOperations(document).addWithContents(g_field, std::move(changes), name);
+    return FieldOperations(document).changeTo(
+        document.datafileSettings().fields() + QList<FieldDefinition>{g_field}, {}, std::move(changes), name);
 }
 
 // Use.
@@ -254,11 +267,12 @@ void FieldUse::run(Progress &progress)
     std::vector<qint64> counts(fields.size());
     for (const quint32 record : g_records) {
         if (!steps.goOn())
-            return;
+            break;
         const RecordView view = g_texts.view(record);
         for (size_t i = 0; i < fields.size(); ++i)
             counts[i] += view.fieldValue(fields[i]).isEmpty() ? 0 : 1;
     }
+    g_wasCancelled = steps.isStopped();
     for (size_t i = 0; i < fields.size(); ++i)
         g_counts.insert(fields[i].text, counts[i]);
 }

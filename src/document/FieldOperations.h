@@ -5,8 +5,8 @@
 
 #include "base/Progress.h"
 #include "base/Result.h"
-#include "document/ContentChange.h"
 #include "document/ContentWork.h"
+#include "document/StoredRecords.h"
 #include "document/StoredTexts.h"
 #include "model/FieldDefinition.h"
 
@@ -14,27 +14,59 @@
 #include <QHash>
 #include <QStringList>
 
+#include <utility>
+
 namespace tavrin {
 
 class DatafileDocument;
 
 /// Other field definitions, with the settings that point to fields and the contents that go with them.
-class FieldFormatChange : public UndoStep
+class FieldFormatChange : public SteppedChange
 {
 public:
+    /// Values by key; a null one is none. Settings that are not among them stay as they are.
+    using Settings = QList<std::pair<QString, plist::Value>>;
+
     FieldFormatChange(const QString &name,
-                      plist::Dictionary otherSettings,
-                      std::vector<ContentChange::Record>);
+                      Settings otherSettings,
+                      std::vector<ContentChange::Record> contents);
 
     QString name() const override { return g_contents.name(); }
+    size_t partCount() const override { return g_contents.partCount(); }
+    size_t reversiblePartCount() const override { return g_contents.reversiblePartCount(); }
+    void makeParts(DatafileDocument &document, size_t from, size_t to) override
+    {
+        g_contents.makeParts(document, from, to);
+    }
     /// Announces it.
-    void exchange(DatafileDocument &document);
-    void undo(DatafileDocument &document) override { exchange(document); }
-    void redo(DatafileDocument &document) override { exchange(document); }
+    void conclude(DatafileDocument &document) override;
 
 private:
-    plist::Dictionary g_otherSettings; ///< By key; a null value is none.
+    Settings g_otherSettings;
     ContentChange g_contents;
+};
+
+/// What records hold in fields that are to go, omitted and locked ones too. It runs on any thread.
+class FieldContents
+{
+public:
+    FieldContents(const DatafileDocument &document, const QStringList &fields);
+    /// Once.
+    void run(Progress &progress);
+
+    bool wasCancelled() const { return g_wasCancelled; }
+    /// The document has changed since this was made: it is to be done anew.
+    bool isStale() const { return g_watch.hasChanged(); }
+    /// What empties the fields.
+    std::vector<ContentChange::Record> takeContents() { return std::exchange(g_contents, {}); }
+
+private:
+    ChangeWatch g_watch;
+    StoredRecords g_stored;
+    std::vector<FieldKey> g_fields;
+    std::vector<quint32> g_records;
+    std::vector<ContentChange::Record> g_contents;
+    bool g_wasCancelled = false;
 };
 
 /// The fields of a document: which there are, in which order, and which are shown as columns. Each operation
@@ -57,23 +89,19 @@ public:
     void setShown(const QString &identifier, bool shown);
 
     /// All at once: other definitions, of which those with a known identifier are the same fields, and the
-    /// name of the text. Refused when one has no name.
+    /// name of the text, where that is not empty. Refused when one has no name.
     Result<> setFields(const QList<FieldDefinition> &fields, const QString &textName, const QString &name);
-    /// Adds a field and the contents that records have in it. The step is left to the caller.
-    std::unique_ptr<UndoStep> addWithContents(const FieldDefinition &field,
-                                              std::vector<ContentChange::Record> contents,
-                                              const QString &name);
+    /// Which of the fields would go with that.
+    QStringList removedBy(const QList<FieldDefinition> &fields) const;
+    /// The change that does it, and puts the contents into the records, to be made and remembered by the
+    /// caller; null when all stays as it is.
+    std::unique_ptr<SteppedChange> changeTo(const QList<FieldDefinition> &fields,
+                                            const QString &textName,
+                                            std::vector<ContentChange::Record> contents,
+                                            const QString &name) const;
 
 private:
-    std::unique_ptr<UndoStep> changed(const QList<FieldDefinition> &fields,
-                                      const QString &textName,
-                                      std::vector<ContentChange::Record> contents,
-                                      const QString &name);
-    void change(const QList<FieldDefinition> &fields,
-                const QString &textName,
-                std::vector<ContentChange::Record> contents,
-                const QString &name);
-    std::vector<ContentChange::Record> contentsOf(const QStringList &removedFields) const;
+    void change(const QList<FieldDefinition> &fields, const QString &textName, const QString &name);
 
     DatafileDocument &g_document;
 };
@@ -91,8 +119,8 @@ public:
 private:
     void change(const RecordView &record, Change &change) override;
     bool isWorthwhile() const override { return true; }
-    std::unique_ptr<UndoStep>
-    applied(DatafileDocument &document, const QString &name, std::vector<Change> changes) override;
+    std::unique_ptr<SteppedChange>
+    changeOf(DatafileDocument &document, const QString &name, std::vector<Change> changes) override;
 
     FieldDefinition g_field;
     QString g_content;
@@ -105,6 +133,7 @@ public:
     explicit FieldUse(const DatafileDocument &document);
     /// Once.
     void run(Progress &progress);
+    bool wasCancelled() const { return g_wasCancelled; }
     /// By field identifier.
     const QHash<QString, qint64> &counts() const { return g_counts; }
 
@@ -112,6 +141,7 @@ private:
     StoredTexts g_texts;
     std::vector<quint32> g_records;
     QHash<QString, qint64> g_counts;
+    bool g_wasCancelled = false;
 };
 
 } // namespace tavrin

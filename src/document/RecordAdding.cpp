@@ -6,8 +6,10 @@
 #include "document/DatafileDocument.h"
 #include "document/RecordChanges.h"
 #include "model/FieldText.h"
+#include "model/RecordKey.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tavrin {
 
@@ -37,11 +39,14 @@ QString RecordAdding::duplicateRecord(const QString &identifier)
     if (!source || isEmptyRecord(*source, settings))
         return {};
     Content content;
-    for (const FieldDefinition &field : settings.fields()) {
-        const QString value = source->fieldValue(field.identifier()).toString();
-        if (field.identifier() != settings.autoAddContentFieldID() && !value.isNull())
-            content.fields.append({field.identifier(), value});
-    }
+    // What stands in fields that are no longer defined, too: the person might want them back.
+    const plist::Value fields = source->value(RecordKey::fields);
+    if (fields.isDictionary())
+        fields.dictionary()->forEach([&](const QString &field, const plist::Value &value) {
+            if (const QString text = value.toText();
+                field != settings.autoAddContentFieldID() && !text.isNull())
+                content.fields.append({field, text});
+        });
     content.text = RecordText{source->textString().toString(),
                               g_document.isMobile() ? QByteArray() : source->textRTFD()};
     const bool placed = settings.duplicateRecordLocationMatchesNewRecordLocation();
@@ -88,7 +93,8 @@ void updateAutoAddContentField(RecordData &record, DatafileSettingsData &setting
         return;
     QString value = settings.autoAddPrefix();
     if (settings.autoAddNumber()) {
-        const qint64 number = settings.lastAutoAddInteger() + 1;
+        const qint64 last = settings.lastAutoAddInteger();
+        const qint64 number = last < std::numeric_limits<qint64>::max() ? last + 1 : last;
         constexpr qint64 mostDigits = 1000;
         const qint64 digits = std::clamp<qint64>(settings.autoAddDigitCount(), 0, mostDigits);
         value += QString::number(number).rightJustified(digits, u'0');

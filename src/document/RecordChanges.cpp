@@ -23,10 +23,9 @@ std::vector<bool> selectionOf(const SubsetSortedData &catalog)
 } // namespace
 
 std::unique_ptr<PresenceChange>
-PresenceChange::removing(DatafileDocument &document, std::span<const quint32> records, const QString &name)
+PresenceChange::removing(DatafileDocument &document, std::vector<quint32> records, const QString &name)
 {
-    std::unique_ptr<PresenceChange> change(new PresenceChange(name));
-    change->g_numbers.assign(records.begin(), records.end());
+    std::unique_ptr<PresenceChange> change = toRemove(std::move(records), name);
     change->exchange(document);
     return change;
 }
@@ -47,32 +46,79 @@ std::unique_ptr<PresenceChange> PresenceChange::added(std::vector<quint32> recor
     return change;
 }
 
-void PresenceChange::exchange(DatafileDocument &document)
+void PresenceChange::begin(DatafileDocument &document)
 {
-    if (std::exchange(g_areIn, !g_areIn))
-        takeOut(document);
-    else
-        putBack(document);
+    // Records may have gone otherwise since; the last one of a datafile stays.
+    g_staysIn = g_areIn && document.datafileRecords().count() <= static_cast<qsizetype>(g_numbers.size());
+    g_records.resize(g_numbers.size());
 }
 
-void PresenceChange::takeOut(DatafileDocument &document)
+void PresenceChange::makeParts(DatafileDocument &document, size_t from, size_t to)
+{
+    if (g_staysIn)
+        return;
+    const size_t half = g_numbers.size();
+    for (size_t part = from; part < to; ++part) {
+        if (g_areIn && part < half)
+            announceDeletion(document, g_numbers[half - 1 - part]); // The last one first.
+        else if (g_areIn)
+            takeOut(document, part - half);
+        else if (part < half)
+            putBack(document, part);
+    }
+}
+
+/// What was announced stays so: nobody shows the record any more.
+void PresenceChange::unmakeParts(DatafileDocument &document, size_t from, size_t to)
+{
+    if (g_staysIn)
+        return;
+    const size_t half = g_numbers.size();
+    for (size_t part = from; part < to; ++part) {
+        if (g_areIn && part >= half)
+            putBack(document, part - half);
+        else if (!g_areIn && part < half)
+            takeOut(document, part);
+    }
+}
+
+void PresenceChange::conclude(DatafileDocument &document)
+{
+    const bool wereIn = std::exchange(g_areIn, !g_areIn);
+    if (g_staysIn)
+        return;
+    if (wereIn)
+        didTakeOut(document);
+    else
+        didPutBack(document);
+}
+
+void PresenceChange::announceDeletion(DatafileDocument &document, quint32 number) const
+{
+    const QString identifier = document.datafileRecords().identifiers().text(number);
+    document.announce(RecordWillBeDeleted{identifier});
+    Q_EMIT document.willDeleteRecord(identifier);
+}
+
+void PresenceChange::takeOut(DatafileDocument &document, size_t index)
+{
+    g_records[index] = document.datafileRecords().take(g_numbers[index]);
+    g_countOut += g_records[index] ? 1 : 0;
+}
+
+void PresenceChange::putBack(DatafileDocument &document, size_t index)
+{
+    if (!g_records[index])
+        return;
+    document.datafileRecords().putBack(*std::move(g_records[index]));
+    g_records[index].reset();
+    --g_countOut;
+}
+
+void PresenceChange::didTakeOut(DatafileDocument &document)
 {
     SubsetSortedData &catalog = document.datafileCatalog();
-    DatafileRecordsData &records = document.datafileRecords();
-    // Records may have gone otherwise since; the last one of a datafile stays.
-    if (records.count() <= static_cast<qsizetype>(g_numbers.size()))
-        return;
-    for (const quint32 number : std::views::reverse(g_numbers)) {
-        const QString identifier = records.identifiers().text(number);
-        document.announce(RecordWillBeDeleted{identifier});
-        Q_EMIT document.willDeleteRecord(identifier);
-    }
     g_entries = catalog.takeEntries(g_numbers);
-    g_records.reserve(g_numbers.size());
-    for (const quint32 number : g_numbers) {
-        if (auto taken = records.take(number))
-            g_records.push_back(std::move(*taken));
-    }
     if (g_numberCount)
         count(document, g_numberCount->after, g_numberCount->before);
     if (catalog.countSelected() == 0) {
@@ -83,51 +129,48 @@ void PresenceChange::takeOut(DatafileDocument &document)
         document.announceCatalogChange();
         return;
     }
-    const QString identifier = records.identifiers().text(g_numbers.front());
+    const QString identifier = document.datafileRecords().identifiers().text(g_numbers.front());
     document.announce(RecordDeleted{identifier});
     Q_EMIT document.didDeleteRecord(identifier);
 }
 
-void PresenceChange::putBack(DatafileDocument &document)
+void PresenceChange::didPutBack(DatafileDocument &document)
 {
     SubsetSortedData &catalog = document.datafileCatalog();
-    DatafileRecordsData &records = document.datafileRecords();
-    // What is selected is given back only to the same records.
-    if (g_selection.size() == static_cast<size_t>(catalog.count()) && !g_selection.empty()) {
-        catalog.putBackEntries(g_entries);
-        std::vector<bool> states;
-        for (const CatalogEntry &entry : catalog.entries())
-            states.push_back(entry.currentlySelected());
-        auto out = g_entries.begin();
-        size_t other = 0;
-        for (size_t index = 0; index < states.size(); ++index) {
-            const bool wasOut = out != g_entries.end() && out->index == static_cast<qint64>(index);
-            if (wasOut)
-                ++out;
-            else
-                states[index] = g_selection[other++];
-        }
-        catalog.setFindSelection(states);
-    } else {
-        catalog.putBackEntries(g_entries);
-    }
-    g_selection.clear();
-    for (QVKeyedCollectionData::Taken &record : g_records)
-        records.putBack(std::move(record));
+    putBackEntries(catalog);
     if (g_numberCount)
         count(document, g_numberCount->before, g_numberCount->after);
-    const size_t back = g_records.size();
     const qint64 index = g_entries.empty() ? 0 : g_entries.front().index;
-    g_records.clear();
+    g_selection.clear();
     g_entries.clear();
-    if (back != 1) {
+    if (g_numbers.size() != 1) {
         document.announceCatalogChange();
         return;
     }
-    const QString identifier = records.identifiers().text(g_numbers.front());
+    const QString identifier = document.datafileRecords().identifiers().text(g_numbers.front());
     const QString after = catalog.identifierAtIndex(index - 1);
     document.announce(RecordAdded{identifier, after});
     Q_EMIT document.didAddRecord(identifier, after);
+}
+
+void PresenceChange::putBackEntries(SubsetSortedData &catalog) const
+{
+    // What is selected is given back only to the same records.
+    const bool hasOthers = g_selection.empty() || g_selection.size() != static_cast<size_t>(catalog.count());
+    catalog.putBackEntries(g_entries);
+    if (hasOthers)
+        return;
+    std::vector<bool> states = selectionOf(catalog);
+    auto out = g_entries.begin();
+    size_t other = 0;
+    for (size_t index = 0; index < states.size(); ++index) {
+        const bool wasOut = out != g_entries.end() && out->index == static_cast<qint64>(index);
+        if (wasOut)
+            ++out;
+        else
+            states[index] = g_selection[other++];
+    }
+    catalog.setFindSelection(states);
 }
 
 /// The count goes on from where somebody else brought it meanwhile.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document/UndoHistory.h"
+#include "document/SteppedChange.h"
 #include "model/DatafileRecordsData.h"
 #include "sorting/SubsetSortedData.h"
 
@@ -15,7 +15,11 @@ namespace tavrin {
 
 /// Records that came into a datafile or went out of it. A record that comes back has its identifier, its
 /// place and its content.
-class PresenceChange : public UndoStep
+///
+/// On the way out, the first half of the parts announces each record that goes, as the window that shows it
+/// has to know, and the other half takes them out. That the catalog changed is announced once. All records
+/// are selected when no selected one is left.
+class PresenceChange : public SteppedChange
 {
 public:
     /// What the count of automatic numbers was before and after a record was added.
@@ -25,10 +29,14 @@ public:
         qint64 after;
     };
 
-    /// Takes records out, given by number. Announces each that goes, as the window that shows it has to know,
-    /// and that the catalog changed. All records are selected when no selected one is left.
+    /// Of records that are still to be taken out, given by number.
+    static std::unique_ptr<PresenceChange> toRemove(std::vector<quint32> records, const QString &name)
+    {
+        return added(std::move(records), name);
+    }
+    /// Takes them out.
     static std::unique_ptr<PresenceChange>
-    removing(DatafileDocument &document, std::span<const quint32> records, const QString &name);
+    removing(DatafileDocument &document, std::vector<quint32> records, const QString &name);
 
     /// Of a record that was just added.
     static std::unique_ptr<PresenceChange>
@@ -38,8 +46,11 @@ public:
     static std::unique_ptr<PresenceChange> added(std::vector<quint32> records, const QString &name);
 
     QString name() const override { return g_name; }
-    void undo(DatafileDocument &document) override { exchange(document); }
-    void redo(DatafileDocument &document) override { exchange(document); }
+    size_t partCount() const override { return 2 * g_numbers.size(); }
+    void begin(DatafileDocument &document) override;
+    void makeParts(DatafileDocument &document, size_t from, size_t to) override;
+    void unmakeParts(DatafileDocument &document, size_t from, size_t to) override;
+    void conclude(DatafileDocument &document) override;
 
     bool isAddingOf(quint32 record) const override
     {
@@ -47,22 +58,27 @@ public:
     }
 
     /// How many records are out now.
-    size_t countOut() const { return g_records.size(); }
+    size_t countOut() const { return g_countOut; }
 
 private:
     explicit PresenceChange(const QString &name) : g_name(name) {}
 
-    void exchange(DatafileDocument &document);
-    void takeOut(DatafileDocument &document);
-    void putBack(DatafileDocument &document);
+    void announceDeletion(DatafileDocument &document, quint32 number) const;
+    void takeOut(DatafileDocument &document, size_t index);
+    void putBack(DatafileDocument &document, size_t index);
+    void didTakeOut(DatafileDocument &document);
+    void didPutBack(DatafileDocument &document);
+    void putBackEntries(SubsetSortedData &catalog) const;
     void count(DatafileDocument &document, qint64 from, qint64 to) const;
 
     QString g_name;
     std::optional<NumberCount> g_numberCount;
     bool g_areIn = true;
+    bool g_staysIn = false; ///< None would be left without them.
     std::vector<quint32> g_numbers;
     std::vector<PlacedEntry> g_entries; ///< Of the records that are out, as are
-    std::vector<QVKeyedCollectionData::Taken> g_records;
+    std::vector<std::optional<QVKeyedCollectionData::Taken>> g_records; ///< each at the place of its number.
+    size_t g_countOut = 0;
     std::vector<bool> g_selection; ///< Of the other records; empty unless all were selected in its place.
 };
 

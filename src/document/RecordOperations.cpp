@@ -6,7 +6,7 @@
 #include "document/ContentChange.h"
 #include "document/DatafileDocument.h"
 #include "document/RecordChanges.h"
-#include "model/RecordKey.h"
+#include "document/RecordLocking.h"
 
 namespace tavrin {
 
@@ -16,6 +16,30 @@ void done(DatafileDocument &document, std::unique_ptr<UndoStep> step)
 {
     document.undoHistory().push(std::move(step));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
+}
+
+void lockAll(DatafileDocument &document, RecordLocking::Kind kind)
+{
+    RecordLocking locking(document, kind);
+    Progress progress;
+    locking.run(progress);
+    std::unique_ptr<SteppedChange> change = locking.takeChange();
+    if (!change)
+        return;
+    change->exchange(document);
+    done(document, std::move(change));
+}
+
+Result<std::unique_ptr<SteppedChange>>
+deletion(const DatafileDocument &document, std::vector<quint32> records, const QString &name)
+{
+    if (records.empty())
+        return std::unique_ptr<SteppedChange>();
+    if (document.datafileRecords().count() <= static_cast<qsizetype>(records.size()))
+        return Error{Error::Kind::Refused,
+                     RecordOperations::tr("The last record of a datafile cannot be deleted."),
+                     {}};
+    return PresenceChange::toRemove(std::move(records), name);
 }
 
 } // namespace
@@ -32,27 +56,41 @@ Result<qint64> RecordOperations::deleteRecords(const QStringList &identifiers)
             numbers.push_back(records.identifiers().number(identifier));
         seen.insert(identifier);
     }
-    return remove(numbers, numbers.size() == 1 ? tr("Delete Record") : tr("Delete Records"));
+    const bool isOne = numbers.size() == 1;
+    return remove(std::move(numbers), isOne ? tr("Delete Record") : tr("Delete Records"));
 }
 
 Result<qint64> RecordOperations::deleteAllSelected()
+{
+    return remove(selectedRecords(), tr("Delete All Selected Records"));
+}
+
+std::vector<quint32> RecordOperations::selectedRecords() const
 {
     const SubsetSortedData &catalog = g_document.datafileCatalog();
     std::vector<quint32> numbers = catalog.selectedNumbers(0, catalog.countSelected());
     std::erase_if(numbers,
                   [this](quint32 number) { return !g_document.datafileRecords().view(number).has_value(); });
-    return remove(numbers, tr("Delete All Selected Records"));
+    return numbers;
 }
 
-Result<qint64> RecordOperations::remove(const std::vector<quint32> &records, const QString &name)
+Result<std::unique_ptr<SteppedChange>> RecordOperations::deletionOf(std::vector<quint32> records) const
 {
-    if (records.empty())
+    std::erase_if(records,
+                  [this](quint32 number) { return !g_document.datafileRecords().view(number).has_value(); });
+    return deletion(g_document, std::move(records), tr("Delete All Selected Records"));
+}
+
+Result<qint64> RecordOperations::remove(std::vector<quint32> records, const QString &name)
+{
+    const auto count = static_cast<qint64>(records.size());
+    Result<std::unique_ptr<SteppedChange>> change = deletion(g_document, std::move(records), name);
+    if (!change)
+        return change.error();
+    if (!*change)
         return 0;
-    if (g_document.datafileRecords().count() <= static_cast<qsizetype>(records.size()))
-        return Error{Error::Kind::Refused, tr("The last record of a datafile cannot be deleted."), {}};
-    std::unique_ptr<PresenceChange> change = PresenceChange::removing(g_document, records, name);
-    const auto count = static_cast<qint64>(change->countOut());
-    done(g_document, std::move(change));
+    (*change)->exchange(g_document);
+    done(g_document, *std::move(change));
     return count;
 }
 
@@ -99,35 +137,12 @@ Result<bool> RecordOperations::move(const QString &identifier, qint64 index, con
 
 void RecordOperations::setAllLocked(bool locked)
 {
-    lock(locked ? tr("Lock All Records") : tr("Unlock All Records"),
-         [locked](const LockChange::Record &record) {
-             return LockChange::Record{record.number, locked, record.isLocked};
-         });
+    lockAll(g_document, locked ? RecordLocking::Kind::Lock : RecordLocking::Kind::Unlock);
 }
 
 void RecordOperations::revertAllLocked()
 {
-    lock(tr("Revert Locked State"), [](const LockChange::Record &record) {
-        return LockChange::Record{record.number, record.wasLocked, record.wasLocked};
-    });
-}
-
-void RecordOperations::lock(const QString &name, const Locking &locking)
-{
-    std::vector<LockChange::Record> changed;
-    // No record is opened that stays as it is.
-    g_document.datafileRecords().forEach([&](quint32 number, const RecordView &record) {
-        const LockChange::Record present{
-            number, record.recordLocked(), record.value(RecordKey::wasLocked).toBool()};
-        const LockChange::Record wanted = locking(present);
-        if (wanted != present)
-            changed.push_back(wanted);
-    });
-    if (changed.empty())
-        return;
-    auto change = std::make_unique<LockChange>(name, std::move(changed));
-    change->exchange(g_document);
-    done(g_document, std::move(change));
+    lockAll(g_document, RecordLocking::Kind::Revert);
 }
 
 bool RecordOperations::setLocked(const QString &identifier, bool locked)

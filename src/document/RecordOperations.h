@@ -4,12 +4,12 @@
 #pragma once
 
 #include "base/Result.h"
-#include "document/ContentChange.h"
+#include "document/SteppedChange.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
-#include <functional>
+#include <memory>
 #include <vector>
 
 namespace tavrin {
@@ -31,6 +31,11 @@ public:
     /// The same of all that are selected; all others are selected then. Whoever calls it writes a backup
     /// first: see DatafileBackups.
     Result<qint64> deleteAllSelected();
+    /// The numbers of all selected records that are there.
+    std::vector<quint32> selectedRecords() const;
+    /// The change that deletes those of them that are still there, to be made and remembered by the caller;
+    /// null when there are none. Refused when no record would be left.
+    Result<std::unique_ptr<SteppedChange>> deletionOf(std::vector<quint32> records) const;
 
     /// Moves a record. False when it stands there already, or is not there; Refused while records are
     /// omitted, as nobody sees then where it goes.
@@ -38,20 +43,15 @@ public:
     Result<bool> moveToLast(const QString &identifier);
     Result<bool> moveAfter(const QString &identifier, const QString &afterIdentifier);
 
-    /// Locks or unlocks every record, omitted ones too; each remembers whether it was.
+    /// See RecordLocking.
     void setAllLocked(bool locked);
-    /// Every record becomes locked or unlocked again as it remembers.
     void revertAllLocked();
     /// Locks or unlocks one; false when it was so already, or is not there.
     bool setLocked(const QString &identifier, bool locked);
 
 private:
-    /// What becomes of what a record has.
-    using Locking = std::function<LockChange::Record(const LockChange::Record &present)>;
-
     Result<bool> move(const QString &identifier, qint64 index, const QString &name);
-    Result<qint64> remove(const std::vector<quint32> &records, const QString &name);
-    void lock(const QString &name, const Locking &locking);
+    Result<qint64> remove(std::vector<quint32> records, const QString &name);
 
     DatafileDocument &g_document;
 };

@@ -7,7 +7,7 @@
 
 namespace tavrin {
 
-void UndoHistory::push(std::unique_ptr<UndoStep> step)
+void UndoHistory::push(std::shared_ptr<UndoStep> step)
 {
     g_steps.resize(g_done);
     g_steps.push_back(std::move(step));
@@ -33,22 +33,48 @@ void UndoHistory::clear()
     Q_EMIT changed();
 }
 
-void UndoHistory::undo()
+std::shared_ptr<UndoStep> UndoHistory::stepToUndo() const
 {
-    if (!canUndo())
+    return canUndo() ? g_steps[g_done - 1] : nullptr;
+}
+
+std::shared_ptr<UndoStep> UndoHistory::stepToRedo() const
+{
+    return canRedo() ? g_steps[g_done] : nullptr;
+}
+
+void UndoHistory::didUndo(const UndoStep *step)
+{
+    if (!step || stepToUndo().get() != step)
         return;
-    g_steps[--g_done]->undo(g_document);
+    --g_done;
     g_document.updateChangeCount(DatafileDocument::ChangeCount::Undone);
     Q_EMIT changed();
 }
 
-void UndoHistory::redo()
+void UndoHistory::didRedo(const UndoStep *step)
 {
-    if (!canRedo())
+    if (!step || stepToRedo().get() != step)
         return;
-    g_steps[g_done++]->redo(g_document);
+    ++g_done;
     g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     Q_EMIT changed();
+}
+
+void UndoHistory::undo()
+{
+    if (const std::shared_ptr<UndoStep> step = stepToUndo()) {
+        step->undo(g_document);
+        didUndo(step.get());
+    }
+}
+
+void UndoHistory::redo()
+{
+    if (const std::shared_ptr<UndoStep> step = stepToRedo()) {
+        step->redo(g_document);
+        didRedo(step.get());
+    }
 }
 
 } // namespace tavrin

@@ -42,7 +42,7 @@ public:
     explicit UndoHistory(DatafileDocument &document) : g_document(document) {}
 
     /// Remembers a step that was just done. What was undone before can no longer be done again.
-    void push(std::unique_ptr<UndoStep> step);
+    void push(std::shared_ptr<UndoStep> step);
     /// Forgets the last step when all it did was to add that record, which is gone again.
     void forgetAddingOf(quint32 record);
     void clear();
@@ -57,12 +57,19 @@ public:
     void undo();
     void redo();
 
+    // The same in steps, for those who do it themselves. Null when there is nothing.
+    std::shared_ptr<UndoStep> stepToUndo() const;
+    std::shared_ptr<UndoStep> stepToRedo() const;
+    /// It was undone, or done again. Nothing when meanwhile it is no longer the one to be.
+    void didUndo(const UndoStep *step);
+    void didRedo(const UndoStep *step);
+
 Q_SIGNALS:
     void changed();
 
 private:
     DatafileDocument &g_document;
-    std::vector<std::unique_ptr<UndoStep>> g_steps;
+    std::vector<std::shared_ptr<UndoStep>> g_steps;
     size_t g_done = 0; ///< Steps before it are done, the others undone.
 };
 

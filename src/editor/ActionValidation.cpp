@@ -339,7 +339,7 @@ bool EditorWindowController::validateAction(const QString &selector) const
     if ((g_editingNonPrintableRecords && isLimited(NotWhileSpecial)) || (isClone() && isLimited(NotInClone)))
         return false;
     // Synchronizing works on the records itself: nothing of this table may run meanwhile.
-    if (g_nowSyncing)
+    if (nowSyncing())
         return selector == "copy:"_L1 || selector == "terminate:"_L1;
     if (isLimited(OnlyInText) && g_view->focus() != EditorFocus::FreeformText)
         return false;

@@ -43,6 +43,7 @@ QMimeData *copiedRecord(const RecordData &record, const DatafileDocument &docume
     auto *data = new QMimeData;
     const QByteArray rtf = richtext::writeRtf(rich);
     data->setText(fields + record.textString());
+    data->setData(flatRtfdType, richtext::writeRichText(rich));
     data->setData(u"text/rtf"_s, rtf);
     data->setData(u"application/rtf"_s, rtf);
     return data;

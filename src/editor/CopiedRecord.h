@@ -3,9 +3,14 @@
 
 #pragma once
 
+#include <QString>
+
 class QMimeData;
 
 namespace tavrin {
+
+/// Formatted text with its pictures, between windows of Tavrin; in RTF there are but their names.
+inline const QString flatRtfdType = QStringLiteral("application/x-flat-rtfd");
 
 class DatafileDocument;
 class RecordData;

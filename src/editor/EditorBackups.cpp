@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
-// The dated copies of a datafile: which there are, and what can be done with them.
+// The dated copies of a datafile: writing one, which there are, and what can be done with them.
 
 #include "document/DatafileBackups.h"
 #include "document/DatafileContents.h"
@@ -51,6 +51,41 @@ private:
 
 } // namespace
 
+void EditorRecords::backUp(const std::function<void()> &done)
+{
+    DatafileDocument &document = g_window.document();
+    const Result<QString> path = DatafileBackups(document).newPath();
+    const Result<> begun = path ? document.beginSavingCopy(*path) : Result<>(path.error());
+    if (!begun) {
+        tellBackupFailure(begun.error().message);
+        return;
+    }
+    g_backup = std::make_unique<QObject>();
+    connect(&document,
+            &DatafileDocument::savingFinished,
+            g_backup.get(),
+            [this, done, path = *path](const Result<> &saved) {
+                g_backup.release()->deleteLater();
+                if (!saved) {
+                    tellBackupFailure(saved.error().message);
+                    return;
+                }
+                DatafileBackups(g_window.document()).didWrite(path);
+                done();
+            });
+}
+
+void EditorRecords::tellBackupFailure(const QString &message)
+{
+    showAlert(g_sheets, tr("The backup could not be written."), message);
+}
+
+void EditorRecords::saveCurrentDatafileToBackups()
+{
+    if (g_window.leaveEditing())
+        backUp([this] { Q_EMIT g_window.statusMessage(tr("A backup was written.")); });
+}
+
 void EditorRecords::browseBackups()
 {
     const QList<DatafileBackups::Backup> backups = DatafileBackups(g_window.document()).list();
@@ -64,7 +99,8 @@ void EditorRecords::browseBackups()
     QList<CodedItem> items;
     for (const DatafileBackups::Backup &backup : backups)
         items.append({QLocale().toString(backup.written, QLocale::ShortFormat) + u" — "_s
-                      + QFileInfo(backup.path).fileName()});
+                      + QFileInfo(backup.path).fileName()
+                      + (backup.isOwn ? QString() : tr(" (perhaps of another datafile of this name)"))});
     const auto which = form->addChoice(tr("&Backup:"), items);
     const auto use = form->addChoice(tr("&Do this:"),
                                      {{tr("Open it read-only"), codeOf(BackupUse::Open)},

@@ -37,7 +37,7 @@ void EditorWindowController::showChangesInClone(const DatafileChange &change)
 
 void EditorWindowController::storeForClone()
 {
-    if (g_cloneWindow && g_currentRecord && !g_nowSaving && !g_nowSyncing)
+    if (g_cloneWindow && g_currentRecord && !g_nowSaving && !nowSyncing())
         storeFreeformText();
 }
 

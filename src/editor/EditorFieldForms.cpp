@@ -64,6 +64,8 @@ private:
 
 void EditorFields::fillEmptyFields()
 {
+    if (!hasFields())
+        return;
     enum class With { Text, Number, Date };
     auto owned = makeForm(tr("Fill Empty Fields"), tr("&Fill"));
     FormSheetController &form = *owned;
@@ -109,6 +111,8 @@ void EditorFields::fillEmptyFields()
 
 void EditorFields::replaceFieldContents()
 {
+    if (!hasFields())
+        return;
     using Where = ReplaceFieldContents::Where;
     auto owned = makeForm(tr("Replace Field Contents"), tr("&Replace"));
     FormSheetController &form = *owned;
@@ -148,6 +152,8 @@ void EditorFields::replaceFieldContents()
 
 void EditorFields::transferFieldContents()
 {
+    if (!hasFields())
+        return;
     auto owned = makeForm(tr("Transfer Field Contents"), tr("&Transfer"));
     FormSheetController &form = *owned;
     const QList<CodedItem> items = contentItems();
@@ -205,6 +211,8 @@ void EditorFields::moveTextIntoFields(bool onlyCurrent)
 
 void EditorFields::moveTextElements()
 {
+    if (!hasFields())
+        return;
     using Element = MoveTextElements::Element;
     auto owned = makeForm(tr("Move Text Elements"), tr("&Move"));
     FormSheetController &form = *owned;
@@ -254,7 +262,7 @@ void EditorFields::addFieldWithContent()
 
 void EditorFields::totalFieldContents()
 {
-    if (!g_window.leaveEditing())
+    if (!hasFields() || !g_window.leaveEditing())
         return;
     const QString older = FieldTotals::totalRecordIn(g_window.document());
     auto form = makeForm(tr("Total Field Contents"), tr("&Add Total Record"));
@@ -283,7 +291,7 @@ void EditorFields::totalFieldContents()
 
 void EditorFields::recordTotals(const QStringList &fields, const QString &olderRecord)
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     auto work = std::make_unique<TotalsWork>(g_window.document(), fields);
     connect(work.get(), &LongWork::ended, this, [this, olderRecord, work = work.get()] {

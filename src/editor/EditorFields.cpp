@@ -9,6 +9,7 @@
 #include "document/FieldOperations.h"
 #include "editor/AlertSheetController.h"
 #include "editor/ContentLook.h"
+#include "editor/EditorChanges.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FormPreview.h"
 #include "editor/ModifyFieldsSheetController.h"
@@ -32,7 +33,7 @@ public:
 
     QString title() const override { return g_title; }
     void run(Progress &progress) override { g_content->run(progress); }
-    ContentWork &content() { return *g_content; }
+    const std::shared_ptr<ContentWork> &content() const { return g_content; }
 
 private:
     QString g_title;
@@ -47,10 +48,28 @@ public:
 
     QString title() const override { return EditorFields::tr("Looking at the fields…"); }
     void run(Progress &progress) override { g_use.run(progress); }
-    const QHash<QString, qint64> &counts() const { return g_use.counts(); }
+    const FieldUse &use() const { return g_use; }
 
 private:
     FieldUse g_use;
+};
+
+/// Looking for what stands in fields that are to be deleted.
+class FieldContentsWork : public LongWork
+{
+public:
+    FieldContentsWork(const DatafileDocument &document, const QStringList &fields, QString title)
+        : g_contents(document, fields)
+        , g_title(std::move(title))
+    {}
+
+    QString title() const override { return g_title; }
+    void run(Progress &progress) override { g_contents.run(progress); }
+    FieldContents &contents() { return g_contents; }
+
+private:
+    FieldContents g_contents;
+    QString g_title;
 };
 
 } // namespace
@@ -88,7 +107,7 @@ void EditorFields::ask(std::unique_ptr<FormSheetController> form,
                        const Tell &tell,
                        const Tell &summary)
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     g_preview =
         std::make_unique<FormPreview>(*form, [this, make, summary]() -> std::shared_ptr<FormPreview::Look> {
@@ -114,19 +133,35 @@ void EditorFields::begin(const QString &title, const MakeWork &make, const Tell 
     g_work.begin(std::move(work));
 }
 
-void EditorFields::finish(const QString &title, ContentWork &work, const MakeWork &make, const Tell &tell)
+void EditorFields::finish(const QString &title,
+                          const std::shared_ptr<ContentWork> &work,
+                          const MakeWork &make,
+                          const Tell &tell)
 {
     // What was typed since the work began is stored before the record is shown anew.
-    g_window.leaveEditing();
-    const QString told = tell(work);
-    const Result<bool> done = work.apply(g_window.document());
-    if (!done && done.error().kind == Error::Kind::Refused) {
+    if (!g_window.leaveEditing())
+        return;
+    Result<std::unique_ptr<SteppedChange>> change = work->takeChange(g_window.document());
+    if (!change && change.error().kind == Error::Kind::Refused) {
         begin(title, make, tell); // With the records as they are now.
         return;
     }
-    if (!done)
+    if (!change)
         return;
-    g_window.loadCurrentRecord();
+    const QString told = tell(*work);
+    if (!*change) {
+        tellDone(told, *work, false);
+        return;
+    }
+    g_window.changes().make(*std::move(change), [this, told, work](bool made) {
+        g_window.loadCurrentRecord();
+        if (made)
+            tellDone(told, *work, true);
+    });
+}
+
+void EditorFields::tellDone(const QString &told, const ContentWork &work, bool isAnyChanged)
+{
     QStringList skipped;
     if (work.lockedRecords() > 0)
         skipped.append(
@@ -136,10 +171,20 @@ void EditorFields::finish(const QString &title, ContentWork &work, const MakeWor
             filledIn(tr("%lu record(s) were left as they were, because the formatting or a picture "
                         "of their text would have been lost."),
                      {QString::number(work.leftRecords())}));
-    if (*done && skipped.isEmpty())
+    if (isAnyChanged && skipped.isEmpty())
         Q_EMIT g_window.statusMessage(told);
     else
         showAlert(g_sheets, told, skipped.join(u'\n'));
+}
+
+bool EditorFields::hasFields()
+{
+    if (!fieldItems().isEmpty())
+        return true;
+    showAlert(g_sheets,
+              tr("This datafile has no fields."),
+              tr("Add one with Modify Fields in the Fields menu first."));
+    return false;
 }
 
 // The fields themselves.
@@ -151,15 +196,18 @@ void EditorFields::modifyFields()
 
 void EditorFields::showModifyFields(const std::function<void(ModifyFieldsSheetController &)> &fill)
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     auto work = std::make_unique<FieldUseWork>(g_window.document());
     connect(work.get(), &LongWork::ended, this, [this, fill, work = work.get()] {
+        // Without the numbers nobody would be asked before contents are deleted.
+        if (work->use().wasCancelled())
+            return;
         const DatafileDocument &document = g_window.document();
         auto sheet =
             std::make_unique<ModifyFieldsSheetController>(document.datafileSettings().fields(),
                                                           g_window.textName(),
-                                                          work->counts(),
+                                                          work->use().counts(),
                                                           document.services().environment.identifier);
         fill(*sheet);
         connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int code) {
@@ -192,20 +240,50 @@ void EditorFields::acceptFields(const ModifyFieldsSheetController &sheet)
                 [fields, textName](ModifyFieldsSheetController &again) { again.goOnWith(fields, textName); });
             return;
         }
-        if (!g_window.leaveEditing())
-            return;
-        DatafileDocument &document = g_window.document();
-        const bool hadOtherFields = document.datafileSettings().fields() != fields;
-        if (const Result<> set = FieldOperations(document).setFields(fields, textName, tr("Modify Fields"));
-            !set)
-            showAlert(g_sheets, set.error().message, {});
-        g_window.loadCurrentRecord();
-        if (hadOtherFields && !document.datafileSettings().syncID().isEmpty())
-            showAlert(g_sheets,
-                      tr("This datafile is synchronized with another copy."),
-                      tr("Change the fields of the other copy in the same way before they are synchronized "
-                         "again."));
+        const bool areOther = g_window.document().datafileSettings().fields() != fields;
+        setFields({fields, textName, tr("Modify Fields"), areOther});
     });
+}
+
+void EditorFields::setFields(const NewFields &wanted)
+{
+    if (!g_window.leaveEditing())
+        return;
+    const FieldOperations operations(g_window.document());
+    auto work = std::make_unique<FieldContentsWork>(
+        g_window.document(), operations.removedBy(wanted.fields), wanted.undoName + u'…');
+    connect(work.get(), &LongWork::ended, this, [this, wanted, work = work.get()] {
+        if (work->contents().wasCancelled() || !g_window.leaveEditing())
+            return;
+        if (work->contents().isStale())
+            setFields(wanted); // With the records as they are now.
+        else
+            changeFields(wanted, work->contents());
+    });
+    g_work.begin(std::move(work));
+}
+
+void EditorFields::changeFields(const NewFields &wanted, FieldContents &contents)
+{
+    std::unique_ptr<SteppedChange> change =
+        FieldOperations(g_window.document())
+            .changeTo(wanted.fields, wanted.textName, contents.takeContents(), wanted.undoName);
+    if (!change)
+        return;
+    g_window.changes().make(std::move(change), [this, concernsPartner = wanted.concernsPartner](bool made) {
+        g_window.loadCurrentRecord();
+        if (made && concernsPartner)
+            tellPartner();
+    });
+}
+
+void EditorFields::tellPartner()
+{
+    if (!g_window.document().datafileSettings().syncID().isEmpty())
+        showAlert(g_sheets,
+                  tr("This datafile is synchronized with another copy."),
+                  tr("Change the fields of the other copy in the same way before they are synchronized "
+                     "again."));
 }
 
 /// One field after the other, until one is to stay.
@@ -234,23 +312,21 @@ void EditorFields::askToDelete(QStringList names,
 
 void EditorFields::setVisible()
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     auto form = std::make_unique<FormSheetController>(tr("Show Fields as Columns"), tr("&Show"));
     const QList<FieldDefinition> fields = g_window.document().datafileSettings().fields();
     for (const FieldDefinition &field : fields)
         form->addCheck(field.name(), field.show());
     connect(form.get(), &QVSheetController::finished, this, [this, fields, form = form.get()](int code) {
-        if (code != QVSheetController::FirstButton || !g_window.leaveEditing())
+        if (code != QVSheetController::FirstButton)
             return;
         QList<FieldDefinition> changed = fields;
         for (qsizetype i = 0; i < changed.size(); ++i) {
             if (changed[i].show() != form->isOn(i))
                 changed[i].setShow(form->isOn(i));
         }
-        // Nothing of it can be refused: the names stay.
-        (void)FieldOperations(g_window.document()).setFields(changed, {}, tr("Show Fields"));
-        g_window.loadCurrentRecord();
+        setFields({changed, {}, tr("Show Fields"), false});
     });
     g_sheets.begin(std::move(form));
 }

@@ -15,12 +15,15 @@
 
 namespace tavrin {
 
+class FieldContents;
 class FormPreview;
 class ModifyFieldsSheetController;
+
 /// The commands on fields and on what they hold, as an editor window offers them: the forms with their
 /// previews, the work, and what is said afterwards.
 ///
-/// What is being typed is stored first. Nothing happens while the datafile is synchronized.
+/// What is being typed is stored first. Nothing happens while the datafile is synchronized; in one that is
+/// read-only nothing is changed, and that is said.
 class EditorFields : public QObject
 {
     Q_OBJECT
@@ -53,8 +56,21 @@ private:
     QList<CodedItem> contentItems() const;
     void moveTextIntoFields(bool onlyCurrent);
 
+    /// What the fields are to be, and what Undo calls it.
+    struct NewFields
+    {
+        QList<FieldDefinition> fields;
+        QString textName; ///< Empty: it keeps its name.
+        QString undoName;
+        bool concernsPartner; ///< Another copy, with which the datafile is synchronized, has to be changed
+                              ///< too.
+    };
+
     void showModifyFields(const std::function<void(ModifyFieldsSheetController &)> &fill);
     void acceptFields(const ModifyFieldsSheetController &sheet);
+    void setFields(const NewFields &wanted);
+    void changeFields(const NewFields &wanted, FieldContents &contents);
+    void tellPartner();
     void askToDelete(QStringList names, QList<qint64> uses, const std::function<void(bool agreed)> &answered);
 
     /// Asks with a form whose work is previewed, and then does it.
@@ -71,7 +87,13 @@ private:
                  const Tell &summary = {});
     void recordTotals(const QStringList &fields, const QString &olderRecord);
     void begin(const QString &title, const MakeWork &make, const Tell &tell);
-    void finish(const QString &title, ContentWork &work, const MakeWork &make, const Tell &tell);
+    void finish(const QString &title,
+                const std::shared_ptr<ContentWork> &work,
+                const MakeWork &make,
+                const Tell &tell);
+    void tellDone(const QString &told, const ContentWork &work, bool isAnyChanged);
+    /// Some fields to choose from; otherwise says that there are none.
+    bool hasFields();
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;

@@ -70,7 +70,7 @@ void EditorWindowController::goToPreviousRecord()
 
 void EditorWindowController::goToRecordNumber()
 {
-    if (!isNavigable() || g_nowSyncing)
+    if (!isNavigable() || nowSyncing())
         return;
     auto sheet = std::make_unique<GotoRecordSheetController>(
         countSelected(), GotoRecordSheetController::Purpose::GoTo, [this](const QString &start) {
@@ -134,11 +134,6 @@ void EditorWindowController::addRecord()
     g_records->addRecord();
 }
 
-bool EditorWindowController::currentRecordMayVanish() const
-{
-    return g_currentRecord && mayVanish(*g_currentRecord, settings());
-}
-
 void EditorWindowController::showNewRecord(const QString &identifier)
 {
     autoSaveChanges(false);
@@ -149,10 +144,10 @@ void EditorWindowController::showNewRecord(const QString &identifier)
     g_lastHitField = -1;
 }
 
-void EditorWindowController::pasteIntoFreeformText(bool plain)
+bool EditorWindowController::pasteIntoFreeformText(bool plain)
 {
     focusFreeformText();
-    g_view->pasteIntoFreeformText(plain);
+    return g_view->pasteIntoFreeformText(plain);
 }
 
 void EditorWindowController::focusTable()
@@ -210,6 +205,13 @@ void EditorWindowController::showAfterDeletion(qint64 index)
     g_currentRecord = nullptr;
     autoSaveChanges(true);
     loadRecordAtIndex(index);
+    g_lastHitField = -1;
+}
+
+void EditorWindowController::showAfterDeletions()
+{
+    g_currentRecord = nullptr;
+    loadRecordAtIndex(0);
     g_lastHitField = -1;
 }
 

@@ -130,6 +130,8 @@ void EditorPermission::decide()
         return;
     }
     g_askingPassword = true;
+    // A backup is read-only by whoever opened it, and stays so.
+    g_readOnlyByOpening = g_readOnlyByOpening || g_document.openedReadOnly();
     auto sheet = std::make_unique<EnterPasswordSheetController>(password);
     connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
         enterPasswordSheetDidEnd(*sheet, returnCode);

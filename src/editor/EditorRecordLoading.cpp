@@ -205,7 +205,7 @@ void EditorWindowController::resumeTableEditing()
 
 void EditorWindowController::setDatafileChanged()
 {
-    if (!g_nowSyncing && !isClone())
+    if (!nowSyncing() && !isClone())
         g_document.updateChangeCount(DatafileDocument::ChangeCount::Done);
 }
 
@@ -219,7 +219,7 @@ void EditorWindowController::markEdited(const QString &identifier)
 
 void EditorWindowController::textDidChange()
 {
-    if (!g_currentRecord || g_nowSyncing || isClone())
+    if (!g_currentRecord || nowSyncing() || isClone())
         return;
     markEdited(identifierOf(g_currentRecord));
     if (g_cloneWindow)

@@ -5,13 +5,13 @@
 
 #include "base/FilledIn.h"
 #include "document/DatafileArrangement.h"
-#include "document/DatafileBackups.h"
 #include "document/DuplicateRemoval.h"
 #include "document/RecordAdding.h"
 #include "document/RecordOperations.h"
 #include "document/TableOfContents.h"
 #include "editor/AlertSheetController.h"
 #include "editor/CopiedRecord.h"
+#include "editor/EditorChanges.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FormPreview.h"
 #include "editor/GotoRecordSheetController.h"
@@ -43,6 +43,19 @@ private:
     DuplicateRemoval g_removal;
 };
 
+class LockingWork : public LongWork
+{
+public:
+    LockingWork(const DatafileDocument &document, RecordLocking::Kind kind) : g_locking(document, kind) {}
+
+    QString title() const override { return g_locking.name() + u'…'; }
+    void run(Progress &progress) override { g_locking.run(progress); }
+    RecordLocking &locking() { return g_locking; }
+
+private:
+    RecordLocking g_locking;
+};
+
 class ContentsWork : public LongWork
 {
 public:
@@ -70,15 +83,14 @@ EditorRecords::~EditorRecords() = default;
 
 bool EditorRecords::addEmptyRecord()
 {
-    if (g_window.nowSyncing())
-        return false;
     const bool wasInTable = g_window.isTableFocused();
-    g_window.leaveEditing();
-    if (g_window.currentRecordMayVanish()) {
+    if (!g_window.leaveEditingToChange())
+        return false;
+    if (g_window.isCurrentRecordEmpty()) {
         // Adding again and again must not pile up empty records.
         if (wasInTable)
             g_window.focusTable();
-        return false;
+        return true;
     }
     g_window.showNewRecord(RecordAdding(g_window.document()).addRecord(g_window.currentIdentifier()));
     return true;
@@ -86,11 +98,14 @@ bool EditorRecords::addEmptyRecord()
 
 void EditorRecords::addAndPaste(bool plain)
 {
-    if (g_window.nowSyncing())
-        return;
     // An empty record that is there already takes what is pasted.
-    addEmptyRecord();
-    g_window.pasteIntoFreeformText(plain);
+    if (addEmptyRecord() && !g_window.pasteIntoFreeformText(plain))
+        showAlert(
+            g_sheets,
+            tr("Memory Error."),
+            tr("It appears that the contents of the clipboard that were just pasted into Tavrin Pro may "
+               "have caused a instability. We strongly suggest that you save changes, quit Tavrin Pro, "
+               "and relaunch it.."));
 }
 
 void EditorRecords::addRecordWithToggle(bool toggled)
@@ -103,7 +118,7 @@ void EditorRecords::addRecordWithToggle(bool toggled)
 
 void EditorRecords::duplicateCurrentRecord()
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     const QString made = RecordAdding(g_window.document()).duplicateRecord(g_window.currentIdentifier());
     if (!made.isNull())
@@ -112,7 +127,7 @@ void EditorRecords::duplicateCurrentRecord()
 
 void EditorRecords::addTOC()
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     auto work = std::make_unique<ContentsWork>(g_window.document());
     connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
@@ -127,7 +142,7 @@ void EditorRecords::addTOC()
 
 void EditorRecords::deleteRecord()
 {
-    if (!g_window.validateAction(u"deleteRecord:"_s))
+    if (!g_window.validateAction(u"deleteRecord:"_s) || !g_window.permitsChange())
         return;
     auto alert =
         std::make_unique<AlertSheetController>(tr("Are you sure you want to delete the current record?"),
@@ -152,7 +167,7 @@ void EditorRecords::deleteRecordWithToggle(bool toggled)
 void EditorRecords::deleteRecordWithoutWarning()
 {
     // The last record of a datafile stays.
-    if (!g_window.validateAction(u"deleteRecord:"_s) || !g_window.leaveEditing())
+    if (!g_window.validateAction(u"deleteRecord:"_s) || !g_window.leaveEditingToChange())
         return;
     const qint64 index = g_window.indexOfCurrentRecord();
     const bool isLast = index == g_window.countSelected() - 1;
@@ -164,7 +179,7 @@ void EditorRecords::deleteRecordWithoutWarning()
 
 void EditorRecords::deleteAllSelectedRecords()
 {
-    if (!g_window.validateAction(u"deleteAllSelectedRecords:"_s))
+    if (!g_window.validateAction(u"deleteAllSelectedRecords:"_s) || !g_window.permitsChange())
         return;
     auto alert = std::make_unique<AlertSheetController>(
         tr("Delete All Selected Records?"),
@@ -182,29 +197,49 @@ void EditorRecords::backUpAndDelete()
 {
     if (!g_window.leaveEditing())
         return;
+    // Those that the person was asked about, whatever is selected when the backup stands.
+    const std::vector<quint32> records = RecordOperations(g_window.document()).selectedRecords();
     const Preferences *preferences = g_window.document().services().preferences;
     if (preferences && preferences->integerForKey(u"NoBackupForDelectedSelectedRecords"_s) != 0)
-        deleteSelected();
+        deleteRecords(records);
     else
-        backUp([this] { deleteSelected(); });
+        backUp([this, records] { deleteRecords(records); });
 }
 
-void EditorRecords::deleteSelected()
+void EditorRecords::deleteRecords(const std::vector<quint32> &records)
 {
     if (!g_window.leaveEditing())
         return;
-    const Result<qint64> deleted = RecordOperations(g_window.document()).deleteAllSelected();
-    if (!deleted) {
-        showAlert(g_sheets, deleted.error().message, {});
+    Result<std::unique_ptr<SteppedChange>> deletion =
+        RecordOperations(g_window.document()).deletionOf(records);
+    if (!deletion) {
+        showAlert(g_sheets, deletion.error().message, {});
         return;
     }
-    g_window.showAfterDeletion(0);
-    Q_EMIT g_window.statusMessage(tr("%n record(s) deleted.", nullptr, static_cast<int>(*deleted)));
+    if (!*deletion)
+        return;
+    const qsizetype before = g_window.document().datafileRecords().count();
+    g_window.changes().make(*std::move(deletion), [this, before](bool made) {
+        if (!showAfterDeletions(made))
+            return;
+        const qsizetype count = before - g_window.document().datafileRecords().count();
+        Q_EMIT g_window.statusMessage(tr("%n record(s) deleted.", nullptr, static_cast<int>(count)));
+    });
+}
+
+/// Whether they were deleted.
+bool EditorRecords::showAfterDeletions(bool made)
+{
+    if (made)
+        g_window.showAfterDeletions();
+    else
+        g_window.loadCurrentRecord();
+    return made;
 }
 
 void EditorRecords::removeDuplicateRecords()
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
     g_window.autoSaveChanges(false);
     if (g_window.haveCurrentSelection())
@@ -216,36 +251,48 @@ void EditorRecords::beginRemovingDuplicates()
 {
     auto work = std::make_unique<DuplicatesWork>(g_window.document());
     connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
-        g_window.leaveEditing();
-        if (work->removal().wasCancelled())
+        if (work->removal().wasCancelled() || !g_window.leaveEditing())
             return;
-        if (work->removal().isStale()) {
+        if (work->removal().isStale())
             beginRemovingDuplicates(); // Among the records as they are now.
-            return;
-        }
-        const qsizetype count = work->removal().apply(g_window.document()).size();
-        if (count > 0)
-            g_window.loadRecordAtIndex(0);
-        showAlert(g_sheets,
-                  count > 0 ? filledIn(tr("%lu duplicate record(s) removed."), {QString::number(count)})
-                            : tr("No duplicate records were removed."),
-                  {});
+        else
+            removeDuplicates(work->removal());
     });
     g_work.begin(std::move(work));
+}
+
+void EditorRecords::removeDuplicates(const DuplicateRemoval &removal)
+{
+    std::unique_ptr<SteppedChange> change = removal.change(g_window.document());
+    if (!change) {
+        showAlert(g_sheets, tr("No duplicate records were removed."), {});
+        return;
+    }
+    const QString count = QString::number(removal.duplicates().size());
+    g_window.changes().make(std::move(change), [this, count](bool made) {
+        if (showAfterDeletions(made))
+            showAlert(g_sheets, filledIn(tr("%lu duplicate record(s) removed."), {count}), {});
+    });
 }
 
 // Ordering.
 
 void EditorRecords::move(bool toFirst)
 {
-    if (!g_window.currentRecord() || !g_window.leaveEditing())
+    if (!g_window.currentRecord() || !g_window.leaveEditingToChange())
         return;
     const QString identifier = g_window.currentIdentifier();
     RecordOperations operations(g_window.document());
     const Result<bool> moved =
         toFirst ? operations.moveToFirst(identifier) : operations.moveToLast(identifier);
     if (moved && *moved)
-        g_window.showRecord(identifier);
+        showMoved(identifier);
+}
+
+void EditorRecords::showMoved(const QString &identifier)
+{
+    g_window.showRecord(identifier);
+    g_window.freshenWindowContentSettings();
 }
 
 void EditorRecords::makeThisTheFirstRecord()
@@ -260,7 +307,8 @@ void EditorRecords::makeThisTheLastRecord()
 
 void EditorRecords::moveAfterRecordNumber()
 {
-    if (!g_window.currentRecord() || !g_window.validateAction(u"moveAfterRecordNumber:"_s))
+    if (!g_window.currentRecord() || !g_window.validateAction(u"moveAfterRecordNumber:"_s)
+        || !g_window.permitsChange())
         return;
     auto sheet = std::make_unique<GotoRecordSheetController>(g_window.countSelected(),
                                                              GotoRecordSheetController::Purpose::MoveAfter);
@@ -271,32 +319,32 @@ void EditorRecords::moveAfterRecordNumber()
         const QString after = g_window.document().datafileCatalog().selectedIdentifierAtIndex(sheet->index());
         const Result<bool> moved = RecordOperations(g_window.document()).moveAfter(identifier, after);
         if (moved && *moved)
-            g_window.showRecord(identifier);
+            showMoved(identifier);
     });
     g_sheets.begin(std::move(sheet));
 }
 
 // Locking.
 
-void EditorRecords::setAllLocked(bool locked)
+void EditorRecords::lockAll(RecordLocking::Kind kind)
 {
-    if (!g_window.leaveEditing())
+    if (!g_window.leaveEditingToChange())
         return;
-    RecordOperations(g_window.document()).setAllLocked(locked);
-    g_window.loadCurrentRecord();
-}
-
-void EditorRecords::revertAllRecordsLockedState()
-{
-    if (!g_window.leaveEditing())
-        return;
-    RecordOperations(g_window.document()).revertAllLocked();
-    g_window.loadCurrentRecord();
+    auto work = std::make_unique<LockingWork>(g_window.document(), kind);
+    connect(work.get(), &LongWork::ended, this, [this, kind, work = work.get()] {
+        if (work->locking().wasCancelled() || !g_window.leaveEditing())
+            return;
+        if (work->locking().isStale())
+            lockAll(kind); // With the records as they are now.
+        else if (std::unique_ptr<SteppedChange> change = work->locking().takeChange())
+            g_window.changes().make(std::move(change), [this](bool) { g_window.loadCurrentRecord(); });
+    });
+    g_work.begin(std::move(work));
 }
 
 void EditorRecords::toggleRecordLocked()
 {
-    if (!g_window.currentRecord() || !g_window.leaveEditing())
+    if (!g_window.currentRecord() || !g_window.leaveEditingToChange())
         return;
     RecordOperations(g_window.document())
         .setLocked(g_window.currentIdentifier(), !g_window.currentRecordLocked());
@@ -317,41 +365,6 @@ void EditorRecords::copyRecordWithFieldNames()
     if (g_window.currentRecord() && g_window.leaveEditing())
         QGuiApplication::clipboard()->setMimeData(
             copiedRecord(*g_window.currentRecord(), g_window.document(), FieldNames::With));
-}
-
-// Backups.
-
-void EditorRecords::backUp(const std::function<void()> &done)
-{
-    DatafileDocument &document = g_window.document();
-    const Result<QString> path = DatafileBackups(document).newPath();
-    const Result<> begun = path ? document.beginSavingCopy(*path) : Result<>(path.error());
-    if (!begun) {
-        tellBackupFailure(begun.error().message);
-        return;
-    }
-    g_backup = std::make_unique<QObject>();
-    connect(
-        &document, &DatafileDocument::savingFinished, g_backup.get(), [this, done](const Result<> &saved) {
-            g_backup.release()->deleteLater();
-            if (!saved) {
-                tellBackupFailure(saved.error().message);
-                return;
-            }
-            DatafileBackups(g_window.document()).removeOld();
-            done();
-        });
-}
-
-void EditorRecords::tellBackupFailure(const QString &message)
-{
-    showAlert(g_sheets, tr("The backup could not be written."), message);
-}
-
-void EditorRecords::saveCurrentDatafileToBackups()
-{
-    if (g_window.leaveEditing())
-        backUp([this] { Q_EMIT g_window.statusMessage(tr("A backup was written.")); });
 }
 
 } // namespace tavrin

@@ -3,15 +3,19 @@
 
 #pragma once
 
+#include "document/RecordLocking.h"
+
 #include <QObject>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace tavrin {
 
+class DuplicateRemoval;
 class EditorWindowController;
 class FormPreview;
 class SheetHost;
@@ -20,7 +24,8 @@ class WorkHost;
 /// Adding, copying, deleting, ordering and locking records as an editor window offers it: the questions, what
 /// is shown afterwards, and Undo.
 ///
-/// What is being typed is stored first. Nothing happens while the datafile is synchronized.
+/// What is being typed is stored first. Nothing happens while the datafile is synchronized; in one that is
+/// read-only nothing is changed, and that is said.
 class EditorRecords : public QObject
 {
     Q_OBJECT
@@ -49,9 +54,9 @@ public:
     void makeThisTheLastRecord();
     void moveAfterRecordNumber();
 
-    void lockAllRecords() { setAllLocked(true); }
-    void unlockAllRecords() { setAllLocked(false); }
-    void revertAllRecordsLockedState();
+    void lockAllRecords() { lockAll(RecordLocking::Kind::Lock); }
+    void unlockAllRecords() { lockAll(RecordLocking::Kind::Unlock); }
+    void revertAllRecordsLockedState() { lockAll(RecordLocking::Kind::Revert); }
     void toggleRecordLocked();
 
     /// Onto the clipboard, formatted and plain.
@@ -67,10 +72,13 @@ private:
     bool addEmptyRecord();
     void addAndPaste(bool plain);
     void backUpAndDelete();
-    void deleteSelected();
+    void deleteRecords(const std::vector<quint32> &records);
+    bool showAfterDeletions(bool made);
     void move(bool toFirst);
-    void setAllLocked(bool locked);
+    void showMoved(const QString &identifier);
+    void lockAll(RecordLocking::Kind kind);
     void beginRemovingDuplicates();
+    void removeDuplicates(const DuplicateRemoval &removal);
     /// Begins to write a backup; then `done`, or an alert.
     void backUp(const std::function<void()> &done);
     void tellBackupFailure(const QString &message);

@@ -94,7 +94,7 @@ void EditorTableController::listRowSelected(int row)
 {
     const RecordData *record = g_window.recordAtIndex(row);
     // The selection also follows the record: then there is nothing to do.
-    if (!record || record == g_window.currentRecord())
+    if (!record || record == g_window.currentRecord() || g_window.nowSyncing())
         return;
     g_window.autoSaveChanges(false);
     g_window.loadRecordAtIndex(row);

@@ -44,8 +44,8 @@ public:
     virtual bool isFreeformTextModified() const = 0;
     virtual void clearFreeformTextModified() = 0;
     virtual void setFreeformTextEditable(bool editable) = 0;
-    /// Puts what is on the clipboard where the caret is.
-    virtual void pasteIntoFreeformText(bool /*plain*/) {}
+    /// Puts what is on the clipboard where the caret is. False when that could not be done.
+    virtual bool pasteIntoFreeformText(bool /*plain*/) { return true; }
 
     virtual bool isTableEditing() const = 0;
     /// Commits the cell being edited, if any.

@@ -6,6 +6,7 @@
 #include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorChanges.h"
 #include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
@@ -240,9 +241,8 @@ void EditorWindowController::recordDidChange(const QString &identifier)
 
 void EditorWindowController::fieldFormatDidChange()
 {
-    // Without fields there is nothing that Basic View could show.
-    if (settings().fields().isEmpty() && isBasicView())
-        setMode(listMode);
+    // The last field takes Basic View along, and brings it back.
+    setMode(isClone() ? g_mode : settings().mode());
     g_tableController->setupTables();
     Q_EMIT operationsChanged();
 }
@@ -283,11 +283,21 @@ void EditorWindowController::datafileReverted()
 
 bool EditorWindowController::leaveEditing()
 {
-    if (g_nowSyncing || isClone())
+    if (nowSyncing() || isClone())
         return false;
     updateCurrentRecord();
     saveIfDifferentRecord(nullptr);
     return true;
+}
+
+bool EditorWindowController::permitsChange()
+{
+    if (!g_document.openedReadOnly() && !settings().readOnly())
+        return true;
+    showAlert(g_sheets,
+              tr("This datafile is read-only."),
+              tr("Changes could not be saved, so its records and fields stay as they are."));
+    return false;
 }
 
 void EditorWindowController::showRecord(const QString &identifier)
@@ -316,36 +326,12 @@ QString EditorWindowController::redoName() const
 
 void EditorWindowController::undo()
 {
-    undoOrRedo(&UndoHistory::undo);
+    g_changes->undo();
 }
 
 void EditorWindowController::redo()
 {
-    undoOrRedo(&UndoHistory::redo);
-}
-
-/// What is taken back or done again shows: the one record that it is about, if it is one.
-void EditorWindowController::undoOrRedo(void (UndoHistory::*step)())
-{
-    if (!leaveEditing())
-        return;
-    const qint64 index = indexOfCurrentRecord();
-    QString touched;
-    const auto watching =
-        connect(&g_document, &DatafileDocument::changed, this, [&touched](const DatafileChange &change) {
-            if (const auto *added = std::get_if<RecordAdded>(&change))
-                touched = added->identifier;
-            else if (const auto *changed = std::get_if<RecordChanged>(&change))
-                touched = changed->identifier;
-        });
-    (g_document.undoHistory().*step)();
-    disconnect(watching);
-    if (!touched.isEmpty() && touched != currentIdentifier())
-        showRecord(touched);
-    else if (g_currentRecord)
-        loadCurrentRecord();
-    else
-        loadRecordAtIndex(index);
+    g_changes->redo();
 }
 
 } // namespace tavrin

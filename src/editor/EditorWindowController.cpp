@@ -7,6 +7,7 @@
 
 #include "base/FilledIn.h"
 #include "base/Log.h"
+#include "editor/EditorChanges.h"
 #include "editor/EditorExporting.h"
 #include "editor/EditorFields.h"
 #include "editor/EditorFormatting.h"
@@ -90,6 +91,7 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_tableController = std::make_unique<EditorTableController>(*this);
     g_permission = std::make_unique<EditorPermission>(g_document, g_sheets);
     g_saving = std::make_unique<EditorSaving>(*this, g_sheets, work);
+    g_changes = std::make_unique<EditorChanges>(*this, work);
     g_records = std::make_unique<EditorRecords>(*this, g_sheets, work);
     g_fields = std::make_unique<EditorFields>(*this, g_sheets, work);
     g_text = std::make_unique<EditorFreeformText>(*this);
@@ -101,6 +103,10 @@ void EditorWindowController::setUpCollaborators(WorkHost &work)
     g_search = std::make_unique<EditorSearchController>(*this, g_sheets, work, g_preferences);
     g_textCommands = std::make_unique<EditorTextCommands>(*this, g_sheets, work);
     connect(g_permission.get(), &EditorPermission::changed, this, &EditorWindowController::operationsChanged);
+    connect(g_changes.get(), &EditorChanges::isChangingChanged, this, [this] {
+        updateFreeformTextEditability();
+        Q_EMIT operationsChanged();
+    });
     connect(g_search.get(),
             &EditorSearchController::modesChanged,
             this,
@@ -284,10 +290,15 @@ bool EditorWindowController::isAskingPassword() const
     return g_permission->isAskingPassword();
 }
 
+bool EditorWindowController::nowSyncing() const
+{
+    return g_nowSyncing || g_changes->isChanging();
+}
+
 void EditorWindowController::autoSaveChanges(bool force)
 {
     const bool hasChanges = force || g_document.isModified() || g_currentRecordDirty;
-    if (!isClone() && settings().autoSaveChanges() && canSaveChanges() && hasChanges && !g_nowSyncing)
+    if (!isClone() && settings().autoSaveChanges() && canSaveChanges() && hasChanges && !nowSyncing())
         g_saving->autoSave();
 }
 
@@ -315,6 +326,11 @@ void EditorWindowController::requestClose()
 {
     if (isClone()) {
         Q_EMIT closeAllowed();
+        return;
+    }
+    // What is half done is not to be closed; whoever wants that cancels it first.
+    if (g_changes->isChanging()) {
+        Q_EMIT closeRefused();
         return;
     }
     if (g_cloneWindow)

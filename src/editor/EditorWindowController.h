@@ -18,6 +18,7 @@
 
 namespace tavrin {
 
+class EditorChanges;
 class EditorFields;
 class EditorFormatting;
 class EditorFreeformText;
@@ -31,7 +32,6 @@ class EditorSelecting;
 class EditorSorting;
 class EditorTableController;
 class EditorTextCommands;
-class UndoHistory;
 class WorkHost;
 
 /// The controller of one editor window: which record is shown, what the person did to it, which commands
@@ -64,6 +64,7 @@ public:
     const DatafileDocument &document() const { return g_document; }
     EditorTableController &tableController() { return *g_tableController; }
     EditorRecords &records() { return *g_records; }
+    EditorChanges &changes() { return *g_changes; }
     EditorFields &fields() { return *g_fields; }
     EditorSelecting &selecting() { return *g_selecting; }
     EditorExporting &exporting() { return *g_exporting; }
@@ -117,6 +118,7 @@ public:
     bool haveCurrentSelection() const;
     const RecordHistory &viewedRecordList() const { return g_viewedRecordList; }
     static bool isEmpty(const RecordData &record, const DatafileSettingsData &settings);
+    bool isCurrentRecordEmpty() const { return g_currentRecord && isEmpty(*g_currentRecord, settings()); }
     static quint64 recordSize(const RecordData &record);
 
     // Loading and storing.
@@ -128,6 +130,9 @@ public:
     /// Before a command on many records: what is being typed is stored. False while the datafile is being
     /// synchronized, when nothing may be done.
     bool leaveEditing();
+    /// Whether records and fields may be changed; where the datafile is read-only, that is said.
+    bool permitsChange();
+    bool leaveEditingToChange() { return permitsChange() && leaveEditing(); }
     /// Shows a record, selecting it if it is omitted.
     void showRecord(const QString &identifier);
     void setDatafileChanged();
@@ -153,13 +158,15 @@ public:
     const Preferences &preferences() const { return g_preferences; }
     // For the commands on records and fields.
     QString currentIdentifier() const { return identifierOf(g_currentRecord); }
-    /// Nothing was ever put into the current record: it may go without a question.
-    bool currentRecordMayVanish() const;
     /// A new record, ready to be typed into.
     void showNewRecord(const QString &identifier);
-    /// The record at the index was deleted: shows the one that followed, or the first.
+    /// The record at the index was deleted: shows the one that followed, or the first, and saves where that
+    /// is done without being asked.
     void showAfterDeletion(qint64 index);
-    void pasteIntoFreeformText(bool plain);
+    /// Many were deleted: shows the first.
+    void showAfterDeletions();
+    /// False when that could not be done.
+    bool pasteIntoFreeformText(bool plain);
     void focusTable();
     bool isTableFocused() const;
 
@@ -209,7 +216,8 @@ public:
     void storeRecordBeingEdited() override;
     void endListEditing() override;
     bool canSaveChanges() const override;
-    bool nowSyncing() const override { return g_nowSyncing; }
+    /// Also while a change of many records is being made.
+    bool nowSyncing() const override;
     void markCurrentRecordClean() override { g_currentRecordDirty = false; }
     void setNowSaving(bool saving) override { g_nowSaving = saving; }
 
@@ -258,7 +266,6 @@ private:
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);
-    void undoOrRedo(void (UndoHistory::*step)());
     void focusFirstField();
 
     void rememberRecordToOpen();
@@ -289,6 +296,7 @@ private:
     std::unique_ptr<EditorTableController> g_tableController;
     std::unique_ptr<EditorPermission> g_permission;
     std::unique_ptr<EditorSaving> g_saving;
+    std::unique_ptr<EditorChanges> g_changes;
     std::unique_ptr<EditorRecords> g_records;
     std::unique_ptr<EditorFields> g_fields;
     std::unique_ptr<EditorSelecting> g_selecting;

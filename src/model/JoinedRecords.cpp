@@ -63,6 +63,12 @@ TextView JoinedRecords::textString(quint32 place) const
     return part.source->textString(place - part.start);
 }
 
+bool JoinedRecords::visitFields(quint32 place, const FieldVisitor &visitor) const
+{
+    const Part &part = partOf(place);
+    return part.source->visitFields(place - part.start, visitor);
+}
+
 bool JoinedRecords::mayHold(quint32 place, const text::TextSieve &sieve) const
 {
     const Part &part = partOf(place);

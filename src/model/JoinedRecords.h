@@ -24,6 +24,7 @@ public:
     plist::Value value(quint32 place, const QString &key) const override;
     TextView fieldValue(quint32 place, const FieldKey &field) const override;
     TextView textString(quint32 place) const override;
+    bool visitFields(quint32 place, const FieldVisitor &visitor) const override;
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
     void fetch(quint32 place) const override;
     QByteArrayView xml(quint32 place) const override;

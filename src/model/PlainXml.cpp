@@ -87,4 +87,27 @@ std::optional<TextView> plainStringInDictionary(QByteArrayView xml, QByteArrayVi
     }
 }
 
+bool visitPlainStrings(QByteArrayView xml,
+                       const std::function<void(QByteArrayView key, const TextView &text)> &visitor)
+{
+    PlainReader reader(xml);
+    if (!reader.pass("<dict>"))
+        return false;
+    for (;;) {
+        reader.passBlanks();
+        if (reader.pass("</dict>"))
+            return true;
+        if (!reader.pass("<key>"))
+            return false;
+        const QByteArrayView key = reader.passText();
+        if (!reader.pass("</key>") || key.contains('&'))
+            return false;
+        reader.passBlanks();
+        const std::optional<TextView> text = stringAt(reader);
+        if (!text)
+            return false;
+        visitor(key, *text);
+    }
+}
+
 } // namespace tavrin

@@ -5,6 +5,7 @@
 
 #include "model/TextView.h"
 
+#include <functional>
 #include <optional>
 
 namespace tavrin {
@@ -19,5 +20,10 @@ std::optional<TextView> plainString(QByteArrayView xml);
 
 /// What the dictionary of strings at the start of the bytes has under the key; an absent text for nothing.
 std::optional<TextView> plainStringInDictionary(QByteArrayView xml, QByteArrayView key);
+
+/// Calls the visitor for each entry of the dictionary of strings at the start of the bytes. False, perhaps
+/// after some of them, where it stands in another form.
+bool visitPlainStrings(QByteArrayView xml,
+                       const std::function<void(QByteArrayView key, const TextView &text)> &visitor);
 
 } // namespace tavrin

@@ -7,11 +7,15 @@
 #include "model/TextView.h"
 #include "plist/Value.h"
 
+#include <functional>
+
 namespace tavrin {
 
 namespace text {
 class TextSieve;
 }
+
+using FieldVisitor = std::function<void(QByteArrayView identifier, const TextView &content)>;
 
 /// The records of a datafile as it was read, each at a place from 0 on.
 ///
@@ -37,6 +41,10 @@ public:
     /// As RecordData::fieldValue() and textString() give them.
     virtual TextView fieldValue(quint32 place, const FieldKey &field) const = 0;
     virtual TextView textString(quint32 place) const = 0;
+
+    /// Calls the visitor once for each of the record's fields that has a content, with its encoded
+    /// identifier. False, perhaps after some of them, when the record is to be asked field by field.
+    virtual bool visitFields(quint32 /*place*/, const FieldVisitor & /*visitor*/) const { return false; }
 
     /// Whether what the sieve looks for may be in a field or in the plain text: false only if it is not.
     virtual bool mayHold(quint32 /*place*/, const text::TextSieve & /*sieve*/) const { return true; }

@@ -5,7 +5,6 @@
 
 #include "model/RecordData.h"
 #include "model/RecordKey.h"
-#include "model/RecordSource.h"
 
 namespace tavrin {
 
@@ -26,6 +25,11 @@ TextView RecordView::fieldValue(const FieldKey &field) const
 TextView RecordView::textString() const
 {
     return g_record ? TextView(g_record->textString()) : g_source->textString(g_place);
+}
+
+bool RecordView::visitFields(const FieldVisitor &visitor) const
+{
+    return !g_record && g_source->visitFields(g_place, visitor);
 }
 
 bool RecordView::mayHold(const text::TextSieve &sieve) const

@@ -4,14 +4,11 @@
 #pragma once
 
 #include "base/Date.h"
-#include "model/FieldKey.h"
-#include "model/TextView.h"
-#include "plist/Value.h"
+#include "model/RecordSource.h"
 
 namespace tavrin {
 
 class RecordData;
-class RecordSource;
 
 namespace text {
 class TextSieve;
@@ -32,6 +29,8 @@ public:
 
     TextView fieldValue(const FieldKey &field) const;
     TextView textString() const;
+    /// See RecordSource::visitFields().
+    bool visitFields(const FieldVisitor &visitor) const;
     /// Whether what the sieve looks for may be in a field or in the text: false only if it is not.
     bool mayHold(const text::TextSieve &sieve) const;
     /// Has the memory bring what mayHold() is about to read.

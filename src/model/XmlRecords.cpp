@@ -208,6 +208,12 @@ TextView XmlRecords::fieldValue(quint32 place, const FieldKey &field) const
     return {};
 }
 
+bool XmlRecords::visitFields(quint32 place, const FieldVisitor &visitor) const
+{
+    fetchAhead(place, &Record::fields);
+    return visitPlainStrings(xml(place).sliced(g_records[place].fields), visitor);
+}
+
 bool XmlRecords::mayHold(quint32 place, const text::TextSieve &sieve) const
 {
     const Record &record = g_records[place];

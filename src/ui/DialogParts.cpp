@@ -12,6 +12,9 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <utility>
+
 namespace tavrin {
 
 QDialogButtonBox *makeSheetButtons(QVSheetController &sheet, const QString &acceptLabel, QDialog *dialog)
@@ -52,6 +55,21 @@ void setItems(QComboBox *box, const QList<CodedItem> &items, qsizetype chosen)
     for (const CodedItem &item : items)
         box->addItem(item.text);
     box->setCurrentIndex(static_cast<int>(chosen));
+}
+
+QStringList withMnemonics(QStringList texts)
+{
+    QString taken;
+    for (QString &text : texts) {
+        const auto letter = std::ranges::find_if(std::as_const(text), [&taken](QChar character) {
+            return character.isLetterOrNumber() && !taken.contains(character.toLower());
+        });
+        if (letter == text.cend() || text.contains(u'&'))
+            continue;
+        taken += letter->toLower();
+        text.insert(letter - text.cbegin(), u'&');
+    }
+    return texts;
 }
 
 } // namespace tavrin

@@ -27,4 +27,7 @@ void setNote(QLabel *label, const QString &text);
 /// Shows these items with one chosen, without telling anybody that the choice changed.
 void setItems(QComboBox *box, const QList<CodedItem> &items, qsizetype chosen);
 
+/// The texts of buttons that stand beside each other, each with a letter of its own for the keyboard.
+QStringList withMnemonics(QStringList texts);
+
 } // namespace tavrin

@@ -162,14 +162,19 @@ void EditorWindow::updateTitle()
 
 // What the controller asks of the widgets.
 
-void EditorWindow::pasteIntoFreeformText(bool plain)
+bool EditorWindow::pasteIntoFreeformText(bool plain)
 {
     if (g_text->isReadOnly())
-        return;
-    if (plain)
-        g_text->pasteAsPlainText();
-    else
-        g_text->paste();
+        return true;
+    try {
+        if (plain)
+            g_text->pasteAsPlainText();
+        else
+            g_text->paste();
+    } catch (const std::bad_alloc &) { // Others may put anything onto the clipboard.
+        return false;
+    }
+    return true;
 }
 
 RecordTableView &EditorWindow::visibleTable() const

@@ -82,7 +82,7 @@ public:
     bool isFreeformTextModified() const override;
     void clearFreeformTextModified() override;
     void setFreeformTextEditable(bool editable) override;
-    void pasteIntoFreeformText(bool plain) override;
+    bool pasteIntoFreeformText(bool plain) override;
     bool isTableEditing() const override;
     void endTableEditing() override;
     void selectTableRow(int row) override;

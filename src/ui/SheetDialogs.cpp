@@ -61,6 +61,7 @@ QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
     box->setIcon(sheet.buttons().size() > 1 ? QMessageBox::Question : QMessageBox::Information);
     // Return alone must not lose anything.
     const qsizetype defaultButton = sheet.destructiveButton() == 0 ? sheet.cancelButton() : 0;
+    const QStringList labels = withMnemonics(sheet.buttons());
     // By the button that was hit, not by its role: the desktop orders and the sheet numbers them.
     for (qsizetype i = 0; i < sheet.buttons().size(); ++i) {
         QMessageBox::ButtonRole role = i == 0 ? QMessageBox::AcceptRole : QMessageBox::ActionRole;
@@ -68,7 +69,7 @@ QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
             role = QMessageBox::DestructiveRole;
         else if (i != 0 && i == sheet.cancelButton())
             role = QMessageBox::RejectRole;
-        QPushButton *button = box->addButton(sheet.buttons().at(i), role);
+        QPushButton *button = box->addButton(labels.at(i), role);
         if (i == defaultButton)
             box->setDefaultButton(button);
         if (i == sheet.cancelButton())

@@ -3,6 +3,7 @@
 
 #include "ui/TextClipboard.h"
 
+#include "editor/CopiedRecord.h"
 #include "editor/TextBridge.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
@@ -24,8 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Ours, for pictures between windows; RTF alone has but their names.
-const QString flatRtfd = u"application/x-flat-rtfd"_s;
 const QStringList rtfTypes{u"text/rtf"_s, u"application/rtf"_s, u"text/richtext"_s};
 
 AttributedText textOfAttachment(Attachment attachment, const CharacterFormat &base)
@@ -83,7 +82,7 @@ std::unique_ptr<QMimeData> mimeDataOfSelection(const QTextCursor &cursor)
     const AttributedText text = selectedText(cursor);
     data->setText(text.text());
     const QByteArray rtf = writeRtf(text);
-    data->setData(flatRtfd, writeRichText(text));
+    data->setData(flatRtfdType, writeRichText(text));
     data->setData(rtfTypes[0], rtf);
     data->setData(rtfTypes[1], rtf);
     data->setHtml(cursor.selection().toHtml());
@@ -97,8 +96,8 @@ std::unique_ptr<QMimeData> mimeDataOfSelection(const QTextCursor &cursor)
 
 std::optional<AttributedText> formattedTextOf(const QMimeData &data, const CharacterFormat &base)
 {
-    if (data.hasFormat(flatRtfd)) {
-        if (auto text = readRichText(data.data(flatRtfd)))
+    if (data.hasFormat(flatRtfdType)) {
+        if (auto text = readRichText(data.data(flatRtfdType)))
             return std::move(*text);
     }
     for (const QString &type : rtfTypes) {
@@ -122,7 +121,7 @@ std::optional<AttributedText> formattedTextOf(const QMimeData &data, const Chara
 bool hasFormattedText(const QMimeData &data)
 {
     const auto has = [&data](const QString &type) { return data.hasFormat(type); };
-    return has(flatRtfd) || std::ranges::any_of(rtfTypes, has) || data.hasHtml() || data.hasImage()
+    return has(flatRtfdType) || std::ranges::any_of(rtfTypes, has) || data.hasHtml() || data.hasImage()
            || data.hasUrls();
 }
 
