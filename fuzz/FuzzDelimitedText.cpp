@@ -37,7 +37,7 @@ void compareCutting(QByteArrayView line)
         if (line[at] == '"' || line[at] == ',')
             marked.push_back(at);
     }
-    SeparatedLineCutter cutter(',');
+    SeparatedLineCutter cutter;
     std::vector<QByteArray> fields;
     for (const auto &field : cutter.cut(line, marked)) {
         QByteArray text = field.isOwn ? field.own : line.sliced(field.start, field.size).toByteArray();

@@ -113,13 +113,33 @@ void ImportAssistantSheetController::setKeyColumn(qsizetype column)
 
 QStringList ImportAssistantSheetController::targetItems(qsizetype column) const
 {
+    return targetNames(tr("Field “%1”").arg(g_columns[column].name));
+}
+
+QStringList ImportAssistantSheetController::targetNames(const QString &newField) const
+{
     QStringList items;
     if (isNew())
-        items.append(tr("Field “%1”").arg(g_columns[column].name));
+        items.append(newField);
     else
         for (const FieldDefinition &field : g_target.fields)
             items.append(field.name());
     return items + QStringList{tr("Text of the record"), tr("Nothing")};
+}
+
+QStringList ImportAssistantSheetController::targetSummaries() const
+{
+    QStringList items = targetNames(tr("A field of its own"));
+    for (qsizetype target = 0; target < items.size(); ++target) {
+        QStringList names;
+        for (const Column &column : g_columns) {
+            if (column.target == target)
+                names.append(column.name);
+        }
+        if (!names.isEmpty())
+            items[target] += u" \u2190 "_s + names.join(u", "_s);
+    }
+    return items;
 }
 
 void ImportAssistantSheetController::readPreview()

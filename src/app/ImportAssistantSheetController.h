@@ -53,6 +53,8 @@ public:
     const QList<Column> &columns() const { return g_columns; }
     /// The fields, then the text, then nothing.
     QStringList targetItems(qsizetype column) const;
+    /// The same for any column, each with the columns that go there: "City ← town".
+    QStringList targetSummaries() const;
     void setTarget(qsizetype column, qsizetype item);
     /// By which an update finds the record of a row: a column that goes to a field.
     qsizetype keyColumn() const { return g_keyColumn; }
@@ -77,6 +79,7 @@ private:
     qsizetype fieldTargetCount() const { return isNew() ? 1 : g_target.fields.size(); }
     qsizetype textTarget() const { return fieldTargetCount(); }
     qsizetype nothingTarget() const { return fieldTargetCount() + 1; }
+    QStringList targetNames(const QString &newField) const;
     QString problem() const;
     void readPreview();
     void mapColumns();

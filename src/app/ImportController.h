@@ -4,26 +4,15 @@
 #pragma once
 
 #include "app/ImportSheetController.h"
-#include "editor/EditorWindowController.h"
-#include "editor/LongWork.h"
-#include "editor/SheetHost.h"
-
-#include <QObject>
-#include <QPointer>
-
-#include <functional>
-#include <memory>
+#include "app/TableImporting.h"
 
 namespace tavrin {
 
-class ImportAssistantSheetController;
-class MainController;
-
-/// Importing as the application offers it: choosing the file, the options sheet, the reading and the adding,
-/// which are done on another thread and can be cancelled, and what is told afterwards.
+/// Importing as the application offers it: choosing the file, asking where the records go, the reading and
+/// the adding, which are done on another thread and can be cancelled, and what is told afterwards.
 ///
 /// Each operation is given the window whose datafile may take the records; null for none. Nothing is made
-/// before there are records.
+/// before the file was read.
 class ImportController : public QObject
 {
     Q_OBJECT
@@ -42,60 +31,36 @@ public:
     void importMarkdownFolder(EditorWindowController *window);
 
 private:
-    using Window = QPointer<EditorWindowController>;
     using Chosen = std::function<void(const QString &path)>;
     using ReadFiles = std::function<Result<ReadRecords>(Progress &progress)>;
+    using Read = std::function<void(const ReadRecords &records)>;
+    /// The answer to the question where records go.
+    using Placed = std::function<void(ImportDestination destination, bool includingSubfolders)>;
 
-    void askForFile(const QString &title, const QStringList &filters, const Chosen &chosen);
-    void askForFolder(const QString &title, const Chosen &chosen);
-    /// Does a job on another thread and goes on with what came of it.
-    template <typename T>
-    void inBackground(const QString &title,
-                      const std::function<Result<T>(Progress &progress)> &job,
-                      const std::function<void(Result<T> outcome)> &next);
-
-    void importTable(TableKind kind, const Window &window);
-    void importFolder(bool withFileNames, const Window &window);
-    void importRichText(const QString &path, const Window &window);
-    void askForOptions(TableKind kind, const QString &path, const TextContent &content, const Window &window);
-    void runAssistant(const QString &path, const TextContent &content, const Window &window);
-    void
-    finishAssistant(const ImportAssistantSheetController &sheet, const QString &name, const Window &window);
-    void update(const ReadTable &table,
-                const TableMapping &mapping,
-                const QString &keyField,
-                const Window &window);
-    void convert(const ImportOptions &options,
-                 const QString &path,
-                 const TextContent &content,
-                 const Window &window);
-    void askWhereRecordsGo(const ReadRecords &records, const QString &name, const Window &window);
+    /// For files that match one of the filters; for a folder when there is none.
+    void choose(const QString &title, const QStringList &filters, const Chosen &chosen);
+    void importTable(TableKind kind, const ImportWindow &window);
+    void importRichText(const QString &path, const ImportWindow &window);
+    void importFolder(bool withFileNames, const ImportWindow &window);
+    void importRecords(const ImportJob &job,
+                       const ReadFiles &read,
+                       const QString &name,
+                       const ImportWindow &window);
+    void readRecords(const ImportJob &job, const ReadFiles &read, const Read &next);
+    void askWhereRecordsGo(const QString &name,
+                           const ImportTarget &target,
+                           bool asksForSubfolders,
+                           const Placed &placed);
     void addRecords(const ReadRecords &records,
                     ImportDestination destination,
                     const QString &name,
-                    const Window &window,
+                    const ImportWindow &window,
                     TableKind kind = TableKind::Standard);
-    void readRecords(const ReadFiles &read, const QString &name, const Window &window);
-
-    /// What is added, and what is told of it.
-    struct Adding
-    {
-        RecordBatch batch;
-        ImportDestination destination;
-        TableKind kind = TableKind::Standard;
-        quint64 malformed = 0;
-        quint64 dropped = 0;
-        qsizetype skipped = 0;
-    };
-    void
-    showNewDatafile(std::unique_ptr<DatafileDocument> document, const QString &name, const Adding &adding);
-    void addTo(const Window &window, const Adding &adding);
-    static void tellAfterwards(EditorWindowController &window, const Adding &adding, quint64 removed);
-    void tell(const Error &error);
 
     MainController &g_controller;
     SheetHost &g_sheets;
-    WorkHost &g_work;
+    ImportAdding g_adding;
+    TableImporting g_tables;
 };
 
 } // namespace tavrin

@@ -75,7 +75,6 @@ void ImportSheetController::setDelimiterText(const QString &delimiter)
 
 void ImportSheetController::setEncoding(TextEncoding encoding)
 {
-    Progress progress;
     if (const Result<TextContent> content = textContent(g_content.source, encoding))
         g_content = *content;
     readPreview();
@@ -99,8 +98,7 @@ void ImportSheetController::readPreview()
         readTable(g_content.head(previewSize), g_options, mostPreviewRows, progress);
     g_previewRows.clear();
     g_previewNames.clear();
-    g_hasRows = table && table->table->rowCount() > 0;
-    if (!g_hasRows)
+    if (!table || table->table->rowCount() == 0)
         return;
     g_fitsTarget = fitsFieldCount(*table, g_options.kind, g_target.fields.size());
     if (!canUseCurrent())

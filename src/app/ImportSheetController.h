@@ -52,7 +52,6 @@ public:
 
     const ImportOptions &options() const { return g_options; }
     const TextContent &content() const { return g_content; }
-    bool isAcceptable() const override { return !g_previewRows.isEmpty() || g_hasRows; }
 
 private:
     void readPreview();
@@ -63,9 +62,7 @@ private:
     ImportOptions g_options;
     QStringList g_previewNames;
     QList<QStringList> g_previewRows;
-    qsizetype g_fieldCount = 0;
     bool g_fitsTarget = false;
-    bool g_hasRows = false;
     bool g_offersAssistant = false;
 };
 

@@ -6,8 +6,6 @@
 #include "io/FolderFiles.h"
 #include "io/TableImport.h"
 
-#include <QFileInfo>
-
 #include <limits>
 
 namespace tavrin {
@@ -150,8 +148,8 @@ ExitStatus importTableFile(Call &call, const ImportOptions &options)
         const bool isNew = options.destination == ImportDestination::NewDatafile;
         if (!isNew && !fitsFieldCount(*table, options.kind, fieldCount))
             return Error{Error::Kind::Refused,
-                         Cli::tr("The file has %1 fields in its first row, the datafile has %2.")
-                             .arg(table->incomingFieldCount())
+                         Cli::tr("The rows of the file have %1 fields, the datafile has %2.")
+                             .arg(fieldCountOf(*table, options.kind))
                              .arg(fieldCount),
                          {}};
         return importTable(document, *table, options, progress);
@@ -170,12 +168,6 @@ ExitStatus importOthers(Call &call, const Result<ReadRecords> &records, ImportDe
     if (records->skippedCount > 0)
         call.output.message(Cli::tr("Files passed over: %1").arg(records->skippedCount));
     return importInto(call, records->fieldNames, fill);
-}
-
-bool isRichText(const QString &path)
-{
-    const QString extension = QFileInfo(path).suffix().toLower();
-    return extension == u"rtf" || extension == u"rtfd";
 }
 
 Result<ReadRecords> readRichText(const QString &path, const QString &delimiter)
@@ -221,7 +213,7 @@ ExitStatus runImport(Call &call)
     const ImportOptions options = optionsOf(arguments, kind.value_or(TableKind::Csv), target);
     if (isOther)
         return importOthers(call, readOthers(arguments), options.destination);
-    if (kind == TableKind::Custom && isRichText(arguments.operand(1)))
+    if (kind == TableKind::Custom && isRichTextFile(arguments.operand(1)))
         return importOthers(call, readRichText(arguments.operand(1), options.delimiter), options.destination);
     return importTableFile(call, options);
 }

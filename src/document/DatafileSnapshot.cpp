@@ -7,6 +7,7 @@
 #include "document/BinaryDatafile.h"
 #include "document/DatafileContents.h"
 #include "document/XmlDatafile.h"
+#include "model/ElementSource.h"
 #include "plist/XmlWriter.h"
 
 #include <QCoreApplication>
@@ -99,11 +100,13 @@ void DatafileWriter::writeRecord(const RecordsSnapshot::Entry &entry)
 {
     const RecordsSnapshot &records = g_snapshot.records;
     g_others.push_back(entry);
-    g_writer.writeKey(records.identifiers->text(entry.identifier), 2);
+    g_writer.writeKey(records.identifiers->text(entry.identifier), elementLevel);
     if (const QByteArrayView stored = records.xml(entry); !stored.isEmpty())
-        g_writer.writeElement(stored, 2);
+        g_writer.writeElement(stored, elementLevel);
+    else if (entry.record < records.sourceCount)
+        writeRecordElement(*records.source, entry.record, g_writer);
     else
-        g_writer.writeValue(records.dictionary(entry), 2);
+        g_writer.writeValue(records.dictionary(entry), elementLevel);
 }
 
 // Of the records between those two.

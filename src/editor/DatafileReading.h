@@ -18,6 +18,7 @@ public:
     DatafileReading(const QString &path, const QString &title);
 
     QString title() const override { return g_title; }
+    QString doneText(qint64 done, qint64 total) const override { return doneTextOfBytes(done, total); }
     void run(Progress &progress) override;
 
     /// What was read, once; the errors are those of readDatafile().

@@ -3,16 +3,18 @@
 
 #include "editor/EditorExporting.h"
 
+#include "document/DatafileBackups.h"
 #include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
+#include "editor/FreeformSheetController.h"
 #include "editor/LongWork.h"
+#include "io/ExportFolder.h"
 #include "io/FreeformExport.h"
 #include "io/HtmlExport.h"
 #include "io/RecordFiles.h"
 #include "io/TableImport.h"
-#include "io/TextExport.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -27,30 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ExportingWork : public LongWork
-{
-public:
-    using Write =
-        std::function<Result<>(const ExportedRecords &records, const QString &path, Progress &progress)>;
-
-    ExportingWork(const DatafileDocument &document, QString path, Write write)
-        : g_records(document)
-        , g_path(std::move(path))
-        , g_write(std::move(write))
-    {}
-
-    QString title() const override { return EditorExporting::tr("Exporting records…"); }
-    void run(Progress &progress) override { g_outcome = g_write(g_records, g_path, progress); }
-    const Result<> &outcome() const { return g_outcome; }
-    qsizetype count() const { return g_records.count(); }
-
-private:
-    ExportedRecords g_records;
-    QString g_path;
-    Write g_write;
-    Result<> g_outcome;
-};
-
 Result<> withoutCount(const Result<qsizetype> &exported)
 {
     if (!exported)
@@ -59,6 +37,27 @@ Result<> withoutCount(const Result<qsizetype> &exported)
 }
 
 } // namespace
+
+class EditorExporting::ExportingWork : public LongWork
+{
+public:
+    ExportingWork(const DatafileDocument &document, Place place, Write write)
+        : g_records(document)
+        , g_place(std::move(place))
+        , g_write(std::move(write))
+    {}
+
+    QString title() const override { return EditorExporting::tr("Exporting records…"); }
+    void run(Progress &progress) override { g_outcome = g_write(g_records, g_place, progress); }
+    const Result<> &outcome() const { return g_outcome; }
+    qsizetype count() const { return g_records.count(); }
+
+private:
+    ExportedRecords g_records;
+    Place g_place;
+    Write g_write;
+    Result<> g_outcome;
+};
 
 TableExportOptions ExportSheetController::tableOptions(TableExportOptions::Form form) const
 {
@@ -107,92 +106,83 @@ void EditorExporting::exportTable(TableExportOptions::Form form, const Panel &pa
         if (code != QVSheetController::FirstButton)
             return;
         const TableExportOptions options = sheet->tableOptions(form);
-        askForPlace(panel,
-                    [options](const ExportedRecords &records, const QString &path, Progress &progress) {
-                        return tavrin::exportTable(records, options, path, progress);
-                    });
+        askForPlace(panel, [options](const ExportedRecords &records, const Place &place, Progress &progress) {
+            return tavrin::exportTable(records, options, place.path, progress);
+        });
     });
     g_sheets.begin(std::move(sheet));
 }
 
 void EditorExporting::exportAsTextFile()
 {
-    askForPlace({tr("Save as Text File"), u"txt"_s}, exportTextFile);
+    exportToFile({tr("Save as Text File"), u"txt"_s}, exportTextFile);
 }
 
 void EditorExporting::exportAsRTFD()
 {
-    askForPlace({tr("Save as RTFD File"), u"rtfd"_s}, exportRtfd);
+    exportToFile({tr("Save as RTFD File"), u"rtfd"_s}, exportRtfd);
 }
 
 void EditorExporting::exportAsJSON()
 {
-    askForPlace({tr("Save as JSON File"), u"json"_s}, exportJson);
+    exportToFile({tr("Save as JSON File"), u"json"_s}, exportJson);
 }
 
 void EditorExporting::exportAsHTML()
 {
-    askForPlace({tr("Save as HTML File"), u"html"_s}, exportHtml);
+    exportToFile({tr("Save as HTML File"), u"html"_s}, exportHtml);
+}
+
+void EditorExporting::exportToFile(const Panel &panel, WriteFile writeFile)
+{
+    askForPlace(panel, [writeFile](const ExportedRecords &records, const Place &place, Progress &progress) {
+        return writeFile(records, place.path, progress);
+    });
 }
 
 void EditorExporting::exportAsFolderofTextFiles()
 {
-    const auto nameField = std::make_shared<std::optional<int>>();
-    exportToFolder(
-        tr("Select Directory for Text Files"),
-        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
-            return withoutCount(exportTextFolder(records, {path, *nameField, false}, progress));
-        },
-        nameField);
+    exportToFolder(tr("Select Directory for Text Files"), exportTextFolder);
 }
 
 void EditorExporting::exportAsFolderofRTFDFiles()
 {
-    const auto nameField = std::make_shared<std::optional<int>>();
-    exportToFolder(
-        tr("Select Directory for RTFD Files"),
-        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
-            return withoutCount(exportRtfdFolder(records, {path, *nameField, false}, progress));
-        },
-        nameField);
+    exportToFolder(tr("Select Directory for RTFD Files"), exportRtfdFolder);
 }
 
 void EditorExporting::exportAsFolderofHTMLFiles()
 {
-    const auto nameField = std::make_shared<std::optional<int>>();
-    exportToFolder(
-        tr("Select Directory for HTML Files"),
-        [nameField](const ExportedRecords &records, const QString &path, Progress &progress) {
-            return withoutCount(exportHtmlFolder(records, {path, *nameField, false}, progress));
-        },
-        nameField);
+    exportToFolder(tr("Select Directory for HTML Files"), exportHtmlFolder);
 }
 
 void EditorExporting::exportAsMarkdown()
 {
     askForPlace({tr("Select Directory for Markdown Files"), {}},
-                [](const ExportedRecords &records, const QString &path, Progress &progress) {
-                    const QString folder = path + u'/' + records.datafileName() + u" Markdown Folder"_s;
-                    return withoutCount(exportMarkdown(records, folder, false, progress));
+                [](const ExportedRecords &records, const Place &place, Progress &progress) {
+                    const QString folder =
+                        place.path + u'/' + fileNamePart(records.datafileName()) + u" Markdown Folder"_s;
+                    return withoutCount(exportMarkdown(records, folder, place.replacesFolder, progress));
                 });
 }
 
 // First how the files are named, where there is a choice.
-void EditorExporting::exportToFolder(const QString &title,
-                                     const Write &write,
-                                     std::shared_ptr<std::optional<int>> nameField)
+void EditorExporting::exportToFolder(const QString &title, WriteFolder writeFolder)
 {
+    const auto askFor = [=, this](std::optional<int> nameField) {
+        askForPlace({title, {}}, [=](const ExportedRecords &records, const Place &place, Progress &progress) {
+            const FolderExportOptions options{place.path, nameField, place.replacesFolder};
+            return withoutCount(writeFolder(records, options, progress));
+        });
+    };
     if (fieldNames().isEmpty()) {
-        askForPlace({title, {}}, write);
+        askFor({});
         return;
     }
     auto sheet = std::make_unique<ExportSheetController>(
         ExportSheetController::Shows::NameField, tr("Export as Folder of Files"), fieldNames());
-    connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
-        if (code != QVSheetController::FirstButton)
-            return;
-        *nameField = sheet->nameField();
-        askForPlace({title, {}}, write);
+    connect(sheet.get(), &QVSheetController::finished, this, [askFor, sheet = sheet.get()](int code) {
+        if (code == QVSheetController::FirstButton)
+            askFor(sheet->nameField());
     });
     g_sheets.begin(std::move(sheet));
 }
@@ -201,6 +191,7 @@ void EditorExporting::askForPlace(const Panel &panel, const Write &write)
 {
     FileSheetController::Request request;
     request.title = panel.title;
+    request.folder = panel.folder;
     if (panel.extension.isEmpty()) {
         request.purpose = FileSheetController::Purpose::OpenFolder;
         request.acceptLabel = tr("Export");
@@ -215,32 +206,56 @@ void EditorExporting::askForPlace(const Panel &panel, const Write &write)
     sheet->keepFolder(g_window.preferences(), u"LastExportFolder"_s);
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
-            this->write(sheet->path(), write);
+            this->write({sheet->path()}, write);
     });
     g_sheets.begin(std::move(sheet));
 }
 
-void EditorExporting::write(const QString &path, const Write &write)
+void EditorExporting::write(const Place &place, const Write &write)
 {
     if (!g_window.leaveEditing())
         return;
-    auto work = std::make_unique<ExportingWork>(g_window.document(), path, write);
-    connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
-        const Result<> &outcome = work->outcome();
-        if (outcome)
+    auto work = std::make_unique<ExportingWork>(g_window.document(), place, write);
+    connect(work.get(), &LongWork::ended, this, [=, this, work = work.get()] {
+        if (work->outcome())
             Q_EMIT g_window.statusMessage(tr("Records exported: %1").arg(QLocale().toString(work->count())));
-        else if (outcome.error().kind != Error::Kind::Cancelled)
-            showAlert(g_sheets, tr("The records could not be exported."), outcome.error().message);
+        else
+            tell(work->outcome().error(), place, write);
     });
     g_work.begin(std::move(work));
 }
 
+void EditorExporting::tell(const Error &error, const Place &place, const Write &write)
+{
+    if (error.kind == Error::Kind::Cancelled)
+        return;
+    const bool mayReplace = error.kind == Error::Kind::Refused && !place.replacesFolder;
+    if (!mayReplace) {
+        showAlert(g_sheets, tr("The records could not be exported."), error.message);
+        return;
+    }
+    auto alert = std::make_unique<AlertSheetController>(
+        error.message,
+        tr("If it is replaced, what is in it is lost: %1").arg(error.detail),
+        QStringList{tr("Replace"), tr("Cancel")});
+    alert->setDestructiveButton(0);
+    connect(alert.get(), &QVSheetController::finished, this, [=, this](int code) {
+        if (code == QVSheetController::FirstButton)
+            this->write({place.path, true}, write);
+    });
+    g_sheets.begin(std::move(alert));
+}
+
 void EditorExporting::exportAsFreeformDatafile()
 {
-    QString format;
-    for (const QString &name : fieldNames())
-        format += name + u": "_s + FreeformSheetController::markOf(name) + u'\n';
-    auto sheet = std::make_unique<FreeformSheetController>(fieldNames(), format);
+    const richtext::CharacterFormat plain = formatOf(g_window.document().datafileSettings().textFont());
+    richtext::AttributedText format;
+    for (const QString &name : fieldNames()) {
+        format.append(richtext::AttributedText(name + u": "_s, plain));
+        format.append(templateField(name, plain));
+        format.append(richtext::AttributedText(u"\n"_s, plain));
+    }
+    auto sheet = std::make_unique<FreeformSheetController>(fieldNames(), format, plain);
     connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int code) {
         if (code == QVSheetController::FirstButton)
             exportFreeform(sheet->freeformTextFormat());
@@ -248,26 +263,35 @@ void EditorExporting::exportAsFreeformDatafile()
     g_sheets.begin(std::move(sheet));
 }
 
-void EditorExporting::exportFreeform(const QString &format)
+void EditorExporting::exportFreeform(const richtext::AttributedText &format)
 {
     const DatafileKind kind = g_window.document().kind();
-    const FreeformTemplate freeform = FreeformTemplate::ofText(format, u'\u00AB', u'\u00BB');
     const DocumentServices services = g_window.document().services();
     const auto write =
-        [=](const ExportedRecords &records, const QString &path, Progress &progress) -> Result<> {
+        [=](const ExportedRecords &records, const Place &place, Progress &progress) -> Result<> {
         const bool isMobile = kind == DatafileKind::Mobile;
         const Result<RecordBatch> batch =
-            freeformRecords(records, freeform, isMobile, services.environment, progress);
+            freeformRecords(records, format, isMobile, services.environment, progress);
         if (!batch)
             return batch.error();
         const auto document = newDatafileForImport(services, kind, {});
         const auto added = addToDatafile(*document, *batch, ImportDestination::NewDatafile, progress);
         if (!added)
             return added.error();
-        return document->saveToFirstFile(path);
+        return document->saveToFirstFile(place.path);
     };
-    const QString extension = kind == DatafileKind::Mobile ? u"tvk"_s : u"tv3"_s;
-    askForPlace({tr("Export As Freeform Text"), extension, u" FF"_s}, write);
+    askForPlace({tr("Export As Freeform Text"),
+                 kind == DatafileKind::Mobile ? u"tvk"_s : u"tv3"_s,
+                 u" FF"_s,
+                 datafilesFolderPath(&g_window.preferences())},
+                write);
+}
+
+// A clone's records come from the window that it shows.
+void EditorExporting::takeEditedRecord()
+{
+    if (!g_window.isClone())
+        g_window.leaveEditing();
 }
 
 ExportedRecords EditorExporting::recordsAt(const QList<qint64> &places) const
@@ -281,8 +305,9 @@ ExportedRecords EditorExporting::recordsAt(const QList<qint64> &places) const
     return {g_window.document(), numbers};
 }
 
-QByteArray EditorExporting::tabDelimitedText() const
+QByteArray EditorExporting::tabDelimitedText()
 {
+    takeEditedRecord();
     TableExportOptions options;
     options.form = TableExportOptions::Form::Tab;
     return tableText(ExportedRecords(g_window.document()), options);
@@ -298,6 +323,7 @@ QByteArray EditorExporting::csvText(const QList<qint64> &places) const
 
 std::unique_ptr<QMimeData> EditorExporting::draggedRecords(const QList<qint64> &places)
 {
+    takeEditedRecord();
     const QByteArray csv = csvText(places);
     auto data = std::make_unique<QMimeData>();
     data->setData(u"text/csv"_s, csv);

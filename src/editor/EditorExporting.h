@@ -6,6 +6,7 @@
 #include "editor/ExportSheetController.h"
 #include "editor/SheetHost.h"
 #include "io/ExportedRecords.h"
+#include "io/TextExport.h"
 
 #include <QObject>
 
@@ -43,30 +44,44 @@ public:
     void exportAsMarkdown();
 
     /// All selected records as text for other programs.
-    QByteArray tabDelimitedText() const;
+    QByteArray tabDelimitedText();
     /// Records by their places among the selected ones, with the names of the fields.
     QByteArray csvText(const QList<qint64> &places) const;
     /// The same for dragging: as text, and as a file that is there as long as this window.
     std::unique_ptr<QMimeData> draggedRecords(const QList<qint64> &places);
 
 private:
-    /// Writes to the path that was chosen; the second is called on another thread.
+    /// What was chosen.
+    struct Place
+    {
+        QString path;
+        bool replacesFolder = false;
+    };
+    /// Writes there; called on another thread. Refused when a folder is there already.
     using Write =
-        std::function<Result<>(const ExportedRecords &records, const QString &path, Progress &progress)>;
+        std::function<Result<>(const ExportedRecords &records, const Place &place, Progress &progress)>;
+    using WriteFile = Result<> (*)(const ExportedRecords &records, const QString &path, Progress &progress);
+    using WriteFolder = Result<qsizetype> (*)(const ExportedRecords &records,
+                                              const FolderExportOptions &options,
+                                              Progress &progress);
     struct Panel
     {
         QString title;
         QString extension;       ///< Empty: a folder is chosen.
         QString nameEnding = {}; ///< Behind the datafile's name.
+        QString folder = {};     ///< Where it starts; empty: where the last export went.
     };
+    class ExportingWork;
 
     void exportTable(TableExportOptions::Form form, const Panel &panel);
-    void
-    exportToFolder(const QString &title, const Write &write, std::shared_ptr<std::optional<int>> nameField);
+    void exportToFile(const Panel &panel, WriteFile writeFile);
+    void exportToFolder(const QString &title, WriteFolder writeFolder);
     void askForPlace(const Panel &panel, const Write &write);
-    void write(const QString &path, const Write &write);
-    void exportFreeform(const QString &format);
+    void write(const Place &place, const Write &write);
+    void tell(const Error &error, const Place &place, const Write &write);
+    void exportFreeform(const richtext::AttributedText &format);
     QStringList fieldNames() const;
+    void takeEditedRecord();
     ExportedRecords recordsAt(const QList<qint64> &places) const;
 
     EditorWindowController &g_window;

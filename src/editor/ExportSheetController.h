@@ -62,31 +62,4 @@ private:
     std::optional<int> g_nameField;
 };
 
-/// The template of a freeform export: a text in which a field's name stands between guillemets.
-class FreeformSheetController : public QVSheetController
-{
-    Q_OBJECT
-
-public:
-    FreeformSheetController(const QStringList &fieldNames, const QString &firstFormat)
-        : g_fieldNames(fieldNames)
-        , g_format(firstFormat)
-    {}
-
-    const QStringList &fieldNames() const { return g_fieldNames; }
-    static QString markOf(const QString &fieldName) { return u'\u00AB' + fieldName + u'\u00BB'; }
-
-    QString freeformTextFormat() const { return g_format; }
-    void setFreeformTextFormat(const QString &format)
-    {
-        g_format = format;
-        Q_EMIT changed();
-    }
-    bool isAcceptable() const override { return !g_format.isEmpty(); }
-
-private:
-    QStringList g_fieldNames;
-    QString g_format;
-};
-
 } // namespace tavrin

@@ -6,6 +6,7 @@
 #include "base/Progress.h"
 
 #include <QObject>
+#include <QString>
 
 #include <memory>
 
@@ -24,6 +25,9 @@ public:
     /// What is being done, for people: "Opening “Addresses.tv3”…".
     virtual QString title() const = 0;
 
+    /// How far it is, for people, from the numbers that it reports: "3 of 12". Empty when they say nothing.
+    virtual QString doneText(qint64 done, qint64 total) const;
+
     /// Does it, on whatever thread, once. Nobody looks at the outcome before it returned.
     virtual void run(Progress &progress) = 0;
 
@@ -31,6 +35,9 @@ Q_SIGNALS:
     /// Told once, by the host, on the thread of the controllers.
     void ended();
 };
+
+/// The same of bytes: "3.1 MB of 12.0 MB".
+QString doneTextOfBytes(qint64 done, qint64 total);
 
 /// Where a controller has long work done while the windows go on. begin() may return before the work was
 /// even begun; the host does one piece at a time, in the order in which they came, and owns each until its

@@ -3,6 +3,8 @@
 
 #include "io/ExportFolder.h"
 
+#include "io/RecordLoop.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -86,6 +88,25 @@ Result<> ExportFolder::finish()
     else if (hasOld)
         QFile::remove(old);
     return {};
+}
+
+Result<qsizetype>
+exportRecordFolder(const ExportedRecords &records,
+                   const QString &path,
+                   bool replaces,
+                   Progress &progress,
+                   const std::function<Result<>(const ExportFolder &folder, qsizetype index)> &write)
+{
+    Result<ExportFolder> folder = ExportFolder::begin(path, replaces);
+    if (!folder)
+        return folder.error();
+    const Result<> written =
+        forEachRecord(records, progress, [&](qsizetype index) { return write(*folder, index); });
+    if (!written)
+        return written.error();
+    if (const Result<> finished = folder->finish(); !finished)
+        return finished.error();
+    return records.count();
 }
 
 QString fileNamePart(const QString &text)

@@ -3,15 +3,19 @@
 
 #pragma once
 
+#include "base/Progress.h"
 #include "base/Result.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QTemporaryDir;
 
 namespace tavrin {
+
+class ExportedRecords;
 
 /// A folder that is filled beside its place and put there when it is whole. Until then, and when it goes
 /// before that, nothing of it is left.
@@ -38,6 +42,15 @@ private:
     std::unique_ptr<QTemporaryDir> g_folder;
     bool g_replaces;
 };
+
+/// Makes such a folder with a file for each record, which `write` writes into it. How many there are; when it
+/// fails there is none.
+Result<qsizetype>
+exportRecordFolder(const ExportedRecords &records,
+                   const QString &path,
+                   bool replaces,
+                   Progress &progress,
+                   const std::function<Result<>(const ExportFolder &folder, qsizetype index)> &write);
 
 /// Text as part of a file's name: what file systems do not take becomes "-", and it is not too long.
 QString fileNamePart(const QString &text);

@@ -152,6 +152,25 @@ readTextFolder(const QString &folder, const FolderImportOptions &options, Progre
     return records;
 }
 
+bool isRichTextFile(const QString &path)
+{
+    const QFileInfo file(path);
+    if (file.isDir())
+        return true;
+    const QString extension = file.suffix().toLower();
+    if (extension == u"txt" || extension == u"text")
+        return false;
+    QFile opened(path);
+    const QByteArray start = opened.open(QIODevice::ReadOnly) ? opened.read(5) : QByteArray();
+    return start == "{\\rtf" || start == QByteArrayView("rtfd\0", 5);
+}
+
+QString richTextDocumentOf(const QString &path)
+{
+    const QString folder = QFileInfo(path).absolutePath();
+    return folder.endsWith(u".rtfd"_s, Qt::CaseInsensitive) ? folder : path;
+}
+
 Result<AttributedText> readRichTextFile(const QString &path)
 {
     if (QFileInfo(path).isDir())

@@ -37,6 +37,12 @@ struct FolderImportOptions
 Result<ReadRecords>
 readTextFolder(const QString &folder, const FolderImportOptions &options, Progress &progress);
 
+/// Whether a text is to be read by readRichTextFile(). One that is called txt or text is plain, whatever is
+/// in it.
+bool isRichTextFile(const QString &path);
+/// The RTFD document in which the file is, for panels in which a folder cannot be chosen; else the file
+/// itself.
+QString richTextDocumentOf(const QString &path);
 /// Reads a file of rich text: RTF or RTFD, in either form. Corrupt, NotFound, Io.
 Result<richtext::AttributedText> readRichTextFile(const QString &path);
 

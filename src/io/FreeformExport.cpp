@@ -3,11 +3,10 @@
 
 #include "io/FreeformExport.h"
 
-#include "io/ReadProgress.h"
+#include "io/RecordLoop.h"
 #include "model/RecordData.h"
 #include "model/ValueRecords.h"
 #include "richtext/Rtfd.h"
-#include "sorting/WorkSteps.h"
 
 #include <algorithm>
 
@@ -15,6 +14,7 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 using richtext::AttributedText;
+using richtext::CharacterFormat;
 
 namespace {
 
@@ -23,7 +23,7 @@ class BlockBuilder
 {
 public:
     void appendText(const AttributedText &text);
-    void appendField(const QString &content, const richtext::CharacterFormat &format);
+    void appendField(const QString &content, const CharacterFormat &format);
     AttributedText finish();
 
 private:
@@ -33,6 +33,16 @@ private:
     AttributedText g_line;
     bool g_hasField = false;
 };
+
+/// Null where there is no such field.
+QString contentOfField(const QString &name, const RecordView &record, const ExportedRecords &records)
+{
+    const auto field = std::ranges::find(records.fields(), name, &FieldDefinition::name);
+    if (field == records.fields().end())
+        return {};
+    return record.fieldValue(records.keys()[static_cast<size_t>(field - records.fields().begin())])
+        .toString();
+}
 
 void BlockBuilder::appendText(const AttributedText &text)
 {
@@ -46,7 +56,7 @@ void BlockBuilder::appendText(const AttributedText &text)
     }
 }
 
-void BlockBuilder::appendField(const QString &content, const richtext::CharacterFormat &format)
+void BlockBuilder::appendField(const QString &content, const CharacterFormat &format)
 {
     g_hasField = true;
     g_line.append(AttributedText(content, format));
@@ -71,43 +81,38 @@ AttributedText BlockBuilder::finish()
 
 } // namespace
 
-FreeformTemplate FreeformTemplate::ofText(const QString &text, QChar before, QChar behind)
+AttributedText templateField(const QString &fieldName, const CharacterFormat &format)
 {
-    FreeformTemplate freeform;
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype opening = text.indexOf(before, at);
-        const qsizetype closing = opening < 0 ? -1 : text.indexOf(behind, opening);
-        const qsizetype end = closing < 0 ? text.size() : opening;
-        freeform.append({AttributedText(text.sliced(at, end - at))});
-        if (closing < 0)
-            break;
-        freeform.append({{}, text.sliced(opening + 1, closing - opening - 1)});
-        at = closing + 1;
-    }
-    return freeform;
+    CharacterFormat field = format;
+    field.attachment = richtext::Attachment{.name = fieldName, .bytes = {}};
+    return AttributedText(QChar(richtext::attachmentCharacter), field);
 }
 
-AttributedText FreeformTemplate::blockFor(const ExportedRecords &records, qsizetype index) const
+AttributedText freeformTextBlockForRecord(const ExportedRecords &records,
+                                          qsizetype index,
+                                          const AttributedText &freeformTextFormat)
 {
-    const RecordView record = records.record(index);
     BlockBuilder builder;
-    for (const Piece &piece : g_pieces) {
-        if (piece.fieldName.isEmpty()) {
-            builder.appendText(piece.text);
+    qsizetype start = 0;
+    for (const auto &run : freeformTextFormat.characterRuns().runs()) {
+        const AttributedText piece = freeformTextFormat.substring(start, run.end - start);
+        start = run.end;
+        if (!run.format->attachment) {
+            builder.appendText(piece);
             continue;
         }
-        const auto field = std::ranges::find(records.fields(), piece.fieldName, &FieldDefinition::name);
-        const auto number = static_cast<size_t>(field - records.fields().begin());
-        const QString content = field == records.fields().end()
-                                    ? QString()
-                                    : record.fieldValue(records.keys()[number]).toString();
-        builder.appendField(content, piece.format);
+        CharacterFormat format = *run.format;
+        format.attachment.reset();
+        const QString content = contentOfField(run.format->attachment->name, records.record(index), records);
+        // The same field twice in a row is one run.
+        for (qsizetype times = piece.size(); times > 0; --times)
+            builder.appendField(content, format);
     }
     return builder.finish();
 }
 
 Result<RecordBatch> freeformRecords(const ExportedRecords &records,
-                                    const FreeformTemplate &freeform,
+                                    const AttributedText &freeformTextFormat,
                                     bool isMobile,
                                     const Environment &environment,
                                     Progress &progress)
@@ -119,11 +124,8 @@ Result<RecordBatch> freeformRecords(const ExportedRecords &records,
     std::vector<plist::Dictionary> made;
     RecordData pattern(environment);
     pattern.modified(environment);
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
-        AttributedText text = freeform.blockFor(records, index);
+    const Result<> done = forEachRecord(records, progress, [&](qsizetype index) -> Result<> {
+        AttributedText text = freeformTextBlockForRecord(records, index, freeformTextFormat);
         text.append(AttributedText(u"\n\n"_s, formatOf(records.textFont())));
         text.append(attributedTextOf(records.record(index), records.textFont()));
         RecordData record = pattern;
@@ -133,7 +135,10 @@ Result<RecordBatch> freeformRecords(const ExportedRecords &records,
         if (!isMobile)
             record.setTextRTFD(richtext::writeRichText(text));
         made.push_back(record.dictionary());
-    }
+        return {};
+    });
+    if (!done)
+        return done.error();
     return RecordBatch{std::make_shared<const ValueRecords>(std::move(made)), *identifiers};
 }
 

@@ -4,9 +4,8 @@
 #include "io/HtmlExport.h"
 
 #include "io/ExportFolder.h"
-#include "io/ReadProgress.h"
+#include "io/RecordLoop.h"
 #include "io/TextSink.h"
-#include "sorting/WorkSteps.h"
 
 namespace tavrin {
 
@@ -113,25 +112,23 @@ QString htmlOfText(const AttributedText &text)
 
 Result<> exportHtml(const ExportedRecords &records, const QString &path, Progress &progress)
 {
-    return writeDurably(path, [&](const ByteSink &bytes) -> Result<> {
-        TextSink sink(bytes, false);
+    return writeText(path, false, [&](TextSink &sink) -> Result<> {
         sink.append(pageStart(records.datafileName()) + u"<table>\n<thead><tr>"_s);
         for (const FieldDefinition &field : records.fields())
             sink.append(u"<th>%1</th>"_s.arg(escaped(field.name())));
         sink.append(u"<th>%1</th></tr></thead>\n<tbody>\n"_s.arg(escaped(records.textName())));
-        WorkSteps steps(progress, static_cast<size_t>(records.count()));
-        for (qsizetype index = 0; index < records.count() && !sink.isRefused(); ++index) {
-            if (!steps.goOn())
-                return cancelled();
+        const auto writeRow = [&](qsizetype index) {
             const RecordView record = records.record(index);
             QString row = u"<tr>"_s;
             for (const FieldKey &key : records.keys())
                 row += u"<td>"_s + escaped(record.fieldValue(key).toString()) + u"</td>"_s;
             row += u"<td class=\"text\">"_s + escaped(record.textString().toString()) + u"</td></tr>\n"_s;
             sink.append(row);
-        }
+            return sink.outcome();
+        };
+        if (Result<> written = forEachRecord(records, progress, writeRow); !written)
+            return written;
         sink.append(u"</tbody>\n</table>\n"_s + pageEnd);
-        sink.finish();
         return {};
     });
 }
@@ -140,24 +137,15 @@ Result<qsizetype>
 exportHtmlFolder(const ExportedRecords &records, const FolderExportOptions &options, Progress &progress)
 {
     const QString path = options.parent + u'/' + fileNamePart(records.datafileName()) + u" HTML Folder"_s;
-    Result<ExportFolder> folder = ExportFolder::begin(path, options.replacesFolder);
-    if (!folder)
-        return folder.error();
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
+    const auto write = [&](const ExportFolder &folder, qsizetype index) {
         const RecordView record = records.record(index);
         const QString name = exportedFileName(records, index, options.nameField);
         QString page = pageStart(name);
         writeFields(records, record, page);
         page += htmlOfText(attributedTextOf(record, records.textFont())) + pageEnd;
-        if (const Result<> written = folder->writeFile(name + u".html"_s, page.toUtf8()); !written)
-            return written.error();
-    }
-    if (const Result<> finished = folder->finish(); !finished)
-        return finished.error();
-    return records.count();
+        return folder.writeFile(name + u".html"_s, page.toUtf8());
+    };
+    return exportRecordFolder(records, path, options.replacesFolder, progress, write);
 }
 
 } // namespace tavrin

@@ -13,7 +13,9 @@
 
 namespace tavrin {
 
-ImportChange::ImportChange(std::vector<quint32> added) : g_added(PresenceChange::added(std::move(added), {}))
+ImportChange::ImportChange(const DatafileDocument &document, std::vector<quint32> added)
+    : g_selectionBefore(document)
+    , g_added(PresenceChange::added(std::move(added), {}))
 {}
 
 QString ImportChange::name() const
@@ -33,6 +35,7 @@ void ImportChange::undo(DatafileDocument &document)
     if (g_removed)
         g_removed->undo(document);
     g_added->undo(document);
+    g_selectionBefore.restore(document);
 }
 
 void ImportChange::redo(DatafileDocument &document)
@@ -40,6 +43,7 @@ void ImportChange::redo(DatafileDocument &document)
     g_added->redo(document);
     if (g_removed)
         g_removed->redo(document);
+    DatafileArrangement(document).selectAll();
 }
 
 RecordsAddition::RecordsAddition(DatafileDocument &document,
@@ -49,7 +53,7 @@ RecordsAddition::RecordsAddition(DatafileDocument &document,
     , g_destination(destination)
     , g_catalogBefore(document.datafileCatalog().snapshot(document.datafileRecords().sharedIdentifiers()))
     , g_criteriaBefore(document.datafileCatalog().criteria())
-    , g_change(std::make_unique<ImportChange>(addBatch(document, batch)))
+    , g_change(std::make_unique<ImportChange>(document, addBatch(document, batch)))
 {
     if (destination != ImportDestination::Merge)
         return;

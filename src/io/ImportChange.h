@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "document/KeptSelection.h"
 #include "document/RecordChanges.h"
 #include "io/TableImport.h"
 
@@ -10,11 +11,13 @@ namespace tavrin {
 
 class DuplicateRemoval;
 
-/// Records that were imported into a datafile, and duplicates that went because of them.
+/// Records that were imported into a datafile, and duplicates that went because of them. All are selected
+/// afterwards; who takes it back finds the selection of before.
 class ImportChange : public UndoStep
 {
 public:
-    explicit ImportChange(std::vector<quint32> added);
+    /// Nothing was selected because of them yet.
+    ImportChange(const DatafileDocument &document, std::vector<quint32> added);
 
     /// Removes those records as part of the same step.
     void remove(DatafileDocument &document, const std::vector<quint32> &records);
@@ -24,6 +27,7 @@ public:
     void redo(DatafileDocument &document) override;
 
 private:
+    KeptSelection g_selectionBefore;
     std::unique_ptr<PresenceChange> g_added;
     std::unique_ptr<PresenceChange> g_removed; ///< Null when nothing was.
 };

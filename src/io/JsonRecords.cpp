@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "io/BatchBuilder.h"
-#include "io/ReadProgress.h"
 #include "io/RecordFiles.h"
+#include "io/RecordLoop.h"
 #include "io/TextSink.h"
 #include "model/RecordKey.h"
-#include "sorting/WorkSteps.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -187,13 +186,9 @@ void takeBookkeeping(const QJsonObject &object, RecordData &record)
 
 Result<> exportJson(const ExportedRecords &records, const QString &path, Progress &progress)
 {
-    return writeDurably(path, [&](const ByteSink &bytes) -> Result<> {
-        TextSink sink(bytes, false);
-        WorkSteps steps(progress, static_cast<size_t>(records.count()));
+    return writeText(path, false, [&](TextSink &sink) -> Result<> {
         sink.append(QByteArrayView("["));
-        for (qsizetype index = 0; index < records.count() && !sink.isRefused(); ++index) {
-            if (!steps.goOn())
-                return cancelled();
+        const auto writeRecord = [&](qsizetype index) {
             QJsonObject object = jsonOfRecord(records, index);
             object.insert(u"number"_s, qint64(index + 1));
             if (index == 0) {
@@ -205,9 +200,11 @@ Result<> exportJson(const ExportedRecords &records, const QString &path, Progres
             }
             sink.append(QByteArrayView(index == 0 ? "\n" : ",\n"));
             sink.append(QByteArrayView(QJsonDocument(object).toJson(QJsonDocument::Compact)));
-        }
+            return sink.outcome();
+        };
+        if (Result<> written = forEachRecord(records, progress, writeRecord); !written)
+            return written;
         sink.append(QByteArrayView("\n]\n"));
-        sink.finish();
         return {};
     });
 }

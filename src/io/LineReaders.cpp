@@ -35,7 +35,7 @@ Result<ReadTable> readTabDelimited(const TextContent &text, qint64 mostRows, Pro
             return tooManyCells();
         if (isAtEnd)
             break;
-        if (!reported.setDone(lineStart))
+        if (!reported.setDone(lineStart, table->rowCount()))
             return cancelled();
     }
     return ReadTable{table};
@@ -58,7 +58,7 @@ Result<ReadTable> readCustomDelimited(const TextContent &text, const QString &de
         start = end + wanted.size();
         if (found < 0)
             break;
-        if (!reported.setDone(start))
+        if (!reported.setDone(start, table->rowCount()))
             return cancelled();
     }
     return ReadTable{table};

@@ -181,21 +181,12 @@ madeOf(const MarkdownRecord &source, const QStringList &names, const QStringList
 Result<qsizetype>
 exportMarkdown(const ExportedRecords &records, const QString &folderPath, bool replaces, Progress &progress)
 {
-    Result<ExportFolder> folder = ExportFolder::begin(folderPath, replaces);
-    if (!folder)
-        return folder.error();
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
-        const std::optional<int> nameField = records.fields().isEmpty() ? std::optional<int>() : 0;
-        const QString name = exportedFileName(records, index, nameField) + u".md"_s;
-        if (const Result<> written = folder->writeFile(name, fileOf(records, index)); !written)
-            return written.error();
-    }
-    if (const Result<> finished = folder->finish(); !finished)
-        return finished.error();
-    return records.count();
+    const std::optional<int> nameField = records.fields().isEmpty() ? std::optional<int>() : 0;
+    const auto write = [&](const ExportFolder &folder, qsizetype index) {
+        return folder.writeFile(exportedFileName(records, index, nameField) + u".md"_s,
+                                fileOf(records, index));
+    };
+    return exportRecordFolder(records, folderPath, replaces, progress, write);
 }
 
 Result<ReadRecords> readMarkdownFolder(const QString &folder, Progress &progress)

@@ -10,7 +10,8 @@
 
 namespace tavrin {
 
-/// Tells a Progress now and then how far the reading of a text is.
+/// Tells a Progress now and then how far the reading of a text is: how many rows were read, of how many that
+/// there will be if the others are as long.
 class ReadProgress
 {
 public:
@@ -20,20 +21,22 @@ public:
         , g_progress(progress)
     {}
 
-    /// False when the work was cancelled.
-    bool setDone(qsizetype done)
+    /// With the bytes that the rows take. False when the work was cancelled.
+    bool setDone(qsizetype done, quint32 rows)
     {
         if (done < g_next)
             return true;
         g_next = done + g_step;
-        g_progress.setDone(done, g_total);
+        const double expected =
+            static_cast<double>(rows) * static_cast<double>(g_total) / static_cast<double>(done);
+        g_progress.setDone(rows, static_cast<qint64>(expected));
         return !g_progress.isCancelled();
     }
 
 private:
     qsizetype g_total;
     qsizetype g_step;
-    qsizetype g_next = 0;
+    qsizetype g_next = 1;
     Progress &g_progress;
 };
 

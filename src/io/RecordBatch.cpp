@@ -7,6 +7,7 @@
 
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -33,10 +34,19 @@ private:
     quint64 g_state;
 };
 
-void writeHex(quint64 number, int digits, char *&to)
+/// Two digits for each byte.
+constexpr auto hexOfByte = [] {
+    std::array<std::array<char, 2>, 256> digits{};
+    for (size_t byte = 0; byte < digits.size(); ++byte)
+        digits[byte] = {"0123456789ABCDEF"[byte >> 4], "0123456789ABCDEF"[byte & 0xF]};
+    return digits;
+}();
+
+template <int bytes>
+void writeHex(quint64 number, char *&to)
 {
-    for (int digit = digits - 1; digit >= 0; --digit)
-        *to++ = "0123456789ABCDEF"[(number >> (4 * digit)) & 0xF];
+    for (int byte = bytes - 1; byte >= 0; --byte)
+        to = std::ranges::copy(hexOfByte[(number >> (8 * byte)) & 0xFF], to).out;
 }
 
 /// As a random identifier of version 4.
@@ -44,15 +54,15 @@ void writeIdentifier(quint64 high, quint64 low, char *to)
 {
     high = (high & ~quint64(0xF000)) | 0x4000;
     low = (low & ~(quint64(3) << 62)) | (quint64(2) << 62);
-    writeHex(high >> 32, 8, to);
+    writeHex<4>(high >> 32, to);
     *to++ = '-';
-    writeHex(high >> 16, 4, to);
+    writeHex<2>(high >> 16, to);
     *to++ = '-';
-    writeHex(high, 4, to);
+    writeHex<2>(high, to);
     *to++ = '-';
-    writeHex(low >> 48, 4, to);
+    writeHex<2>(low >> 48, to);
     *to++ = '-';
-    writeHex(low, 12, to);
+    writeHex<6>(low, to);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "document/DatafileArrangement.h"
 #include "document/DatafileDocument.h"
+#include "document/KeptSelection.h"
 #include "document/RecordChanges.h"
 #include "model/FieldText.h"
 #include "sorting/WorkSteps.h"
@@ -22,8 +23,12 @@ namespace {
 class UpdateChange : public UndoStep
 {
 public:
-    UpdateChange(std::unique_ptr<ContentChange> contents, std::unique_ptr<PresenceChange> added)
-        : g_contents(std::move(contents))
+    /// Of what was just done; all are not selected yet.
+    UpdateChange(const DatafileDocument &document,
+                 std::unique_ptr<ContentChange> contents,
+                 std::unique_ptr<PresenceChange> added)
+        : g_selectionBefore(document)
+        , g_contents(std::move(contents))
         , g_added(std::move(added))
     {}
 
@@ -33,15 +38,18 @@ public:
         if (g_added)
             g_added->undo(document);
         g_contents->undo(document);
+        g_selectionBefore.restore(document);
     }
     void redo(DatafileDocument &document) override
     {
         g_contents->redo(document);
         if (g_added)
             g_added->redo(document);
+        DatafileArrangement(document).selectAll();
     }
 
 private:
+    KeptSelection g_selectionBefore;
     std::unique_ptr<ContentChange> g_contents;
     std::unique_ptr<PresenceChange> g_added; ///< Null when none came.
 };
@@ -133,8 +141,9 @@ Result<> RecordUpdating::apply(DatafileDocument &document) const
     }
     auto contents = std::make_unique<ContentChange>(QString(), g_changes);
     contents->exchange(document);
+    auto change = std::make_unique<UpdateChange>(document, std::move(contents), std::move(added));
     DatafileArrangement(document).selectAll();
-    document.undoHistory().push(std::make_unique<UpdateChange>(std::move(contents), std::move(added)));
+    document.undoHistory().push(std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);
     return {};
 }

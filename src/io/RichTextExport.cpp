@@ -3,10 +3,9 @@
 
 #include "base/FilledIn.h"
 #include "io/ExportFolder.h"
-#include "io/ReadProgress.h"
+#include "io/RecordLoop.h"
 #include "io/TextExport.h"
 #include "richtext/Rtfd.h"
-#include "sorting/WorkSteps.h"
 
 namespace tavrin {
 
@@ -44,26 +43,18 @@ AttributedText partOf(const ExportedRecords &records, qsizetype index)
 Result<> exportRtfd(const ExportedRecords &records, const QString &path, Progress &progress)
 {
     AttributedText whole;
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
+    const Result<> joined = forEachRecord(records, progress, [&](qsizetype index) -> Result<> {
         whole.append(partOf(records, index));
-    }
-    return richtext::writeRtfdFolder(path, whole);
+        return {};
+    });
+    return joined ? richtext::writeRtfdFolder(path, whole) : joined;
 }
 
 Result<qsizetype>
 exportRtfdFolder(const ExportedRecords &records, const FolderExportOptions &options, Progress &progress)
 {
     const QString path = options.parent + u'/' + fileNamePart(records.datafileName()) + u" RTFD Folder"_s;
-    Result<ExportFolder> folder = ExportFolder::begin(path, options.replacesFolder);
-    if (!folder)
-        return folder.error();
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
+    const auto write = [&](const ExportFolder &folder, qsizetype index) {
         const RecordView record = records.record(index);
         QString lines = fieldLines(records, record);
         if (!lines.isEmpty())
@@ -71,12 +62,9 @@ exportRtfdFolder(const ExportedRecords &records, const FolderExportOptions &opti
         AttributedText text(lines, formatOf(records.fieldsFont()));
         text.append(attributedTextOf(record, records.textFont()));
         const QString name = exportedFileName(records, index, options.nameField) + u".rtfd"_s;
-        if (const Result<> written = richtext::writeRtfdFolder(folder->pathOf(name), text); !written)
-            return written.error();
-    }
-    if (const Result<> finished = folder->finish(); !finished)
-        return finished.error();
-    return records.count();
+        return richtext::writeRtfdFolder(folder.pathOf(name), text);
+    };
+    return exportRecordFolder(records, path, options.replacesFolder, progress, write);
 }
 
 } // namespace tavrin

@@ -62,7 +62,7 @@ void SeparatedLineCutter::tokeniseRun(qsizetype start, qsizetype size)
     }
     g_run.assign(static_cast<size_t>(size), untaken);
     for (const auto &[kind, pattern] : passes) {
-        const auto matches = [&](qsizetype at) {
+        const auto matches = [&, pattern = pattern](qsizetype at) {
             for (qsizetype i = 0; i < pattern.size(); ++i) {
                 if (g_run[static_cast<size_t>(at + i)] != untaken || isQuote(at + i) != (pattern[i] == '"'))
                     return false;

@@ -40,8 +40,6 @@ public:
         QByteArray own = {};
     };
 
-    explicit SeparatedLineCutter(char separator) : g_separator(separator) {}
-
     /// `marked` are the places of all quotes and separators of the line, in their order.
     const std::vector<Field> &cut(QByteArrayView line, const std::vector<qsizetype> &marked);
 
@@ -65,7 +63,6 @@ private:
     void moveBehind(size_t token);
     QByteArray written(qsizetype end, size_t endToken) const;
 
-    char g_separator;
     QByteArrayView g_line;
     std::vector<Token> g_tokens;
     std::vector<quint8> g_run;

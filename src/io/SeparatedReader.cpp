@@ -20,7 +20,6 @@ public:
     SeparatedReader(const TextContent &text, char separator)
         : g_text(text.utf8)
         , g_separator(separator)
-        , g_cutter(separator)
         , g_readsLiterally(mayHoldTokens(text.utf8))
         , g_table(std::make_shared<TextTable>(text.bytes, text.utf8))
     {}
@@ -72,7 +71,7 @@ Result<> SeparatedReader::read(qint64 mostRows, Progress &progress)
         start = place + size;
         if (g_table->isFull())
             return tooManyCells();
-        if (!reported.setDone(start))
+        if (!reported.setDone(start, g_table->rowCount()))
             return cancelled();
     }
     return {};
@@ -133,7 +132,7 @@ void SeparatedReader::normalise()
         return;
     const size_t wanted = g_table->cellCount(0);
     for (; g_row.size() < wanted; ++g_malformedCount)
-        g_row.push_back(g_table->ownCell(missingField.toByteArray()));
+        g_row.push_back(g_table->ownCell(missingField));
     if (g_row.size() == wanted)
         return;
     // Joining the last two, again and again, gives all of them in their order.

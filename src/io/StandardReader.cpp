@@ -74,7 +74,7 @@ Result<> StandardReader::read(qint64 mostRows, Progress &progress)
             ++g_malformedCount;
         if (g_table->isFull())
             return tooManyCells();
-        if (!reported.setDone(g_at))
+        if (!reported.setDone(g_at, g_table->rowCount()))
             return cancelled();
     }
     return {};
@@ -119,7 +119,7 @@ void StandardReader::readValue()
     while (g_mark < g_text.size() && !endsValue(g_mark))
         passMark();
     const qsizetype size = g_mark - start;
-    g_table->appendCell(g_hasLineEnd ? g_table->ownCell(g_text.sliced(start, size).toByteArray())
+    g_table->appendCell(g_hasLineEnd ? g_table->ownCell(g_text.sliced(start, size))
                                      : g_table->cellAt(start, size, TextTable::Form::Plain));
     g_at = g_mark;
 }

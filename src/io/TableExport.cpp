@@ -3,9 +3,9 @@
 
 #include "io/TableExport.h"
 
-#include "io/ReadProgress.h"
+#include "io/LineEnd.h"
+#include "io/RecordLoop.h"
 #include "io/TextSink.h"
-#include "sorting/WorkSteps.h"
 
 #include <algorithm>
 #include <array>
@@ -14,51 +14,87 @@ namespace tavrin {
 
 namespace {
 
-// What a quote becomes for a moment; so this text in a value becomes two quotes as well.
-constexpr QByteArrayView quoteToken("%%%%####$$$$");
+/// What a value holds that a form may have to change.
+enum ByteClass : quint8 {
+    Break = 1, ///< LF, CR
+    Tab = 2,
+    Quote = 4,
+    Comma = 8,
+    Hash = 16,
+    SeparatorLead = 32, ///< Perhaps of a line or paragraph separator.
+};
 
-/// The bytes at which a value may have to be changed.
-constexpr std::array<bool, 256> specialBytes = [] {
-    std::array<bool, 256> special{};
-    for (const char byte : {'\n', '\r', '\t', '"', ',', '#', '\xE2'})
-        special[static_cast<uchar>(byte)] = true;
-    return special;
+constexpr std::array<quint8, 256> byteClasses = [] {
+    std::array<quint8, 256> classes{};
+    classes['\n'] = classes['\r'] = Break;
+    classes['\t'] = Tab;
+    classes['"'] = Quote;
+    classes[','] = Comma;
+    classes['#'] = Hash;
+    classes[0xE2] = SeparatorLead;
+    return classes;
 }();
 
-bool hasSpecialBytes(QByteArrayView value)
+unsigned classesIn(QByteArrayView value)
 {
-    return std::ranges::any_of(value, [](char byte) { return specialBytes[static_cast<uchar>(byte)]; });
+    unsigned classes = 0;
+    for (const char byte : value)
+        classes |= byteClasses[static_cast<uchar>(byte)];
+    return classes;
 }
 
-/// In one line: line ends, tabs and the separators of Unicode are blanks.
-QByteArray cleaned(QByteArrayView value)
+/// Of values that do not go out as they are.
+unsigned changedClassesOf(TableExportOptions::Form form)
 {
-    QByteArray line;
-    line.reserve(value.size());
-    for (qsizetype at = 0; at < value.size(); ++at) {
-        const QByteArrayView rest = value.sliced(at);
-        const bool isSeparator = rest.startsWith("\xE2\x80\xA8") || rest.startsWith("\xE2\x80\xA9");
-        if (isSeparator)
-            at += 2;
-        const bool isBlank = isSeparator || rest[0] == '\n' || rest[0] == '\r' || rest[0] == '\t';
-        line.append(isBlank ? ' ' : rest[0]);
+    switch (form) {
+    case TableExportOptions::Form::Csv:
+        return Break | Tab | Quote | Comma | Hash | SeparatorLead;
+    case TableExportOptions::Form::Tab:
+        return Break | Tab | SeparatorLead;
+    case TableExportOptions::Form::Standard:
+        break;
     }
-    return line;
+    return Break | Quote | Comma;
 }
 
-QByteArray quotedForCsv(QByteArrayView value)
-{
-    QByteArray text = cleaned(value);
-    text.replace("\"", quoteToken.toByteArray()).replace(quoteToken.toByteArray(), "\"\"");
-    return text.contains(',') ? '"' + text + '"' : text;
-}
+// What a quote becomes for a moment in CSV; so this text in a value becomes two quotes as well.
+constexpr QByteArrayView quoteToken("%%%%####$$$$");
 
-QByteArray quotedForStandard(QByteArrayView value)
+/// What of a value is changed.
+struct Changes
 {
-    constexpr QByteArrayView needQuotes("\",\n\r");
-    if (std::find_first_of(value.begin(), value.end(), needQuotes.begin(), needQuotes.end()) == value.end())
-        return value.toByteArray();
-    return '"' + value.toByteArray().replace("\"", "\"\"") + '"';
+    bool toOneLine;     ///< Line ends, tabs and the separators of Unicode become blanks.
+    bool doublesQuotes; ///< And
+    bool isQuoted;      ///< puts one before it and behind it.
+};
+
+/// Writes the value there as it has to be. The buffer goes on being used, so that it is allocated once.
+QByteArrayView changed(QByteArrayView value, const Changes &changes, QByteArray &buffer)
+{
+    if (buffer.size() < 2 * value.size() + 2)
+        buffer.resize(2 * value.size() + 2);
+    char *const start = buffer.data();
+    char *to = start;
+    if (changes.isQuoted)
+        *to++ = '"';
+    for (qsizetype at = 0; at < value.size(); ++at) {
+        const char byte = value[at];
+        const unsigned kind = byteClasses[static_cast<uchar>(byte)];
+        const bool ends = changes.toOneLine && (kind & (Break | Tab | SeparatorLead)) != 0;
+        const qsizetype size = !ends ? 0 : byte == '\t' ? 1 : LineEnd::sizeAt(value, at);
+        if (size > 0) {
+            // CR LF are two.
+            *to++ = ' ';
+            at += size == 3 ? 2 : 0;
+            continue;
+        }
+        *to++ = byte;
+        if (changes.doublesQuotes && byte == '"')
+            *to++ = '"';
+    }
+    if (changes.isQuoted)
+        *to++ = '"';
+    return {start, to};
 }
 
 /// Writes one row after the other.
@@ -70,12 +106,13 @@ public:
         , g_options(options)
         , g_sink(sink, options.utf16)
         , g_separator(options.form == Form::Tab ? "\t" : ",")
+        , g_changedClasses(changedClassesOf(options.form))
     {}
 
     void writeNames();
     void writeRecord(qsizetype index);
-    bool isRefused() const { return g_sink.isRefused(); }
-    void finish() { g_sink.finish(); }
+    Result<> outcome() const { return g_sink.outcome(); }
+    Result<> finish() { return g_sink.finish(); }
 
 private:
     using Form = TableExportOptions::Form;
@@ -88,7 +125,9 @@ private:
     const TableExportOptions &g_options;
     TextSink g_sink;
     QByteArrayView g_separator;
+    unsigned g_changedClasses;
     QByteArray g_buffer;
+    QByteArray g_line;
     qsizetype g_column = 0;
     bool g_isRowEmpty = true;
 };
@@ -131,21 +170,21 @@ void TableWriter::writeValue(const TextView &value)
 void TableWriter::writeBytes(QByteArrayView value)
 {
     g_isRowEmpty = g_isRowEmpty && value.isEmpty();
-    if (!hasSpecialBytes(value)) {
+    const unsigned classes = classesIn(value);
+    if ((classes & g_changedClasses) == 0) {
         g_sink.append(value);
         return;
     }
-    switch (g_options.form) {
-    case Form::Csv:
-        g_sink.append(QByteArrayView(quotedForCsv(value)));
-        break;
-    case Form::Tab:
-        g_sink.append(QByteArrayView(cleaned(value)));
-        break;
-    case Form::Standard:
-        g_sink.append(QByteArrayView(quotedForStandard(value)));
-        break;
+    QByteArray withoutToken;
+    if (g_options.form == Form::Csv && (classes & Hash) != 0 && value.contains(quoteToken)) {
+        withoutToken = value.toByteArray().replace(quoteToken, "\"");
+        value = withoutToken;
     }
+    const bool isStandard = g_options.form == Form::Standard;
+    const Changes changes{.toOneLine = !isStandard,
+                          .doublesQuotes = g_options.form != Form::Tab,
+                          .isQuoted = isStandard || (g_options.form == Form::Csv && (classes & Comma) != 0)};
+    g_sink.append(changed(value, changes, g_line));
 }
 
 void TableWriter::endRow()
@@ -168,14 +207,11 @@ Result<> writeTable(const ExportedRecords &records,
     TableWriter writer(records, options, sink);
     if (options.includingFieldNames)
         writer.writeNames();
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count() && !writer.isRefused(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
+    const Result<> written = forEachRecord(records, progress, [&](qsizetype index) {
         writer.writeRecord(index);
-    }
-    writer.finish();
-    return {};
+        return writer.outcome();
+    });
+    return written ? writer.finish() : written;
 }
 
 Result<> exportTable(const ExportedRecords &records,

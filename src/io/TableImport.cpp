@@ -34,11 +34,6 @@ QStringList numbers(quint32 first, quint32 last)
     return texts;
 }
 
-quint32 widthOf(const ReadTable &table, TableKind kind)
-{
-    return kind == TableKind::Standard ? table.table->width() : table.incomingFieldCount();
-}
-
 /// Names for every column of a regular table: those without one get their number.
 QStringList completedNames(QStringList names, quint32 width)
 {
@@ -94,7 +89,7 @@ readTable(const TextContent &text, const ImportOptions &options, qint64 mostRows
         table = readStandard(text, {options.separator, options.quote}, mostRows, progress);
         break;
     }
-    if (table && widthOf(*table, options.kind) > mostFields)
+    if (table && fieldCountOf(*table, options.kind) > mostFields)
         return Error{Error::Kind::Unsupported, tr("The file has more than 10,000 values in a row."), {}};
     return table;
 }
@@ -120,9 +115,14 @@ QStringList importedFieldNames(const ReadTable &table, const ImportOptions &opti
     return {};
 }
 
+quint32 fieldCountOf(const ReadTable &table, TableKind kind)
+{
+    return kind == TableKind::Standard ? table.table->width() : table.incomingFieldCount();
+}
+
 bool fitsFieldCount(const ReadTable &table, TableKind kind, qsizetype fieldCount)
 {
-    return kind == TableKind::Custom || static_cast<qsizetype>(widthOf(table, kind)) == fieldCount;
+    return kind == TableKind::Custom || static_cast<qsizetype>(fieldCountOf(table, kind)) == fieldCount;
 }
 
 TableMapping
@@ -137,7 +137,7 @@ usualMapping(const ReadTable &table, const ImportOptions &options, const QList<F
     const bool skipsFirst = options.kind == TableKind::Tab || options.kind == TableKind::Standard
                             || options.destination == ImportDestination::NewDatafile;
     mapping.firstRow = options.namesInFirstRecord && skipsFirst && table.table->rowCount() > 0 ? 1 : 0;
-    const auto columns = static_cast<qsizetype>(widthOf(table, options.kind));
+    const auto columns = static_cast<qsizetype>(fieldCountOf(table, options.kind));
     for (qsizetype column = 0; column < std::min(columns, fields.size()); ++column)
         mapping.fields.push_back({fields[column].identifier(), static_cast<quint32>(column)});
     return mapping;

@@ -55,6 +55,9 @@ readTable(const TextContent &text, const ImportOptions &options, qint64 mostRows
 /// The fields that a new datafile gets for the table.
 QStringList importedFieldNames(const ReadTable &table, const ImportOptions &options);
 
+/// How many fields the rows have: as many as the first one or, by the standard, as the longest one.
+quint32 fieldCountOf(const ReadTable &table, TableKind kind);
+
 /// Whether the rows fit into a datafile of so many fields, as far as that matters to the kind.
 bool fitsFieldCount(const ReadTable &table, TableKind kind, qsizetype fieldCount);
 

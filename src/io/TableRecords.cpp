@@ -7,7 +7,22 @@
 #include "model/RecordKey.h"
 #include "text/TextSieve.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
+
 namespace tavrin {
+
+namespace {
+
+quint64 startOf(const FieldKey &field)
+{
+    std::array<char, sizeof(quint64)> start{};
+    std::copy_n(field.utf8.begin(), std::min<qsizetype>(field.utf8.size(), sizeof(quint64)), start.begin());
+    return std::bit_cast<quint64>(start);
+}
+
+} // namespace
 
 TableRecords::TableRecords(std::shared_ptr<const TextTable> table,
                            TableMapping mapping,
@@ -16,8 +31,12 @@ TableRecords::TableRecords(std::shared_ptr<const TextTable> table,
     : g_table(std::move(table))
     , g_mapping(std::move(mapping))
     , g_pattern(std::move(pattern))
+    , g_elements(g_pattern, g_mapping)
     , g_identifiers(identifiers)
-{}
+{
+    for (const TableMapping::FieldColumn &field : g_mapping.fields)
+        g_fieldStarts.push_back(startOf(field.field));
+}
 
 TextView TableRecords::fieldCell(quint32 place, quint32 column) const
 {
@@ -27,9 +46,10 @@ TextView TableRecords::fieldCell(quint32 place, quint32 column) const
 
 TextView TableRecords::fieldValue(quint32 place, const FieldKey &field) const
 {
-    for (const TableMapping::FieldColumn &mapped : g_mapping.fields) {
-        if (mapped.field.utf8 == field.utf8)
-            return fieldCell(place, mapped.column);
+    const quint64 start = startOf(field);
+    for (size_t i = 0; i < g_fieldStarts.size(); ++i) {
+        if (g_fieldStarts[i] == start && g_mapping.fields[i].field.utf8 == field.utf8)
+            return fieldCell(place, g_mapping.fields[i].column);
     }
     return {};
 }
@@ -63,7 +83,17 @@ plist::Dictionary TableRecords::fields(quint32 place) const
 
 QString TableRecords::identifier(quint32 place) const
 {
-    return QString::fromLatin1(g_identifiers.view().sliced(place * identifierSize, identifierSize));
+    return QString::fromLatin1(identifierBytes(place));
+}
+
+QByteArrayView TableRecords::identifierBytes(quint32 place) const
+{
+    return g_identifiers.view().sliced(place * identifierSize, identifierSize);
+}
+
+void TableRecords::writeElement(quint32 place, plist::XmlWriter &writer) const
+{
+    g_elements.write(*this, place, writer);
 }
 
 plist::Value TableRecords::value(quint32 place, const QString &key) const

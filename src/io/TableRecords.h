@@ -4,8 +4,9 @@
 #pragma once
 
 #include "base/SharedBytes.h"
+#include "io/TableElements.h"
 #include "io/TextTable.h"
-#include "model/RecordSource.h"
+#include "model/ElementSource.h"
 
 #include <memory>
 
@@ -20,7 +21,7 @@ struct TableMapping
         quint32 column;
     };
 
-    std::vector<FieldColumn> fields;
+    std::vector<FieldColumn> fields;  ///< No field twice.
     std::vector<quint32> textColumns; ///< Joined by line ends, they are the text.
     quint32 firstRow = 0;
     std::vector<quint32> rows; ///< Only these; all from the first one on when it is empty.
@@ -35,7 +36,7 @@ inline quint32 rowCountOf(const TextTable &table, const TableMapping &mapping)
 }
 
 /// The rows of a table as records, without anything being made of a row until somebody asks for it.
-class TableRecords : public RecordSource
+class TableRecords : public ElementSource
 {
 public:
     /// Each record takes what is neither field, text nor identifier from the pattern, which has all keys that
@@ -52,19 +53,25 @@ public:
     TextView fieldValue(quint32 place, const FieldKey &field) const override;
     TextView textString(quint32 place) const override;
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
+    void writeElement(quint32 place, plist::XmlWriter &writer) const override;
+
+    /// The cell as a field holds it; absent where the row is too short.
+    TextView fieldCell(quint32 place, quint32 column) const;
+    QByteArrayView identifierBytes(quint32 place) const;
 
 private:
     quint32 rowOf(quint32 place) const
     {
         return g_mapping.rows.empty() ? place + g_mapping.firstRow : g_mapping.rows[place];
     }
-    TextView fieldCell(quint32 place, quint32 column) const;
     plist::Dictionary fields(quint32 place) const;
     QString identifier(quint32 place) const;
 
     std::shared_ptr<const TextTable> g_table;
     TableMapping g_mapping;
     plist::Dictionary g_pattern;
+    TableElements g_elements;
+    std::vector<quint64> g_fieldStarts; ///< Of the fields' identifiers, which differ in them nearly always.
     SharedBytes g_identifiers;
 };
 

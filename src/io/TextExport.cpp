@@ -4,9 +4,8 @@
 #include "io/TextExport.h"
 
 #include "io/ExportFolder.h"
-#include "io/ReadProgress.h"
+#include "io/RecordLoop.h"
 #include "io/TextSink.h"
-#include "sorting/WorkSteps.h"
 
 namespace tavrin {
 
@@ -29,18 +28,13 @@ void writeRecord(const ExportedRecords &records, qsizetype index, TextSink &sink
 
 Result<> exportTextFile(const ExportedRecords &records, const QString &path, Progress &progress)
 {
-    return writeDurably(path, [&](const ByteSink &bytes) -> Result<> {
-        TextSink sink(bytes, true);
-        WorkSteps steps(progress, static_cast<size_t>(records.count()));
-        for (qsizetype index = 0; index < records.count() && !sink.isRefused(); ++index) {
-            if (!steps.goOn())
-                return cancelled();
+    return writeText(path, true, [&](TextSink &sink) {
+        return forEachRecord(records, progress, [&](qsizetype index) {
             if (index > 0)
                 sink.append(QByteArrayView("\n____________________\n\n"));
             writeRecord(records, index, sink);
-        }
-        sink.finish();
-        return {};
+            return sink.outcome();
+        });
     });
 }
 
@@ -77,21 +71,11 @@ Result<qsizetype>
 exportTextFolder(const ExportedRecords &records, const FolderExportOptions &options, Progress &progress)
 {
     const QString path = options.parent + u'/' + fileNamePart(records.datafileName()) + u" Text Folder"_s;
-    Result<ExportFolder> folder = ExportFolder::begin(path, options.replacesFolder);
-    if (!folder)
-        return folder.error();
-    WorkSteps steps(progress, static_cast<size_t>(records.count()));
-    for (qsizetype index = 0; index < records.count(); ++index) {
-        if (!steps.goOn())
-            return cancelled();
+    const auto write = [&](const ExportFolder &folder, qsizetype index) {
         const QByteArray text = plainTextOfRecord(records, index, options.nameField).toUtf8();
-        const QString name = exportedFileName(records, index, options.nameField) + u".txt"_s;
-        if (const Result<> written = folder->writeFile(name, text); !written)
-            return written.error();
-    }
-    if (const Result<> finished = folder->finish(); !finished)
-        return finished.error();
-    return records.count();
+        return folder.writeFile(exportedFileName(records, index, options.nameField) + u".txt"_s, text);
+    };
+    return exportRecordFolder(records, path, options.replacesFolder, progress, write);
 }
 
 } // namespace tavrin

@@ -9,6 +9,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <algorithm>
+
 namespace tavrin {
 
 /// Where an export puts its text: collects it and passes it on in blocks, in UTF-8 or in UTF-16 with a
@@ -21,27 +23,33 @@ public:
 
     void append(QByteArrayView utf8)
     {
-        g_pending.append(utf8);
-        if (g_pending.size() >= blockSize)
-            flush();
+        if (utf8.size() > g_block.end() - g_at)
+            makeRoom(utf8);
+        else
+            g_at = std::copy(utf8.begin(), utf8.end(), g_at);
     }
     void append(const QString &text) { append(QByteArrayView(text.toUtf8())); }
     void append(const TextView &text);
 
-    /// Passes on what is left. False when the system has refused any of it.
-    bool finish();
-    bool isRefused() const { return g_isRefused; }
+    /// Passes on what is left.
+    Result<> finish();
+    /// Io when the system has refused; writeDurably() knows why.
+    Result<> outcome() const;
 
 private:
-    static constexpr qsizetype blockSize = qsizetype(256) << 10;
-
+    void makeRoom(QByteArrayView utf8);
     void flush();
+    void pass(QByteArrayView utf8);
 
     const ByteSink &g_sink;
     bool g_utf16;
-    QByteArray g_pending;
+    QByteArray g_block;
+    char *g_at; ///< In the block, behind what was appended.
     bool g_isRefused = false;
 };
+
+/// Writes a file of text durably.
+Result<> writeText(const QString &path, bool utf16, const std::function<Result<>(TextSink &sink)> &produce);
 
 /// The UTF-8 of a text where it stands, or in the buffer.
 QByteArrayView utf8Of(const TextView &text, QByteArray &buffer);

@@ -15,13 +15,14 @@ namespace {
 /// The text with one quote for every two.
 QByteArray withSingleQuotes(QByteArrayView bytes)
 {
-    QByteArray single;
-    single.reserve(bytes.size());
+    QByteArray single(bytes.size(), Qt::Uninitialized);
+    char *to = single.data();
     for (qsizetype at = 0; at < bytes.size(); ++at) {
-        single.append(bytes[at]);
+        *to++ = bytes[at];
         if (bytes[at] == '"' && at + 1 < bytes.size() && bytes[at + 1] == '"')
             ++at;
     }
+    single.truncate(to - single.constData());
     return single;
 }
 
@@ -40,13 +41,26 @@ TextTable::Cell TextTable::cellAt(qsizetype start, qsizetype size, Form form)
     return cell;
 }
 
-TextTable::Cell TextTable::ownCell(const QByteArray &utf8)
+TextTable::Cell TextTable::ownCell(QByteArrayView utf8)
 {
     Cell cell;
-    cell.start = static_cast<quint64>(g_own.size()) & 0xffffffffff;
-    cell.form = static_cast<quint64>(Form::Own) & 3;
-    g_own.push_back(utf8);
+    const bool isLarge = utf8.size() > largestSize;
+    cell.start = (isLarge ? g_largeOwn.size() : static_cast<quint64>(g_own.size())) & 0xffffffffff;
+    cell.form = static_cast<quint64>(isLarge ? Form::LargeOwn : Form::Own) & 3;
+    if (isLarge) {
+        g_largeOwn.push_back(utf8.toByteArray());
+        return cell;
+    }
+    cell.size = static_cast<quint64>(utf8.size()) & 0x3fffff;
+    g_own.append(utf8);
     return cell;
+}
+
+QByteArrayView TextTable::ownBytes(Cell cell) const
+{
+    if (cell.form == static_cast<quint64>(Form::LargeOwn))
+        return g_largeOwn[cell.start];
+    return QByteArrayView(g_own).sliced(static_cast<qsizetype>(cell.start), cell.size);
 }
 
 void TextTable::endRow()
@@ -60,7 +74,8 @@ QByteArray TextTable::bytesOf(Cell cell) const
 {
     switch (static_cast<Form>(cell.form)) {
     case Form::Own:
-        return g_own[cell.start];
+    case Form::LargeOwn:
+        return ownBytes(cell).toByteArray();
     case Form::Encoded:
         return withSingleQuotes(g_text.sliced(static_cast<qsizetype>(cell.start), cell.size));
     case Form::Plain:
@@ -76,7 +91,8 @@ TextView TextTable::cell(quint32 row, quint32 column) const
     const Cell cell = g_cells[firstCell(row) + size_t(column)];
     switch (static_cast<Form>(cell.form)) {
     case Form::Own:
-        return {g_own[cell.start], false};
+    case Form::LargeOwn:
+        return {ownBytes(cell), false};
     case Form::Encoded: {
         const QString text = plist::fromUtf8(bytesOf(cell));
         return TextView(text.isNull() ? QStringLiteral("") : text);

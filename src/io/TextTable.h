@@ -23,11 +23,12 @@ public:
         Plain,   ///< They are its UTF-8; of a table read by readStandard(), they are one line without tabs.
         Encoded, ///< The same, but two quotes stand for one.
         Own,     ///< They stand beside the text, because it does not hold them so.
+        LargeOwn ///< The same of a cell that is too large to stand with the others.
     };
 
     struct Cell
     {
-        quint64 start : 40 = 0; ///< In the text; of an own one, its number.
+        quint64 start : 40 = 0; ///< In the text, or in the own bytes; of a large own one, its number.
         quint64 size : 22 = 0;
         quint64 form : 2 = 0;
     };
@@ -55,7 +56,7 @@ public:
     QByteArrayView text() const { return g_text; }
     bool isFull() const { return g_cells.size() >= mostCells; }
     Cell cellAt(qsizetype start, qsizetype size, Form form);
-    Cell ownCell(const QByteArray &utf8);
+    Cell ownCell(QByteArrayView utf8);
     QByteArray bytesOf(Cell cell) const; ///< Decoded.
     void appendCell(Cell cell) { g_cells.append(cell); }
     void endRow();
@@ -64,13 +65,15 @@ private:
     static constexpr quint64 mostCells = 0xfffffff0;
     static constexpr qsizetype largestSize = (qsizetype(1) << 22) - 1;
 
+    QByteArrayView ownBytes(Cell cell) const;
     quint32 firstCell(quint32 row) const { return row == 0 ? 0 : g_rowEnds[row - 1]; }
 
     SharedBytes g_bytes;
     QByteArrayView g_text;
     BlockList<Cell> g_cells;
     BlockList<quint32> g_rowEnds; ///< By row: the number of the cell behind its last one.
-    std::vector<QByteArray> g_own;
+    QByteArray g_own; ///< One behind the other, so that millions of them cost only their bytes.
+    std::vector<QByteArray> g_largeOwn;
     quint32 g_width = 0;
 };
 

@@ -87,4 +87,10 @@ QByteArrayView JoinedRecords::xml(quint32 place) const
     return part.source->xml(place - part.start);
 }
 
+void JoinedRecords::writeElement(quint32 place, plist::XmlWriter &writer) const
+{
+    const Part &part = partOf(place);
+    writeRecordElement(*part.source, place - part.start, writer);
+}
+
 } // namespace tavrin

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "model/RecordSource.h"
+#include "model/ElementSource.h"
 
 #include <memory>
 #include <vector>
@@ -11,7 +11,7 @@
 namespace tavrin {
 
 /// The records of several sources, those of one behind those of the other.
-class JoinedRecords : public RecordSource
+class JoinedRecords : public ElementSource
 {
 public:
     /// Neither is null. Joining joined ones makes no deeper nest.
@@ -28,6 +28,7 @@ public:
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
     void fetch(quint32 place) const override;
     QByteArrayView xml(quint32 place) const override;
+    void writeElement(quint32 place, plist::XmlWriter &writer) const override;
 
 private:
     struct Part

@@ -37,6 +37,10 @@ bool isPlain(char16_t unit)
 
 constexpr qsizetype runSize = 16;
 
+// Text is written by chunks, so that there is room in the buffer for each, whatever is in it.
+constexpr qsizetype chunk = 16 * 1024;
+constexpr qsizetype longestUnit = 5; // "&amp;"
+
 /// Writes a run of units that are all plain; false when one is not. No branch in the loops, so that they
 /// become vector instructions.
 bool putPlainRun(const char16_t *units, char *out)
@@ -101,13 +105,18 @@ void XmlWriter::writeKey(QStringView key, int level)
 void XmlWriter::writeElement(QByteArrayView element, int level)
 {
     putIndentation(level);
-    if (element.size() < pieceSize) {
-        put(element);
-    } else {
-        flush();
-        g_isRefused = g_isRefused || !g_sink(element);
-    }
+    writeBytes(element);
     put("\n");
+}
+
+void XmlWriter::writeBytes(QByteArrayView bytes)
+{
+    if (bytes.size() < pieceSize) {
+        put(bytes);
+        return;
+    }
+    flush();
+    g_isRefused = g_isRefused || !g_sink(bytes);
 }
 
 void XmlWriter::flush()
@@ -271,10 +280,23 @@ char *putCharacter(char32_t character, char *out)
 
 } // namespace
 
+void XmlWriter::writeContent(QByteArrayView utf8)
+{
+    for (qsizetype at = 0; at < utf8.size() && !g_isRefused; at += chunk) {
+        const QByteArrayView part = utf8.sliced(at, std::min(chunk, utf8.size() - at));
+        char *out = room(chunk * longestUnit);
+        for (const char byte : part) {
+            if (byte == '<' || byte == '>' || byte == '&')
+                out = putCharacter(static_cast<uchar>(byte), out);
+            else
+                *out++ = byte;
+        }
+        g_at = out;
+    }
+}
+
 void XmlWriter::writeText(QStringView text)
 {
-    constexpr qsizetype chunk = 16 * 1024;
-    constexpr qsizetype longestUnit = 5; // "&amp;"
     const char16_t *at = text.utf16();
     const char16_t *const end = at + text.size();
     while (at != end && !g_isRefused) {

@@ -27,6 +27,10 @@ public:
     void writeKey(QStringView key, int level);
     /// Nothing for a null value.
     void writeValue(const Value &value, int level);
+    /// Bytes that are put together elsewhere, as they are.
+    void writeBytes(QByteArrayView bytes);
+    /// Text content; the UTF-8 is valid.
+    void writeContent(QByteArrayView utf8);
     /// An element as it stands in another file.
     void writeElement(QByteArrayView element, int level);
 

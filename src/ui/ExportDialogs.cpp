@@ -10,12 +10,6 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGridLayout>
-#include <QLabel>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QShortcut>
-#include <QVBoxLayout>
 
 namespace tavrin {
 
@@ -75,51 +69,6 @@ void ExportDialog::addNameField()
     connect(field, &QComboBox::currentIndexChanged, &g_sheet, [this](int index) {
         g_sheet.setNameField(index == 0 ? std::optional<int>() : index - 1);
     });
-}
-
-FreeformDialog::FreeformDialog(FreeformSheetController &sheet, QWidget *parent) : QDialog(parent)
-{
-    setWindowTitle(tr("Export as Freeform Text Datafile"));
-    auto *grid = new QGridLayout(this);
-    auto *explanation = new QLabel(
-        tr("Each record becomes a text: this template, with the contents of the fields in it, and then the "
-           "record's own text."),
-        this);
-    explanation->setWordWrap(true);
-    grid->addWidget(explanation, 0, 0, 1, 2);
-
-    auto *fields = new QListWidget(this);
-    fields->addItems(sheet.fieldNames());
-    auto *fieldsLabel = new QLabel(tr("&Fields (activate to insert):"), this);
-    fieldsLabel->setBuddy(fields);
-    auto *format = new QPlainTextEdit(sheet.freeformTextFormat(), this);
-    format->setTabChangesFocus(true);
-    auto *formatLabel = new QLabel(tr("&Template:"), this);
-    formatLabel->setBuddy(format);
-    grid->addWidget(fieldsLabel, 1, 0);
-    grid->addWidget(formatLabel, 1, 1);
-    grid->addWidget(fields, 2, 0);
-    grid->addWidget(format, 2, 1);
-    grid->setColumnStretch(1, 2);
-    connect(format, &QPlainTextEdit::textChanged, &sheet, [&sheet, format] {
-        sheet.setFreeformTextFormat(format->toPlainText());
-    });
-    const auto insert = [format](const QListWidgetItem *item) {
-        if (!item)
-            return;
-        format->insertPlainText(FreeformSheetController::markOf(item->text()));
-        format->setFocus();
-    };
-    connect(fields, &QListWidget::itemClicked, format, insert);
-    // By a shortcut: a key that the list lets through presses Export as well.
-    auto *activate = new QShortcut(fields);
-    activate->setKeys({Qt::Key_Return, Qt::Key_Enter});
-    activate->setContext(Qt::WidgetShortcut);
-    connect(activate, &QShortcut::activated, format, [fields, insert] { insert(fields->currentItem()); });
-    format->moveCursor(QTextCursor::End);
-    format->setFocus();
-    grid->addWidget(makeSheetButtons(sheet, tr("&Export…"), this), 3, 0, 1, 2);
-    resize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 22);
 }
 
 } // namespace tavrin

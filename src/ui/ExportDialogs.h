@@ -8,7 +8,6 @@
 namespace tavrin {
 
 class ExportSheetController;
-class FreeformSheetController;
 
 /// Asks how a table is written, or what names the files of a folder.
 class ExportDialog : public QDialog
@@ -24,15 +23,6 @@ private:
     void addNameField();
 
     ExportSheetController &g_sheet;
-};
-
-/// Edits the template of a freeform export.
-class FreeformDialog : public QDialog
-{
-    Q_OBJECT
-
-public:
-    FreeformDialog(FreeformSheetController &sheet, QWidget *parent);
 };
 
 } // namespace tavrin

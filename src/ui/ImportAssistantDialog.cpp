@@ -4,8 +4,9 @@
 #include "ui/ImportAssistantDialog.h"
 
 #include "app/ImportAssistantSheetController.h"
+#include "ui/ColumnMapping.h"
 #include "ui/DialogParts.h"
-#include "ui/ImportDialogs.h"
+#include "ui/ImportParts.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -13,7 +14,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -29,7 +29,8 @@ ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &she
     , g_sheet(sheet)
     , g_destinations(new QButtonGroup(this))
     , g_key(new QComboBox(this))
-    , g_preview(new QTableWidget(this))
+    , g_targets(new TargetList(this))
+    , g_preview(new ColumnTable(this))
     , g_note(makeNoteLabel(this))
 {
     setWindowTitle(sheet.title());
@@ -44,19 +45,34 @@ ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &she
     addReading(reading);
     addDestinations(destinations);
 
-    auto *label = new QLabel(tr("Above each column stands &where it goes:"), this);
-    label->setBuddy(g_preview);
-    layout->addWidget(label);
-    g_preview->setAccessibleName(tr("Columns and first rows"));
-    g_preview->setTabKeyNavigation(false);
-    g_preview->verticalHeader()->hide();
-    layout->addWidget(g_preview, 1);
+    addColumns(layout);
     layout->addWidget(g_note);
     layout->addWidget(makeSheetButtons(sheet, tr("&Import"), this));
     connect(&sheet, &QVSheetController::changed, this, &ImportAssistantDialog::showSheet);
     showSheet();
     g_destinations->checkedButton()->setFocus();
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
+}
+
+// Where a column goes is chosen above it, or by dragging.
+void ImportAssistantDialog::addColumns(QVBoxLayout *layout)
+{
+    auto *label = new QLabel(tr("Above each column stands &where it goes. Columns can also be dragged onto "
+                                "the list, and from there:"),
+                             this);
+    label->setWordWrap(true);
+    label->setBuddy(g_preview);
+    layout->addWidget(label);
+    preparePreview(g_preview, tr("Columns and first rows"));
+    g_targets->setAccessibleName(tr("Where columns go"));
+    auto *halves = new QHBoxLayout;
+    halves->addWidget(g_targets, 1);
+    halves->addWidget(g_preview, 3);
+    layout->addLayout(halves, 1);
+    // A change makes both halves anew, so not from inside of their own events.
+    const auto setTarget = [this](int column, int target) { g_sheet.setTarget(column, target); };
+    connect(g_preview, &ColumnTable::targetDropped, &g_sheet, setTarget, Qt::QueuedConnection);
+    connect(g_targets, &TargetList::columnDropped, &g_sheet, setTarget, Qt::QueuedConnection);
 }
 
 void ImportAssistantDialog::addReading(QFormLayout *form)
@@ -73,16 +89,8 @@ void ImportAssistantDialog::addReading(QFormLayout *form)
     form->addRow(tr("&Quotes:"), quote);
     connect(quote, &QComboBox::currentIndexChanged, &g_sheet, &Sheet::setQuote);
 
-    auto *encoding = new QComboBox(this);
-    const QList<TextEncodingName> encodings = textEncodings();
-    for (const TextEncodingName &item : encodings)
-        encoding->addItem(item.name);
-    const auto chosen = std::ranges::find(encodings, g_sheet.encoding(), &TextEncodingName::encoding);
-    encoding->setCurrentIndex(static_cast<int>(chosen - encodings.begin()));
-    form->addRow(tr("&Encoding:"), encoding);
-    connect(encoding, &QComboBox::currentIndexChanged, &g_sheet, [this, encodings](int index) {
-        g_sheet.setEncoding(encodings[index].encoding);
-    });
+    const auto choose = [this](TextEncoding encoding) { g_sheet.setEncoding(encoding); };
+    form->addRow(tr("&Encoding:"), makeEncodingBox(g_sheet.encoding(), this, choose));
 
     auto *names = new QCheckBox(tr("&Names of the columns in the first row"), this);
     names->setChecked(g_sheet.namesInFirstRecord());
@@ -150,6 +158,10 @@ void ImportAssistantDialog::showColumns()
             Qt::QueuedConnection);
     }
     g_preview->resizeRowToContents(0);
+    const int current = g_targets->currentRow();
+    g_targets->clear();
+    g_targets->addItems(g_sheet.targetSummaries());
+    g_targets->setCurrentRow(std::clamp(current, 0, g_targets->count() - 1));
 }
 
 ImportDifferencesDialog::ImportDifferencesDialog(ImportDifferencesSheetController &sheet, QWidget *parent)
@@ -161,13 +173,11 @@ ImportDifferencesDialog::ImportDifferencesDialog(ImportDifferencesSheetControlle
     summary->setWordWrap(true);
     layout->addWidget(summary);
     auto *table = new QTableWidget(this);
-    table->setAccessibleName(tr("What changes"));
-    table->setTabKeyNavigation(false);
+    preparePreview(table, tr("What changes"));
     QList<QStringList> rows;
     for (const RowDifference &difference : sheet.differences())
         rows.append({difference.key, difference.fieldName, difference.oldContent, difference.newContent});
     showRows(table, {tr("Record"), tr("Field"), tr("Now"), tr("In the file")}, rows);
-    table->verticalHeader()->hide();
     layout->addWidget(table, 1);
     layout->addWidget(makeSheetButtons(sheet, tr("&Update"), this));
     resize(fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 26);

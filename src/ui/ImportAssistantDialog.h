@@ -9,12 +9,14 @@ class QButtonGroup;
 class QComboBox;
 class QFormLayout;
 class QLabel;
-class QTableWidget;
+class QVBoxLayout;
 
 namespace tavrin {
 
+class ColumnTable;
 class ImportAssistantSheetController;
 class ImportDifferencesSheetController;
+class TargetList;
 
 /// The Import Assistant: how the text is read, what becomes of each column, and the first rows.
 class ImportAssistantDialog : public QDialog
@@ -26,6 +28,7 @@ public:
     ImportAssistantDialog(ImportAssistantSheetController &sheet, QWidget *parent);
 
 private:
+    void addColumns(QVBoxLayout *layout);
     void addReading(QFormLayout *form);
     void addDestinations(QFormLayout *form);
     void showSheet();
@@ -34,7 +37,8 @@ private:
     ImportAssistantSheetController &g_sheet;
     QButtonGroup *g_destinations;
     QComboBox *g_key;
-    QTableWidget *g_preview;
+    TargetList *g_targets;
+    ColumnTable *g_preview;
     QLabel *g_note;
 };
 

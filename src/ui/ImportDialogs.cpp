@@ -5,13 +5,13 @@
 
 #include "app/ImportSheetController.h"
 #include "ui/DialogParts.h"
+#include "ui/ImportParts.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -19,35 +19,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace tavrin {
-
-void showRows(QTableWidget *table, const QStringList &names, const QList<QStringList> &rows)
-{
-    qsizetype width = names.size();
-    for (const QStringList &row : rows)
-        width = std::max(width, row.size());
-    table->setColumnCount(static_cast<int>(width));
-    table->setRowCount(static_cast<int>(rows.size()));
-    QStringList headers = names;
-    while (headers.size() < width)
-        headers.append(QString());
-    table->setHorizontalHeaderLabels(headers);
-    for (int row = 0; row < rows.size(); ++row) {
-        for (int column = 0; column < width; ++column) {
-            auto *item = new QTableWidgetItem(rows[row].value(column));
-            item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-            table->setItem(row, column, item);
-        }
-    }
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->resizeColumnsToContents();
-    constexpr int widestInCharacters = 40;
-    const int widest = table->fontMetrics().averageCharWidth() * widestInCharacters;
-    for (int column = 0; column < width; ++column)
-        table->setColumnWidth(column, std::min(table->columnWidth(column), widest));
-}
 
 ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     : QDialog(parent)
@@ -69,9 +41,7 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
     auto *label = new QLabel(tr("First &rows as they are read:"), this);
     label->setBuddy(g_preview);
     layout->addWidget(label);
-    g_preview->verticalHeader()->hide();
-    g_preview->setTabKeyNavigation(false);
-    g_preview->setAccessibleName(tr("First rows"));
+    preparePreview(g_preview, tr("First rows"));
     layout->addWidget(g_preview, 1);
     layout->addWidget(g_note);
     layout->addWidget(g_assistant, 0, Qt::AlignLeft);
@@ -119,16 +89,8 @@ void ImportDialog::addOptions(QFormLayout *form)
         form->addRow(QString(), names);
         connect(names, &QCheckBox::toggled, &g_sheet, &ImportSheetController::setNamesInFirstRecord);
     }
-    auto *encoding = new QComboBox(this);
-    const QList<TextEncodingName> encodings = textEncodings();
-    for (const TextEncodingName &item : encodings)
-        encoding->addItem(item.name);
-    const auto chosen = std::ranges::find(encodings, g_sheet.encoding(), &TextEncodingName::encoding);
-    encoding->setCurrentIndex(static_cast<int>(chosen - encodings.begin()));
-    form->addRow(tr("&Encoding:"), encoding);
-    connect(encoding, &QComboBox::currentIndexChanged, &g_sheet, [this, encodings](int index) {
-        g_sheet.setEncoding(encodings[index].encoding);
-    });
+    const auto choose = [this](TextEncoding encoding) { g_sheet.setEncoding(encoding); };
+    form->addRow(tr("&Encoding:"), makeEncodingBox(g_sheet.encoding(), this, choose));
 }
 
 void ImportDialog::showSheet()

@@ -37,7 +37,4 @@ private:
     QPushButton *g_assistant;
 };
 
-/// Fills a table with rows for looking at.
-void showRows(QTableWidget *table, const QStringList &names, const QList<QStringList> &rows);
-
 } // namespace tavrin

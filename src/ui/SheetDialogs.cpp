@@ -12,6 +12,7 @@
 #include "editor/ExportSheetController.h"
 #include "editor/FileSheetController.h"
 #include "editor/FormSheetController.h"
+#include "editor/FreeformSheetController.h"
 #include "editor/GotoRecordSheetController.h"
 #include "editor/ModifyFieldsSheetController.h"
 #include "editor/SelectRecordsSheetController.h"
@@ -22,6 +23,7 @@
 #include "ui/DialogParts.h"
 #include "ui/ExportDialogs.h"
 #include "ui/FormDialog.h"
+#include "ui/FreeformDialog.h"
 #include "ui/ImportAssistantDialog.h"
 #include "ui/ImportDialogs.h"
 #include "ui/LookDialogs.h"
@@ -87,6 +89,9 @@ QDialog *makeFilePanel(FileSheetController &sheet, QWidget *parent)
     using Purpose = FileSheetController::Purpose;
     auto *panel = new QFileDialog(parent, request.title, request.folder);
     switch (request.purpose) {
+    case Purpose::OpenFile:
+        panel->setFileMode(QFileDialog::ExistingFile);
+        break;
     case Purpose::OpenFiles:
         panel->setFileMode(QFileDialog::ExistingFiles);
         break;

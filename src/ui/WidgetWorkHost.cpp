@@ -57,7 +57,7 @@ void WidgetWorkHost::updatePanel()
         g_timer.start(lookAgain);
     }
     g_panel->setFraction(g_progress->fraction());
-    g_panel->setDone(g_progress->done(), g_progress->total());
+    g_panel->setDoneText(g_current->doneText(g_progress->done(), g_progress->total()));
 }
 
 /// The panel goes at once. The work has ended when it has noticed.

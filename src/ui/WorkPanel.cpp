@@ -6,11 +6,8 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace tavrin {
 
@@ -52,12 +49,9 @@ void WorkPanel::setFraction(double fraction)
     g_bar->setValue(qRound(fraction * steps));
 }
 
-void WorkPanel::setDone(qint64 done, qint64 total)
+void WorkPanel::setDoneText(const QString &text)
 {
-    const QLocale locale;
-    g_done->setText(total > 1
-                        ? tr("%1 of %2").arg(locale.toString(std::min(done, total)), locale.toString(total))
-                        : QString());
+    g_done->setText(text);
 }
 
 } // namespace tavrin

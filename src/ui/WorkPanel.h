@@ -22,8 +22,7 @@ public:
     /// How much is done, where that is known: above 0 and below 1. What is done and still goes on is unknown.
     void setFraction(double fraction);
 
-    /// So many of so many things; nothing is shown where a total of 0 or 1 says nothing.
-    void setDone(qint64 done, qint64 total);
+    void setDoneText(const QString &text);
 
 private:
     QProgressBar *g_bar;

@@ -8,6 +8,7 @@
 #include "document/UndoHistory.h"
 #include "editor/EditorExporting.h"
 #include "editor/FileSheetController.h"
+#include "editor/FormSheetController.h"
 
 #include <QMimeData>
 
@@ -109,6 +110,57 @@ private Q_SLOTS:
         app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) { sheet.cancel(); });
         app.g_controller.imports().importTabDelimited(nullptr);
         QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(0));
+    }
+
+    void namesAloneMakeADatafileWithAnEmptyRecord()
+    {
+        AppFixture app;
+        chooseFile(app, "a,b\n");
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            sheet.setNamesInFirstRecord(true);
+            sheet.accept();
+        });
+        app.answer(u"OK"_s);
+        app.g_controller.imports().importCSV(nullptr);
+        QCOMPARE(app.g_sheets.alerts(), QStringList{u"No records were imported."_s});
+        QCOMPARE(rowsOf(*app.g_controller.documents().first()), QList<QStringList>({{QString(), QString()}}));
+    }
+
+    void foldersAskWhereTheirTextsGo()
+    {
+        AppFixture app;
+        EditorWindowController &window = opened(app, "x,y\n");
+        QDir(app.path({})).mkpath(u"texts/deep.rtfd"_s);
+        for (const char *name : {"texts/1.txt", "texts/deep.rtfd/TXT.rtf"}) {
+            QFile file(app.path(QString::fromLatin1(name)));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("{\\rtf1 one#two}");
+        }
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            sheet.setPaths({app.path(u"texts"_s)});
+            sheet.accept();
+        });
+        app.g_sheets.answerNext<FormSheetController>([](auto &form) {
+            form.choose(0, 1);
+            form.accept();
+        });
+        app.g_controller.imports().importFolderOfTextFilesWithFileNames(&window);
+        QCOMPARE(rowsOf(window.document()),
+                 QList<QStringList>({{u"x"_s, u"y"_s}, {u"1"_s, QString()}, {u"deep"_s, QString()}}));
+
+        // The file in an RTFD document stands for it.
+        app.g_sheets.answerNext<FileSheetController>([&](auto &sheet) {
+            sheet.setPaths({app.path(u"texts/deep.rtfd/TXT.rtf"_s)});
+            sheet.accept();
+        });
+        app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
+            sheet.setDelimiterText(u"#"_s);
+            sheet.setDestination(ImportDestination::Append);
+            QCOMPARE(sheet.previewRows(), QList<QStringList>({{u"one"_s}, {u"two"_s}}));
+            sheet.accept();
+        });
+        app.g_controller.imports().importCustomDelimited(&window);
+        QCOMPARE(window.document().datafileRecords().count(), qsizetype(5));
     }
 
     void theAssistantIsOfferedForWhatTheGrammarReadsBadly()

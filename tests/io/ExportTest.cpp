@@ -309,11 +309,17 @@ void ExportTest::freeformLinesOfEmptyFieldsAreLeftOut()
 {
     const auto document = datafileOf({u"A"_s, u"B"_s}, {{u"1"_s, u""_s, u"text"_s}, {u""_s, u"2"_s, u""_s}});
     const ExportedRecords records(*document);
-    const auto freeform = FreeformTemplate::ofText(u"<A>\n<B>\n\n<Gone><A><B>\n<Gone>\nB: <B>"_s, u'<', u'>');
-    QCOMPARE(freeform.blockFor(records, 0).text(), u"1\n\n1\nB: "_s);
-    QCOMPARE(freeform.blockFor(records, 1).text(), u"2\n\n2\nB: 2"_s);
+    richtext::AttributedText format;
+    for (const QString &piece : u"<A|\n|<B|\n\n|<Gone|<A|<B|\n|<Gone|\nB: |<B|<B"_s.split(u'|'))
+        format.append(piece.startsWith(u'<') ? templateField(piece.sliced(1), linked({}))
+                                             : richtext::AttributedText(piece));
+    const auto first = freeformTextBlockForRecord(records, 0, format);
+    QCOMPARE(first.text(), u"1\n\n1\nB: "_s);
+    QVERIFY(first.characterFormatAt(0).bold && !first.characterFormatAt(0).attachment);
+    QVERIFY(!first.characterFormatAt(first.size() - 1).bold);
+    QCOMPARE(freeformTextBlockForRecord(records, 1, format).text(), u"2\n\n2\nB: 22"_s);
     Progress progress;
-    const auto batch = freeformRecords(records, freeform, true, environment, progress);
+    const auto batch = freeformRecords(records, format, true, environment, progress);
     QCOMPARE(batch->records->textString(0).toString(), u"1\n\n1\nB: \n\ntext"_s);
 }
 

@@ -5,7 +5,9 @@
 
 #include "document/DatafileFixture.h"
 #include "document/UndoHistory.h"
+#include "model/ElementSource.h"
 #include "model/RecordKey.h"
+#include "plist/XmlWriter.h"
 #include "support/TestEnvironment.h"
 #include "text/TextSieve.h"
 
@@ -89,7 +91,9 @@ private Q_SLOTS:
     void newDatafilesHaveTheNamesOfTheirKind_data();
     void newDatafilesHaveTheNamesOfTheirKind();
     void recordsStaySoThroughASave();
+    void elementsAreThoseOfTheDictionaries();
     void appendingIsOneStep();
+    void takingBackRestoresTheSelection();
     void mergingLeavesNoDuplicates();
     void aCancelledMergeLeavesAllAsItWas();
     void nothingLeavesTheDatafileAlone();
@@ -156,6 +160,44 @@ void TableImportTest::recordsStaySoThroughASave()
     QVERIFY(!(*reopened)->catalogMismatch());
 }
 
+// Saving writes them without making the dictionaries.
+void TableImportTest::elementsAreThoseOfTheDictionaries()
+{
+    const Result<ReadTable> table =
+        tableOf("a,<&>,\"q \"\"u\"\"\tx\"\n,\nüber,,\"two\nlines\"\n", {.kind = TableKind::Standard});
+    const QString long1(100'000, u'<');
+    const Result<ReadTable> other = tableOf(long1.toUtf8() + ",b\n", {.kind = TableKind::Csv});
+    const QString key = u"F & <1>"_s;
+    for (const Result<ReadTable> &read : {table, other}) {
+        TableMapping fields;
+        fields.cleansValues = true;
+        fields.fields = {{key, 0}, {u"2"_s, 2}};
+        TableMapping texts;
+        texts.textColumns = {1, 2};
+        for (const TableMapping &mapping : {fields, texts}) {
+            const auto records = recordsOfTable(*read, mapping, environment)->records;
+            for (quint32 place = 0; place < records->count(); ++place) {
+                const auto written = [](const std::function<void(plist::XmlWriter &)> &write) {
+                    QByteArray bytes;
+                    const plist::Sink sink = [&bytes](QByteArrayView piece) {
+                        bytes.append(piece);
+                        return true;
+                    };
+                    plist::XmlWriter writer(sink);
+                    write(writer);
+                    writer.flush();
+                    return bytes;
+                };
+                QCOMPARE(
+                    written([&](plist::XmlWriter &writer) { writeRecordElement(*records, place, writer); }),
+                    written([&](plist::XmlWriter &writer) {
+                        writer.writeValue(records->dictionary(place), elementLevel);
+                    }));
+            }
+        }
+    }
+}
+
 void TableImportTest::appendingIsOneStep()
 {
     const auto document = datafileWith({u"A"_s, u"B"_s}, {u"1"_s, u"2"_s});
@@ -177,6 +219,25 @@ void TableImportTest::appendingIsOneStep()
     document->undoHistory().redo();
     QCOMPARE(rowsOf(*document), two);
     QCOMPARE(document->datafileRecords().count(), qsizetype(5));
+}
+
+void TableImportTest::takingBackRestoresTheSelection()
+{
+    for (const auto destination : {ImportDestination::Append, ImportDestination::Merge}) {
+        const auto document = datafileWith({u"A"_s}, {u"x"_s});
+        document->addRecord(u"?"_s);
+        document->datafileCatalog().omitIdentifier(document->datafileCatalog().identifierAtIndex(1));
+        const ImportOptions options{.destination = destination};
+        const Result<ReadTable> table = tableOf("x\ny\n", options);
+        Progress progress;
+        QVERIFY(importTable(*document, *table, options, progress));
+        const Rows imported = rowsOf(*document);
+        document->undoHistory().undo();
+        QCOMPARE(rowsOf(*document), Rows{{u"x"_s}});
+        QCOMPARE(document->datafileRecords().count(), qsizetype(2));
+        document->undoHistory().redo();
+        QCOMPARE(rowsOf(*document), imported);
+    }
 }
 
 void TableImportTest::mergingLeavesNoDuplicates()

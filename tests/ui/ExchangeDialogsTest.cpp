@@ -1,13 +1,18 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
+#include "app/ImportAssistantSheetController.h"
 #include "app/ImportSheetController.h"
-#include "editor/ExportSheetController.h"
-#include "ui/ExportDialogs.h"
+#include "editor/FreeformSheetController.h"
+#include "ui/ColumnMapping.h"
+#include "ui/FreeformDialog.h"
+#include "ui/FreeformTextEdit.h"
+#include "ui/ImportAssistantDialog.h"
 #include "ui/ImportDialogs.h"
 
+#include <QDropEvent>
 #include <QListWidget>
-#include <QPlainTextEdit>
+#include <QMimeData>
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
@@ -23,15 +28,19 @@ class ExchangeDialogsTest : public QObject
 private Q_SLOTS:
     void returnAmongTheFieldsOnlyInserts()
     {
-        FreeformSheetController sheet({u"Name"_s, u"City"_s}, u"To "_s);
+        FreeformSheetController sheet({u"Name"_s, u"City"_s}, richtext::AttributedText(u"To "_s), {});
         FreeformDialog dialog(sheet, nullptr);
         activate(dialog);
-        QCOMPARE(dialog.focusWidget(), dialog.findChild<QPlainTextEdit *>());
+        QCOMPARE(dialog.focusWidget(), dialog.findChild<FreeformTextEdit *>());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_B, Qt::ControlModifier);
         auto *fields = dialog.findChild<QListWidget *>();
         fields->setCurrentRow(1);
         fields->setFocus();
         QTest::keyClick(fields, Qt::Key_Return);
-        QCOMPARE(sheet.freeformTextFormat(), u"To «City»"_s);
+        const richtext::AttributedText &format = sheet.freeformTextFormat();
+        QCOMPARE(format.text(), u"To \uFFFC"_s);
+        QVERIFY(!format.characterFormatAt(0).bold && format.characterFormatAt(3).bold);
+        QCOMPARE(format.characterFormatAt(3).attachment->name, u"City"_s);
         QVERIFY(!sheet.isFinished());
     }
 
@@ -48,7 +57,34 @@ private Q_SLOTS:
         QVERIFY(!rows->hasFocus());
     }
 
+    void columnsAreMappedByDragging()
+    {
+        const ImportTarget target{u"Mine"_s, {FieldDefinition(u"A"_s, u"A"_s), FieldDefinition(u"B"_s, u"B"_s)}};
+        ImportAssistantSheetController sheet(u"in.csv"_s, textContentOf("x,y\n1,2\n"), target);
+        sheet.setDestination(ImportAssistantSheetController::Destination::Append);
+        ImportAssistantDialog dialog(sheet, nullptr);
+        activate(dialog);
+        auto *fields = dialog.findChild<TargetList *>();
+        drop(fields, u"column"_s, 1, fields->visualItemRect(fields->item(0)).center());
+        QTRY_COMPARE(sheet.columns()[1].target, qsizetype(0));
+        QCOMPARE(fields->item(0)->text(), u"A \u2190 y"_s);
+        // The one that was there goes nowhere.
+        QCOMPARE(sheet.columns()[0].target, qsizetype(3));
+        auto *columns = dialog.findChild<ColumnTable *>();
+        drop(columns, u"target"_s, 2, columns->visualItemRect(columns->item(1, 0)).center());
+        QTRY_COMPARE(sheet.columns()[0].target, qsizetype(2));
+    }
+
 private:
+    static void drop(QAbstractItemView *on, const QString &what, int number, QPoint place)
+    {
+        QMimeData data;
+        data.setData(u"application/x-tavrin-import-"_s + what, QByteArray::number(number));
+        QDropEvent event(place, Qt::LinkAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(on->viewport(), &event);
+        QVERIFY(event.isAccepted());
+    }
+
     static void activate(QDialog &dialog)
     {
         dialog.show();
