@@ -5,13 +5,17 @@
 
 #include "document/RecordText.h"
 #include "document/UndoHistory.h"
+#include "model/RecordData.h"
 
 #include <QList>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace tavrin {
+
+class RecordView;
 
 /// Other contents for some records: what is to be put into them, and once exchanged, what stood there.
 class ContentChange : public UndoStep
@@ -22,8 +26,14 @@ public:
         quint32 number;
         QList<std::pair<QString, QString>> fields; ///< By field identifier; a null content is none at all.
         std::optional<RecordText> text;
+        /// The record with these contents, when it was made ready; they then are those that stand in it yet.
+        std::unique_ptr<RecordData> ready = nullptr;
 
         bool isEmpty() const { return fields.isEmpty() && !text; }
+
+        /// Does ahead, on any thread, what is slow about the first exchange. `record` is the one of that
+        /// number, which stays as it is until then.
+        void makeReady(const RecordView &record, const Environment &environment);
     };
 
     ContentChange(const QString &name, std::vector<Record> records)

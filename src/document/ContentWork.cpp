@@ -13,6 +13,7 @@ namespace tavrin {
 
 ContentWork::ContentWork(const DatafileDocument &document, const QString &name)
     : g_name(name)
+    , g_environment(document.services().environment)
     , g_texts(document.datafileRecords(), document.datafileSettings())
 {
     const SubsetSortedData &catalog = document.datafileCatalog();
@@ -39,9 +40,22 @@ void ContentWork::run(Progress &progress)
     g_wasCancelled = steps.isStopped();
 }
 
+void ContentWork::prepare(Progress &progress)
+{
+    WorkSteps steps(progress, g_changes.size());
+    for (Change &change : g_changes) {
+        if (!steps.goOn())
+            break;
+        change.makeReady(g_texts.view(change.number), g_environment);
+    }
+    g_wasCancelled = g_wasCancelled || steps.isStopped();
+}
+
 void ContentWork::take(quint32 number)
 {
     const RecordView record = g_texts.view(number);
+    if (!mayConcern(record))
+        return;
     if (record.recordLocked()) {
         ++g_lockedRecords;
         return;

@@ -44,6 +44,9 @@ public:
 
     /// Once.
     void run(Progress &progress);
+    /// Behind run(), on any thread: makes the changed records ready, so that even for very many of them
+    /// apply() takes no time. For those who only look at what would be done it is of no use.
+    void prepare(Progress &progress);
 
     bool wasCancelled() const { return g_wasCancelled; }
     /// How many selected records there are, and what is to become of them.
@@ -65,6 +68,8 @@ protected:
 
     using Change = ContentChange::Record;
 
+    /// Whether a look at the record is worthwhile; to be answered fast.
+    virtual bool mayConcern(const RecordView & /*record*/) const { return true; }
     /// What is to become of a record.
     virtual void change(const RecordView &record, Change &change) = 0;
     /// Whether there is anything to be done.
@@ -83,6 +88,7 @@ private:
     void take(quint32 record);
 
     QString g_name;
+    Environment g_environment;
     StoredTexts g_texts;
     std::vector<quint32> g_records;
     std::vector<Change> g_changes;

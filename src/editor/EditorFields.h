@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document/ContentWork.h"
+#include "editor/ContentLongWork.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FormSheetController.h"
 #include "editor/LongWork.h"
@@ -44,7 +44,6 @@ public:
     void moveTextElements();
 
 private:
-    using MakeWork = std::function<std::shared_ptr<ContentWork>()>;
     /// What is said when it is done: how many contents and records were changed.
     using Tell = std::function<QString(const ContentWork &work)>;
 
@@ -59,7 +58,7 @@ private:
 
     /// Asks with a form whose work is previewed, and then does it.
     void ask(std::unique_ptr<FormSheetController> form,
-             const MakeWork &make,
+             const MakeContentWork &make,
              const Tell &tell,
              const Tell &summary = {});
     /// The same for a kind of work that is made from what `read` finds in the form. What is read is kept with
@@ -70,8 +69,8 @@ private:
                  const Tell &tell,
                  const Tell &summary = {});
     void recordTotals(const QStringList &fields, const QString &olderRecord);
-    void begin(const QString &title, const MakeWork &make, const Tell &tell);
-    void finish(const QString &title, ContentWork &work, const MakeWork &make, const Tell &tell);
+    void begin(const QString &title, const MakeContentWork &make, const Tell &tell);
+    void report(const QString &told, const ContentWork &work, bool changed);
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;

@@ -13,6 +13,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrin {
 
@@ -118,9 +119,10 @@ void RecordUpdating::compareRow(quint32 row, quint32 record)
         ++g_lockedCount;
     else
         g_changes.push_back(std::move(change));
+    g_changedCount = std::ssize(g_changes);
 }
 
-Result<> RecordUpdating::apply(DatafileDocument &document) const
+Result<> RecordUpdating::apply(DatafileDocument &document)
 {
     std::unique_ptr<PresenceChange> added;
     if (!g_newRows.empty()) {
@@ -131,7 +133,7 @@ Result<> RecordUpdating::apply(DatafileDocument &document) const
             return batch.error();
         added = PresenceChange::added(addBatch(document, *batch), {});
     }
-    auto contents = std::make_unique<ContentChange>(QString(), g_changes);
+    auto contents = std::make_unique<ContentChange>(QString(), std::exchange(g_changes, {}));
     contents->exchange(document);
     DatafileArrangement(document).selectAll();
     document.undoHistory().push(std::make_unique<UpdateChange>(std::move(contents), std::move(added)));

@@ -170,6 +170,18 @@ void QVKeyedCollectionData::setRecord(std::unique_ptr<RecordData> record, const 
     ++g_count;
 }
 
+void QVKeyedCollectionData::setContents(std::unique_ptr<RecordData> contents, quint32 identifierNumber)
+{
+    Slot *slot = slotOf(identifierNumber);
+    if (!slot || !contents)
+        return;
+    contents->markChanged();
+    if (slot->record)
+        *slot->record = *contents;
+    else
+        slot->record = std::move(contents);
+}
+
 std::unique_ptr<RecordData> QVKeyedCollectionData::takeRecordForIdentifier(const QString &identifier)
 {
     Slot *slot = slotOf(identifier);

@@ -128,6 +128,8 @@ public:
 
     /// Does nothing for a null object or an empty identifier.
     void setRecord(std::unique_ptr<RecordData> record, const QString &identifier);
+    /// Other contents for a record, which keeps its address if it has one. Nothing for an unknown number.
+    void setContents(std::unique_ptr<RecordData> contents, quint32 identifierNumber);
     void removeRecordForIdentifier(const QString &identifier) { takeRecordForIdentifier(identifier); }
     void removeRecord(const RecordData *record) { removeRecordForIdentifier(identifierForRecord(record)); }
     /// Removes the record and hands it over; null when there is none.
