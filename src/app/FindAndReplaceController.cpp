@@ -70,13 +70,20 @@ QList<CodedItem> FindAndReplaceController::fieldsList() const
     return items;
 }
 
+/// Heard if the person wants it.
+bool FindAndReplaceController::isRefused()
+{
+    if (canFind() && !g_window->nowSyncing())
+        return false;
+    if (g_preferences.boolForKey(u"GeneralBeepWhenFindFails"_s))
+        Q_EMIT beep();
+    return true;
+}
+
 void FindAndReplaceController::find(bool backwards)
 {
-    if (!canFind()) {
-        if (g_preferences.boolForKey(u"GeneralBeepWhenFindFails"_s))
-            Q_EMIT beep();
+    if (isRefused())
         return;
-    }
     FindRequest request;
     request.keys = {g_findWhat};
     request.options = {.caseSensitive = g_caseSensitiveIsOn, .wholeWord = g_wholeWordIsOn};
@@ -101,7 +108,7 @@ void FindAndReplaceController::replaceThenFind()
 
 void FindAndReplaceController::replaceAll()
 {
-    if (!canFind() || g_window->nowSyncing())
+    if (isRefused())
         return;
     updateFields();
     const KeyOptions options{.caseSensitive = g_caseSensitiveIsOn, .wholeWord = g_wholeWordIsOn};

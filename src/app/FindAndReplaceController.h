@@ -59,6 +59,7 @@ Q_SIGNALS:
 
 private:
     void find(bool backwards);
+    bool isRefused();
     void letGo();
     void updateFields();
 

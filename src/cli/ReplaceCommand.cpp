@@ -12,15 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void writeOutcome(Call &call, const ReplaceAllOutcome &outcome)
+void writeOutcome(Call &call, const ReplaceAllWork &work)
 {
     if (call.wantsJson())
-        writeJson(call.output, {{u"replacements"_s, outcome.replacements}, {u"records"_s, outcome.records}});
-    else if (outcome.replacements == 0)
+        writeJson(call.output,
+                  {{u"replacements"_s, work.replacements()}, {u"records"_s, work.changedRecords()}});
+    else if (work.replacements() == 0)
         call.output.writeLine(Cli::tr("No changes were made."));
     else
         call.output.writeLine(
-            Cli::tr("Number of changes made: %1").arg(QString::number(outcome.replacements)));
+            Cli::tr("Number of changes made: %1").arg(QString::number(work.replacements())));
 }
 
 ExitStatus runReplace(Call &call)
@@ -41,21 +42,23 @@ ExitStatus runReplace(Call &call)
         call.arguments.operand(1), call.arguments.operand(2), keyOptions(call.arguments)};
     const auto formatting =
         call.arguments.has(u"--plain-text"_s) ? UnkeptFormatting::Drop : UnkeptFormatting::Leave;
+    ReplaceAllWork work(document, replacement, *code, formatting);
     Progress progress;
-    const ReplaceAllOutcome outcome = replaceAll(
-        document, replacement, {.fieldsToSearchIn = *code, .onlyRecord = {}}, formatting, progress);
-    if (!outcome.leftRecords.isEmpty())
+    work.run(progress);
+    if (!work.leftTexts().empty())
         return call.failed(
             {Error::Kind::Refused,
              Cli::tr("The formatted text of some records cannot be read, and its formatting would be lost; "
                      "--plain-text permits that."),
-             outcome.leftRecords.constFirst()});
+             document.datafileRecords().identifiers().text(work.leftTexts().front())});
+    if (const Result<bool> replaced = work.apply(document); !replaced)
+        return call.failed(replaced.error());
     // Nothing to change leaves the datafile as it is; a copy that was asked for is made all the same.
-    if (outcome.replacements > 0 || !edit->isInPlace()) {
+    if (work.replacements() > 0 || !edit->isInPlace()) {
         if (const Result<> written = edit->write(); !written)
             return call.failed(written.error());
     }
-    writeOutcome(call, outcome);
+    writeOutcome(call, work);
     return ExitStatus::Done;
 }
 

@@ -42,6 +42,8 @@ void ContentWork::run(Progress &progress)
 void ContentWork::take(quint32 number)
 {
     const RecordView record = g_texts.view(number);
+    if (!mayConcern(record))
+        return;
     if (record.recordLocked()) {
         ++g_lockedRecords;
         return;

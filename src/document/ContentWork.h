@@ -67,6 +67,8 @@ protected:
 
     using Change = ContentChange::Record;
 
+    /// Whether a look at the record is worthwhile; to be answered fast.
+    virtual bool mayConcern(const RecordView & /*record*/) const { return true; }
     /// What is to become of a record.
     virtual void change(const RecordView &record, Change &change) = 0;
     /// Whether there is anything to be done.

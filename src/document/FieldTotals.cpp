@@ -161,8 +161,9 @@ Result<> FieldTotals::updateTotalRecord(DatafileDocument &document, const QStrin
         return Error{Error::Kind::Refused,
                      tr("The text of the total record cannot be changed without losing its formatting."),
                      identifier};
-    auto change = std::make_unique<ContentChange>(tr("Update Total Record"),
-                                                  std::vector<ContentChange::Record>{changed});
+    std::vector<ContentChange::Record> changes;
+    changes.push_back(std::move(changed));
+    auto change = std::make_unique<ContentChange>(tr("Update Total Record"), std::move(changes));
     change->exchange(document);
     document.undoHistory().push(std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);

@@ -160,7 +160,7 @@ bool mayRemoveLink(const EditorWindowController &window)
 
 bool mayOpenLink(const EditorWindowController &window)
 {
-    return window.view().focus() == EditorFocus::FreeformText && !window.links().linkAtCaret().isEmpty();
+    return !window.links().linkAtCaret().isEmpty();
 }
 
 } // namespace tavrin

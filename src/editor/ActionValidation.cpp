@@ -309,6 +309,7 @@ constexpr std::array actionsBesideClone{
     "moveCurrentFreeformTextIntoFields:"_L1,
     "moveTextElements:"_L1,
     "openCloneWindow:"_L1,
+    "openLink:"_L1,
     "printAllListViewRecords:"_L1,
     "removeLink:"_L1,
     "replaceFieldContents:"_L1,

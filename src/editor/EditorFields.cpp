@@ -8,6 +8,7 @@
 #include "base/FilledIn.h"
 #include "document/FieldOperations.h"
 #include "editor/AlertSheetController.h"
+#include "editor/ContentLongWork.h"
 #include "editor/ContentLook.h"
 #include "editor/EditorChanges.h"
 #include "editor/EditorWindowController.h"
@@ -22,23 +23,6 @@ namespace tavrin {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class ContentLongWork : public LongWork
-{
-public:
-    ContentLongWork(QString title, std::shared_ptr<ContentWork> work)
-        : g_title(std::move(title))
-        , g_content(std::move(work))
-    {}
-
-    QString title() const override { return g_title; }
-    void run(Progress &progress) override { g_content->run(progress); }
-    const std::shared_ptr<ContentWork> &content() const { return g_content; }
-
-private:
-    QString g_title;
-    std::shared_ptr<ContentWork> g_content;
-};
 
 /// Counting how many records hold something in each field.
 class FieldUseWork : public LongWork
@@ -103,7 +87,7 @@ QList<CodedItem> EditorFields::contentItems() const
 // Asking, doing, telling.
 
 void EditorFields::ask(std::unique_ptr<FormSheetController> form,
-                       const MakeWork &make,
+                       const MakeContentWork &make,
                        const Tell &tell,
                        const Tell &summary)
 {
@@ -122,45 +106,18 @@ void EditorFields::ask(std::unique_ptr<FormSheetController> form,
     g_sheets.begin(std::move(form));
 }
 
-void EditorFields::begin(const QString &title, const MakeWork &make, const Tell &tell)
+void EditorFields::begin(const QString &title, const MakeContentWork &make, const Tell &tell)
 {
     if (!g_window.leaveEditing())
         return;
-    auto work = std::make_unique<ContentLongWork>(title + u'…', make());
-    connect(work.get(), &LongWork::ended, this, [this, title, make, tell, work = work.get()] {
-        finish(title, work->content(), make, tell);
-    });
-    g_work.begin(std::move(work));
+    beginContentWork(
+        g_window, g_work, title + u'…', make, [this, tell](const ContentWork &work, bool changed) {
+            g_window.loadCurrentRecord();
+            report(tell(work), work, changed);
+        });
 }
 
-void EditorFields::finish(const QString &title,
-                          const std::shared_ptr<ContentWork> &work,
-                          const MakeWork &make,
-                          const Tell &tell)
-{
-    // What was typed since the work began is stored before the record is shown anew.
-    if (!g_window.leaveEditing())
-        return;
-    Result<std::unique_ptr<SteppedChange>> change = work->takeChange(g_window.document());
-    if (!change && change.error().kind == Error::Kind::Refused) {
-        begin(title, make, tell); // With the records as they are now.
-        return;
-    }
-    if (!change)
-        return;
-    const QString told = tell(*work);
-    if (!*change) {
-        tellDone(told, *work, false);
-        return;
-    }
-    g_window.changes().make(*std::move(change), [this, told, work](bool made) {
-        g_window.loadCurrentRecord();
-        if (made)
-            tellDone(told, *work, true);
-    });
-}
-
-void EditorFields::tellDone(const QString &told, const ContentWork &work, bool isAnyChanged)
+void EditorFields::report(const QString &told, const ContentWork &work, bool changed)
 {
     QStringList skipped;
     if (work.lockedRecords() > 0)
@@ -171,7 +128,7 @@ void EditorFields::tellDone(const QString &told, const ContentWork &work, bool i
             filledIn(tr("%lu record(s) were left as they were, because the formatting or a picture "
                         "of their text would have been lost."),
                      {QString::number(work.leftRecords())}));
-    if (isAnyChanged && skipped.isEmpty())
+    if (changed && skipped.isEmpty())
         Q_EMIT g_window.statusMessage(told);
     else
         showAlert(g_sheets, told, skipped.join(u'\n'));

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "document/ContentWork.h"
+#include "editor/ContentLongWork.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FormSheetController.h"
 #include "editor/LongWork.h"
@@ -47,7 +47,6 @@ public:
     void moveTextElements();
 
 private:
-    using MakeWork = std::function<std::shared_ptr<ContentWork>()>;
     /// What is said when it is done: how many contents and records were changed.
     using Tell = std::function<QString(const ContentWork &work)>;
 
@@ -75,7 +74,7 @@ private:
 
     /// Asks with a form whose work is previewed, and then does it.
     void ask(std::unique_ptr<FormSheetController> form,
-             const MakeWork &make,
+             const MakeContentWork &make,
              const Tell &tell,
              const Tell &summary = {});
     /// The same for a kind of work that is made from what `read` finds in the form. What is read is kept with
@@ -86,12 +85,8 @@ private:
                  const Tell &tell,
                  const Tell &summary = {});
     void recordTotals(const QStringList &fields, const QString &olderRecord);
-    void begin(const QString &title, const MakeWork &make, const Tell &tell);
-    void finish(const QString &title,
-                const std::shared_ptr<ContentWork> &work,
-                const MakeWork &make,
-                const Tell &tell);
-    void tellDone(const QString &told, const ContentWork &work, bool isAnyChanged);
+    void begin(const QString &title, const MakeContentWork &make, const Tell &tell);
+    void report(const QString &told, const ContentWork &work, bool changed);
     /// Some fields to choose from; otherwise says that there are none.
     bool hasFields();
 

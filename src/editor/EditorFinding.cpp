@@ -5,6 +5,7 @@
 
 #include "editor/AlertSheetController.h"
 #include "editor/BasicTableModel.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 #include "editor/LongWork.h"
@@ -256,24 +257,11 @@ void EditorFinding::showHit(const QString &identifier, const RecordHit &hit)
 
 void EditorFinding::showLinkedHit(const QString &identifier, const RecordHit &hit)
 {
-    const DatafileDocument &document = g_window.document();
-    if (!document.datafileRecords().contains(identifier)) {
+    if (!g_window.document().datafileRecords().contains(identifier)) {
         showAlert(g_sheets, tr("This record no longer exists."), {});
         return;
     }
-    if (document.datafileCatalog().isSelectedIdentifier(identifier)) {
-        showHit(identifier, hit);
-        return;
-    }
-    auto alert = std::make_unique<AlertSheetController>(
-        tr("You have linked to a record that is not currently selected."),
-        tr("Do you want to select it and show it?"),
-        QStringList{tr("OK"), tr("Cancel")});
-    connect(alert.get(), &QVSheetController::finished, this, [this, identifier, hit](int returnCode) {
-        if (returnCode == QVSheetController::FirstButton)
-            showHit(identifier, hit);
-    });
-    g_sheets.begin(std::move(alert));
+    g_window.links().showSelectedOrAsk(identifier, [this, identifier, hit] { showHit(identifier, hit); });
 }
 
 void EditorFinding::forgetHits()

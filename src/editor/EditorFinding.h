@@ -102,6 +102,7 @@ private:
     QString storedText() const;
     bool replaceInField(qint64 field, const Replacement &replacement);
     bool replaceInFreeform(const Replacement &replacement);
+    void tellReplaced(const ReplaceAllWork &work);
     bool replaceStored(const RecordHit &hit, const Replacement &replacement);
 
     EditorWindowController &g_window;

@@ -148,24 +148,29 @@ void EditorFormatting::chooseFont()
     font.setUnderline(look.underline != Underline::None);
     font.setStrikeOut(look.strike != Strike::None);
     auto sheet = std::make_unique<FontSheetController>(font);
-    connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
-        if (returnCode == QVSheetController::FirstButton)
-            takeFont(sheet->font());
-    });
+    connect(
+        sheet.get(), &QVSheetController::finished, this, [this, font, sheet = sheet.get()](int returnCode) {
+            if (returnCode == QVSheetController::FirstButton)
+                takeFont(font, sheet->font());
+        });
     g_sheets.begin(std::move(sheet));
 }
 
-void EditorFormatting::takeFont(const QFont &font)
+/// What the person left alone stays as it is: all that is selected need not look the same.
+void EditorFormatting::takeFont(const QFont &before, const QFont &font)
 {
-    changeLook([&font](CharacterFormat &look) {
-        look.family = font.family();
-        look.size = qMax(1, qRound(font.pointSizeF() * thousandths));
-        look.bold = font.bold();
-        look.italic = font.italic();
-        // One line is as good as another that was there.
-        if (font.underline() != (look.underline != Underline::None))
+    changeLook([&](CharacterFormat &look) {
+        if (font.family() != before.family())
+            look.family = font.family();
+        if (font.pointSizeF() != before.pointSizeF())
+            look.size = qMax(1, qRound(font.pointSizeF() * thousandths));
+        if (font.bold() != before.bold())
+            look.bold = font.bold();
+        if (font.italic() != before.italic())
+            look.italic = font.italic();
+        if (font.underline() != before.underline())
             look.underline = font.underline() ? Underline::Single : Underline::None;
-        if (font.strikeOut() != (look.strike != Strike::None))
+        if (font.strikeOut() != before.strikeOut())
             look.strike = font.strikeOut() ? Strike::Single : Strike::None;
     });
 }
@@ -237,8 +242,11 @@ void EditorFormatting::clearFormatting()
         return;
     changeParagraphs([](ParagraphFormat &paragraph) {
         // A list is more than a look: its markers are text.
-        if (paragraph.list.identifier == 0)
-            paragraph = {};
+        if (paragraph.list.identifier != 0)
+            return;
+        ParagraphFormat plainOne;
+        plainOne.cell = paragraph.cell;
+        paragraph = plainOne;
     });
 }
 
@@ -266,18 +274,24 @@ void EditorFormatting::chooseSpacing()
             {tr("Left indent:"), points(now.headIndent), 0, most, 1, point},
             {tr("First line, from the left indent:"), points(now.firstLineIndent), -most, most, 1, point},
             {tr("Right indent:"), points(now.tailIndent), 0, most, 1, point}});
-    connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
+    const QList<Number> before = sheet->numbers();
+    connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int returnCode) {
         if (returnCode != QVSheetController::FirstButton)
             return;
-        const auto twips = [sheet](qsizetype index) { return qRound(sheet->value(index) * twipsPerPoint); };
-        const qint32 multiple = qRound(sheet->value(0) * oneLine);
+        // What the person left alone stays: the selected paragraphs need not be alike.
+        const auto take = [&](qsizetype index, double unit, qint32 &part) {
+            if (sheet->value(index) != before[index].value)
+                part = qRound(sheet->value(index) * unit);
+        };
         changeParagraphs([&](ParagraphFormat &paragraph) {
-            paragraph.lineMultiple = multiple == qRound(oneLine) ? 0 : multiple;
-            paragraph.spaceBefore = twips(1);
-            paragraph.spaceAfter = twips(2);
-            paragraph.headIndent = twips(3);
-            paragraph.firstLineIndent = twips(4);
-            paragraph.tailIndent = twips(5);
+            take(0, oneLine, paragraph.lineMultiple);
+            if (paragraph.lineMultiple == qRound(oneLine))
+                paragraph.lineMultiple = 0;
+            take(1, twipsPerPoint, paragraph.spaceBefore);
+            take(2, twipsPerPoint, paragraph.spaceAfter);
+            take(3, twipsPerPoint, paragraph.headIndent);
+            take(4, twipsPerPoint, paragraph.firstLineIndent);
+            take(5, twipsPerPoint, paragraph.tailIndent);
         });
     });
     g_sheets.begin(std::move(sheet));
@@ -306,15 +320,15 @@ void EditorFormatting::copyStyle()
     CharacterFormat look = lookAt(cursor());
     look.attachment.reset();
     look.link.clear();
-    g_copiedStyle = look;
+    g_copied->style = look;
     Q_EMIT g_window.operationsChanged();
 }
 
 void EditorFormatting::pasteFTAStyle()
 {
-    if (!g_copiedStyle)
+    if (!g_copied->style)
         return;
-    changeLook([&style = *g_copiedStyle](CharacterFormat &look) {
+    changeLook([&style = *g_copied->style](CharacterFormat &look) {
         CharacterFormat pasted = style;
         pasted.attachment = look.attachment;
         pasted.link = look.link;
@@ -324,15 +338,15 @@ void EditorFormatting::pasteFTAStyle()
 
 void EditorFormatting::copyRuler()
 {
-    g_copiedRuler = paragraphAt(cursor());
+    g_copied->ruler = paragraphAt(cursor());
     Q_EMIT g_window.operationsChanged();
 }
 
 void EditorFormatting::pasteFTARuler()
 {
-    if (!g_copiedRuler)
+    if (!g_copied->ruler)
         return;
-    changeParagraphs([&ruler = *g_copiedRuler](ParagraphFormat &paragraph) {
+    changeParagraphs([&ruler = *g_copied->ruler](ParagraphFormat &paragraph) {
         ParagraphFormat pasted = ruler;
         pasted.list = paragraph.list;
         pasted.cell = paragraph.cell;

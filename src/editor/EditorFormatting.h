@@ -3,11 +3,13 @@
 
 #pragma once
 
+#include "editor/CopiedStyles.h"
 #include "editor/SheetHost.h"
 #include "editor/TextChanging.h"
 
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
 namespace tavrin {
@@ -57,10 +59,12 @@ public:
     // Styles that are copied: the look of characters, and what a ruler shows.
     void copyStyle();
     void pasteFTAStyle();
-    bool hasCopiedStyle() const { return g_copiedStyle.has_value(); }
+    bool hasCopiedStyle() const { return g_copied->style.has_value(); }
     void copyRuler();
     void pasteFTARuler();
-    bool hasCopiedRuler() const { return g_copiedRuler.has_value(); }
+    bool hasCopiedRuler() const { return g_copied->ruler.has_value(); }
+    /// Has the window share what is copied with others.
+    void shareCopied(std::shared_ptr<CopiedStyles> copied) { g_copied = std::move(copied); }
     void toggleFreeformRuler() { Q_EMIT rulerToggled(); }
 
     // Tables.
@@ -81,12 +85,11 @@ private:
     QTextCursor cursor() const;
     void setCursor(const QTextCursor &cursor);
     void toggle(bool richtext::CharacterFormat::*trait);
-    void takeFont(const QFont &font);
+    void takeFont(const QFont &before, const QFont &font);
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;
-    std::optional<richtext::CharacterFormat> g_copiedStyle;
-    std::optional<richtext::ParagraphFormat> g_copiedRuler;
+    std::shared_ptr<CopiedStyles> g_copied = std::make_shared<CopiedStyles>();
 };
 
 } // namespace tavrin

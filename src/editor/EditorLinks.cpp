@@ -19,6 +19,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -42,6 +43,31 @@ QString decoded(const QString &link)
     return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : link;
 }
 
+/// All of the link that the caret stands in, if it does.
+void selectLink(QTextCursor &cursor)
+{
+    const QTextBlock block = cursor.block();
+    const auto linkAt = [&cursor](int position) { // Of the character there.
+        QTextCursor behind(cursor.document());
+        behind.setPosition(position + 1);
+        return lookOf(behind.charFormat())->link;
+    };
+    const int last = block.position() + block.length() - 1;
+    int start = cursor.position();
+    int end = start;
+    QString link = end < last ? linkAt(end) : QString();
+    if (link.isEmpty() && start > block.position())
+        link = linkAt(start - 1);
+    if (link.isEmpty())
+        return;
+    while (start > block.position() && linkAt(start - 1) == link)
+        --start;
+    while (end < last && linkAt(end) == link)
+        ++end;
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+}
+
 bool isProgram(const QFileInfo &file)
 {
     static constexpr std::array suffixes{
@@ -49,6 +75,8 @@ bool isProgram(const QFileInfo &file)
     const auto isSuffix = [&file](QLatin1StringView suffix) {
         return file.suffix().compare(suffix, Qt::CaseInsensitive) == 0;
     };
+    if (file.isSymLink() && isProgram(QFileInfo(file.canonicalFilePath())))
+        return true;
     return file.isFile() && (file.isExecutable() || std::ranges::any_of(suffixes, isSuffix));
 }
 
@@ -121,6 +149,15 @@ bool EditorLinks::followLink(const QString &link)
     return url.isLocalFile() ? openFile(url, link) : g_opener(url);
 }
 
+void EditorLinks::openLink(const QString &link)
+{
+    if (link.isEmpty() || followLink(link))
+        return;
+    const QString reason = mayFollow(link) ? tr("Nothing on this computer opens %@")
+                                           : tr("Links of this kind are not opened: %@");
+    Q_EMIT g_window.statusMessage(filledIn(reason, {link}));
+}
+
 bool EditorLinks::openFile(const QUrl &url, const QString &link)
 {
     const QFileInfo file(url.toLocalFile());
@@ -167,28 +204,36 @@ void EditorLinks::loadLinkedRecord(RecordData *record)
         return;
     }
     const QString identifier = g_window.document().datafileRecords().identifierForRecord(record);
-    if (g_window.isValidRecord(record)) {
+    showSelectedOrAsk(identifier, [this, identifier] {
         g_window.updateCurrentRecord();
         g_window.autoSaveChanges(false);
         g_window.showRecord(identifier);
+    });
+}
+
+void EditorLinks::showSelectedOrAsk(const QString &identifier, const std::function<void()> &show)
+{
+    if (g_window.document().datafileCatalog().isSelectedIdentifier(identifier)) {
+        show();
         return;
     }
     auto alert = std::make_unique<AlertSheetController>(
         tr("You have linked to a record that is not currently selected."),
         tr("Do you want to select it and show it?"),
         QStringList{tr("OK"), tr("Cancel")});
-    connect(alert.get(), &QVSheetController::finished, this, [this, identifier](int returnCode) {
-        if (returnCode != QVSheetController::FirstButton || !g_window.leaveEditing())
-            return;
-        g_window.showRecord(identifier);
+    connect(alert.get(), &QVSheetController::finished, this, [this, show](int returnCode) {
+        if (returnCode == QVSheetController::FirstButton && g_window.leaveEditing())
+            show();
     });
     g_sheets.begin(std::move(alert));
 }
 
 QString EditorLinks::linkAtCaret() const
 {
+    if (g_window.view().focus() == EditorFocus::Table)
+        return g_window.view().linkInCell();
     const QTextCursor cursor = g_window.view().freeformCursor();
-    if (cursor.isNull())
+    if (cursor.isNull() || g_window.view().focus() != EditorFocus::FreeformText)
         return {};
     // The caret stands between two characters: the link may begin behind it.
     if (const QString link = lookOf(cursor.charFormat())->link; !link.isEmpty() || cursor.atBlockEnd())
@@ -206,6 +251,7 @@ void EditorLinks::insertFileLink()
         return;
     FileSheetController::Request request;
     request.title = tr("Insert File Link");
+    request.purpose = FileSheetController::Purpose::OpenFileOrFolder;
     request.acceptLabel = tr("Select");
     const EditorFocus focus = g_window.view().focus();
     const int field = g_window.tableController().currentField();
@@ -225,12 +271,15 @@ void EditorLinks::linkFile(const QString &path, EditorFocus focus, int row, int 
     const QString target =
         file.canonicalFilePath().isEmpty() ? file.absoluteFilePath() : file.canonicalFilePath();
     const QString url = QString::fromLatin1(QUrl::fromLocalFile(target).toEncoded());
+    if (g_window.currentRecordLocked() || g_window.isClone())
+        return; // Meanwhile.
     if (focus == EditorFocus::Table) {
         g_window.view().resumeTableCell(row, column);
         g_window.view().insertIntoCell(url);
         return;
     }
-    insertLinkedText(file.fileName(), url);
+    const QString name = QFileInfo(target).fileName();
+    insertLinkedText(name.isEmpty() ? target : name, url);
     if (std::as_const(g_window).document().datafileSettings().automaticallyEnableLinks())
         activateLinks();
 }
@@ -261,6 +310,12 @@ void EditorLinks::removeLink()
     g_window.view().setFreeformCursor(cursor);
 }
 
+void EditorLinks::deactivateFieldLink()
+{
+    if (g_window.validateAction(u"deactivateFieldLink:"_s))
+        g_window.view().deactivateCellLinks();
+}
+
 void EditorLinks::editLink()
 {
     if (!g_window.validateAction(u"orderFrontLinkPanel:"_s))
@@ -273,6 +328,8 @@ void EditorLinks::editLink()
             return;
         const QString entry = sheet->text().trimmed();
         const QString link = wholeAddress(entry);
+        if (!cursor.hasSelection())
+            selectLink(cursor);
         if (!cursor.hasSelection() && !link.isEmpty()) {
             insertLinkedText(entry, link);
             return;

@@ -34,17 +34,23 @@ public:
     /// Goes to the record or lets the system open what the link names: web and mail addresses, telephone
     /// numbers and files, nothing else. A program is not run without a question. False when nobody could.
     bool followLink(const QString &link);
+    /// The same, and tells the person when nobody could.
+    void openLink(const QString &link);
     void loadLinkedRecord(RecordData *record);
+    /// Has a record that is there shown: at once when it is selected, else if the person wants to select it.
+    void showSelectedOrAsk(const QString &identifier, const std::function<void()> &show);
     bool mayFollow(const QString &link) const;
 
-    /// The link at the caret; empty: there is none.
+    /// The link at the caret, in the text or in the cell being edited; empty: there is none.
     QString linkAtCaret() const;
-    void followLinkAtCaret() { followLink(linkAtCaret()); }
+    void openLinkAtCaret() { openLink(linkAtCaret()); }
 
     /// Asks for a file and links to it at the caret, or puts its address into the cell being edited.
     void insertFileLink();
     void removeLink();
-    /// Asks where the selected text is to lead.
+    /// The addresses in the cell being edited are but text, until it is edited anew.
+    void deactivateFieldLink();
+    /// Asks where the selected text, or the link at the caret, is to lead.
     void editLink();
     /// Copies a link to the current record, to be pasted into another one's text.
     void copyRecordLink();
@@ -53,7 +59,6 @@ public:
     void setOpener(std::function<bool(const QUrl &)> opener) { g_opener = std::move(opener); }
 
 private:
-    void addLinks();
     bool openFile(const QUrl &url, const QString &link);
     void linkDidFail(const QString &link);
     void linkFile(const QString &path, EditorFocus focus, int row, int column);

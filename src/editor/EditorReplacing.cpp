@@ -6,6 +6,7 @@
 #include "base/FilledIn.h"
 #include "document/UndoHistory.h"
 #include "editor/AlertSheetController.h"
+#include "editor/ContentLongWork.h"
 #include "editor/EditorFinding.h"
 #include "editor/EditorWindowController.h"
 #include "editor/TextPlaces.h"
@@ -15,24 +16,6 @@
 namespace tavrin {
 
 using text::Match;
-
-namespace {
-
-/// Undo and redo are the same exchange of contents.
-class ReplaceChange : public UndoStep
-{
-public:
-    explicit ReplaceChange(TextChanges changes) : g_changes(std::move(changes)) {}
-
-    QString name() const override { return EditorFinding::tr("Replace"); }
-    void undo(DatafileDocument &document) override { g_changes.exchange(document); }
-    void redo(DatafileDocument &document) override { g_changes.exchange(document); }
-
-private:
-    TextChanges g_changes;
-};
-
-} // namespace
 
 bool EditorFinding::replaceString(const Replacement &replacement)
 {
@@ -85,10 +68,9 @@ bool EditorFinding::replaceStored(const RecordHit &hit, const Replacement &repla
     const RecordData &record = *g_window.currentRecord();
     const QString identifier = document.datafileRecords().identifierForRecord(&record);
     const quint32 number = document.datafileRecords().identifiers().number(identifier);
-    TextChanges::Record before{identifier, {}, {}, {}};
+    ContentChange::Record before{number, {}, {}};
     if (hit.field == HitField::freeformText) {
-        before.text = record.textString();
-        before.textRTFD = record.textRTFD();
+        before.text = RecordText{record.textString(), record.textRTFD()};
     } else {
         const QString field = document.datafileSettings().fields()[hit.field].identifier();
         before.fields.append({field, record.fieldValue(field)});
@@ -97,9 +79,9 @@ bool EditorFinding::replaceStored(const RecordHit &hit, const Replacement &repla
         tavrin::replaceString(document, {g_window.indexOfCurrentRecord(), number, hit}, replacement);
     if (!place)
         return false;
-    TextChanges changes;
-    changes.add(before);
-    document.undoHistory().push(std::make_unique<ReplaceChange>(std::move(changes)));
+    std::vector<ContentChange::Record> changes;
+    changes.push_back(std::move(before));
+    document.undoHistory().push(std::make_unique<ContentChange>(tr("Replace"), std::move(changes)));
     if (hit.field == HitField::freeformText) {
         g_window.loadCurrentRecord();
         g_view->selectInFreeform(shownPlaces(storedText(), place->selection.value_or(Match{0, 0})));
@@ -115,26 +97,36 @@ void EditorFinding::replaceAll(const Replacement &replacement,
 {
     if (g_window.isClone() || !g_window.leaveEditing() || !g_window.currentRecord())
         return;
-    ReplaceExtent extent{.fieldsToSearchIn = fieldsToSearchIn, .onlyRecord = {}};
-    if (limitToCurrentRecord)
-        extent.onlyRecord = g_window.indexOfCurrentRecord();
-    else
-        g_window.loadRecordAtIndex(0);
-    Progress progress;
-    DatafileDocument &document = g_window.document();
-    ReplaceAllOutcome outcome =
-        tavrin::replaceAll(document, replacement, extent, UnkeptFormatting::Leave, progress);
-    if (outcome.replacements > 0)
-        document.undoHistory().push(std::make_unique<ReplaceChange>(std::move(outcome.undo)));
-    g_window.setLastHitField(LastHitField::none);
-    g_window.loadCurrentRecord();
-    const QString left = outcome.leftRecords.isEmpty()
+    const DatafileRecordsData &records = g_window.document().datafileRecords();
+    const quint32 current =
+        records.identifiers().number(records.identifierForRecord(g_window.currentRecord()));
+    const auto make = [=, this] {
+        auto work = std::make_shared<ReplaceAllWork>(
+            g_window.document(), replacement, fieldsToSearchIn, UnkeptFormatting::Leave);
+        if (limitToCurrentRecord)
+            work->restrictTo(current);
+        return work;
+    };
+    const auto ended = [this, limitToCurrentRecord](const ContentWork &work, bool) {
+        g_window.setLastHitField(LastHitField::none);
+        if (limitToCurrentRecord)
+            g_window.loadCurrentRecord();
+        else
+            g_window.loadRecordAtIndex(0);
+        tellReplaced(static_cast<const ReplaceAllWork &>(work));
+    };
+    beginContentWork(g_window, g_work, tr("Replacing…"), make, ended);
+}
+
+void EditorFinding::tellReplaced(const ReplaceAllWork &work)
+{
+    const QString left = work.leftTexts().empty()
                              ? QString()
                              : filledIn(tr("Records with formatted texts that could not be changed: %lu"),
-                                        {QString::number(outcome.leftRecords.size())});
+                                        {QString::number(work.leftTexts().size())});
     showAlert(g_sheets,
-              outcome.replacements > 0
-                  ? filledIn(tr("Number of changes made: %lu"), {QString::number(outcome.replacements)})
+              work.replacements() > 0
+                  ? filledIn(tr("Number of changes made: %lu"), {QString::number(work.replacements())})
                   : tr("No changes were made."),
               left);
 }

@@ -3,12 +3,11 @@
 
 #include "editor/EditorTableController.h"
 
-#include "document/UndoHistory.h"
+#include "document/ContentChange.h"
 #include "editor/BasicTableModel.h"
 #include "editor/EditorWindowController.h"
 #include "editor/ListTableModel.h"
 #include "model/FieldText.h"
-#include "search/TextChanges.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
@@ -17,23 +16,6 @@
 #include <cmath>
 
 namespace tavrin {
-
-namespace {
-
-class DroppedText : public UndoStep
-{
-public:
-    explicit DroppedText(TextChanges changes) : g_changes(std::move(changes)) {}
-
-    QString name() const override { return EditorTableController::tr("Drop Text"); }
-    void undo(DatafileDocument &document) override { g_changes.exchange(document); }
-    void redo(DatafileDocument &document) override { g_changes.exchange(document); }
-
-private:
-    TextChanges g_changes;
-};
-
-} // namespace
 
 EditorTableController::EditorTableController(EditorWindowController &window)
     : g_window(window)
@@ -172,13 +154,14 @@ bool EditorTableController::dropText(const RecordData *record,
     if (!mayEditRecord(record))
         return false;
     DatafileDocument &document = g_window.document();
-    TextChanges changes;
-    changes.add({document.datafileRecords().identifierForRecord(record),
-                 {{fieldIdentifier, cleanedFieldValue(text)}},
-                 {},
-                 {}});
-    changes.exchange(document);
-    document.undoHistory().push(std::make_unique<DroppedText>(std::move(changes)));
+    const DatafileRecordsData &records = document.datafileRecords();
+    std::vector<ContentChange::Record> changes;
+    changes.push_back({records.identifiers().number(records.identifierForRecord(record)),
+                       {{fieldIdentifier, cleanedFieldValue(text)}},
+                       {}});
+    auto change = std::make_unique<ContentChange>(tr("Drop Text"), std::move(changes));
+    change->exchange(document);
+    document.undoHistory().push(std::move(change));
     g_window.setDatafileChanged();
     return true;
 }

@@ -4,6 +4,7 @@
 #include "editor/EditorTextCommands.h"
 
 #include "editor/AlertSheetController.h"
+#include "editor/ContentLongWork.h"
 #include "editor/DefaultFontWork.h"
 #include "editor/EditorFreeformText.h"
 #include "editor/EditorWindowController.h"
@@ -165,7 +166,8 @@ void EditorTextCommands::changeCurrentRecordToDefaultFont()
     const RecordData *record = g_window.currentRecord();
     if (!record || !g_window.leaveEditing())
         return;
-    changeToDefaultFont({g_window.document().datafileRecords().identifierForRecord(record)});
+    const DatafileRecordsData &records = g_window.document().datafileRecords();
+    changeToDefaultFont(records.identifiers().number(records.identifierForRecord(record)));
 }
 
 void EditorTextCommands::changeAllToDefaultFont()
@@ -176,22 +178,24 @@ void EditorTextCommands::changeAllToDefaultFont()
                                                QStringList{tr("Change"), tr("Cancel")});
     connect(alert.get(), &QVSheetController::finished, this, [this](int returnCode) {
         if (returnCode == QVSheetController::FirstButton && g_window.leaveEditing())
-            changeToDefaultFont(g_window.document().datafileCatalog().selectedIdentifiers());
+            changeToDefaultFont({});
     });
     g_sheets.begin(std::move(alert));
 }
 
-void EditorTextCommands::changeToDefaultFont(const QStringList &identifiers)
+void EditorTextCommands::changeToDefaultFont(std::optional<quint32> onlyRecord)
 {
-    auto work = std::make_unique<DefaultFontWork>(g_window.document(), identifiers);
-    connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
-        g_window.leaveEditing();
-        if (work->apply(g_window.document()) == 0)
-            return;
-        g_window.setDatafileChanged();
-        g_window.loadCurrentRecord();
-    });
-    g_work.begin(std::move(work));
+    const auto make = [this, onlyRecord] {
+        auto work = std::make_shared<DefaultFontWork>(g_window.document());
+        if (onlyRecord)
+            work->restrictTo(*onlyRecord);
+        return work;
+    };
+    const auto ended = [this](const ContentWork &, bool changed) {
+        if (changed)
+            g_window.loadCurrentRecord();
+    };
+    beginContentWork(g_window, g_work, tr("Changing to the default font…"), make, ended);
 }
 
 } // namespace tavrin

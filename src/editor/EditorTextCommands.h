@@ -8,6 +8,8 @@
 #include <QLocale>
 #include <QObject>
 
+#include <optional>
+
 namespace tavrin {
 
 class EditorWindowController;
@@ -50,7 +52,8 @@ public:
     void changeAllToDefaultFont();
 
 private:
-    void changeToDefaultFont(const QStringList &identifiers);
+    /// All selected records, or only one.
+    void changeToDefaultFont(std::optional<quint32> onlyRecord);
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;

@@ -61,6 +61,11 @@ public:
     /// At the caret of the cell that is being edited.
     virtual void insertIntoCell(const QString & /*text*/) {}
 
+    /// The link at the caret of the cell that is being edited; empty: there is none.
+    virtual QString linkInCell() const { return {}; }
+    /// Its addresses are but text, until it is edited anew.
+    virtual void deactivateCellLinks() {}
+
     virtual EditorFocus focus() const = 0;
     virtual void setFocus(EditorFocus focus) = 0;
 

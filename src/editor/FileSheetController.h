@@ -17,7 +17,7 @@ class FileSheetController : public QVSheetController
     Q_OBJECT
 
 public:
-    enum class Purpose { OpenFile, OpenFiles, OpenFolder, SaveFile };
+    enum class Purpose { OpenFile, OpenFiles, OpenFolder, OpenFileOrFolder, SaveFile };
 
     struct Request
     {

@@ -3,6 +3,7 @@
 
 // From a stored text to the document in which it is shown.
 
+#include "editor/TableShape.h"
 #include "editor/TextBridge.h"
 
 #include <QTextBlock>
@@ -19,29 +20,6 @@ using namespace richtext;
 
 namespace {
 
-struct Paragraph
-{
-    qsizetype start = 0;
-    qsizetype end = 0; ///< Without its "\n".
-};
-
-/// Cells of a table that is shown as one: rows one behind the other, cells side by side.
-struct TableShape
-{
-    std::vector<std::vector<std::vector<Paragraph>>> rows;
-    size_t columns = 0;
-    size_t cells = 0;
-
-    /// A few short rows are filled up. A text that claims a great table with hardly a cell is shown as
-    /// paragraphs.
-    bool isShown() const
-    {
-        constexpr size_t some = 64;
-        constexpr size_t most = 20'000;
-        return rows.size() * columns <= std::min(4 * cells + some, most);
-    }
-};
-
 class TextBuilder
 {
 public:
@@ -56,27 +34,27 @@ public:
     void buildInto(bool isEmpty);
 
 private:
-    const ParagraphFormat &formatOf(const Paragraph &paragraph) const
+    const ParagraphFormat &formatOf(const TextParagraph &paragraph) const
     {
         return g_text.paragraphFormatAt(paragraph.start);
     }
     void findParagraphs();
     void insertFrom(size_t first);
-    void insertParagraph(const Paragraph &paragraph, bool inCell);
+    void insertParagraph(const TextParagraph &paragraph, bool inCell);
     void insertCharacters(qsizetype start, qsizetype end);
     void insertRun(QStringView text, const QTextCharFormat &format);
     std::optional<TableShape> tableAt(size_t &index) const;
     void insertTable(const TableShape &shape);
-    void fillCell(const QTextTableCell &cell, const std::vector<Paragraph> &paragraphs);
+    void fillCell(const QTextTableCell &cell, const std::vector<TextParagraph> &paragraphs);
+    void mergeCells(QTextTable &table, const TableShape &shape) const;
     void markFiller();
-    /// How an empty paragraph is typed into: as what ends it looks.
-    Look lookAtEnd(const Paragraph &paragraph) const;
+    Look endOf(const TextParagraph &paragraph) const { return lookAtEnd(g_text, paragraph, g_look); }
     const QTextCharFormat &shownLook(const Look &look);
     const QTextBlockFormat &shownParagraph(const ParagraphLook &paragraph);
 
     QTextCursor &g_cursor;
     const AttributedText &g_text;
-    std::vector<Paragraph> g_paragraphs;
+    std::vector<TextParagraph> g_paragraphs;
     Look g_look; ///< The latest that was used.
     QTextCharFormat g_format;
     bool g_hasFormat = false;
@@ -133,7 +111,7 @@ void TextBuilder::buildInto(bool isEmpty)
     if (!around.hasProperty(ParagraphProperty))
         around = blockFormatFor(paragraphLookOf(around));
     g_isFresh = isEmpty || g_cursor.atBlockStart();
-    const Paragraph &first = g_paragraphs.front();
+    const TextParagraph &first = g_paragraphs.front();
     if (formatOf(first).cell.table != 0) {
         insertFrom(0);
     } else {
@@ -159,14 +137,7 @@ void TextBuilder::insertFrom(size_t first)
     }
 }
 
-Look TextBuilder::lookAtEnd(const Paragraph &paragraph) const
-{
-    if (paragraph.end < g_text.size())
-        return g_text.characterRuns().at(paragraph.end);
-    return paragraph.end > 0 ? g_text.characterRuns().at(paragraph.end - 1) : g_look;
-}
-
-void TextBuilder::insertParagraph(const Paragraph &paragraph, bool inCell)
+void TextBuilder::insertParagraph(const TextParagraph &paragraph, bool inCell)
 {
     const auto &runs = g_text.paragraphRuns();
     ParagraphLook look = runs.at(paragraph.start);
@@ -175,7 +146,7 @@ void TextBuilder::insertParagraph(const Paragraph &paragraph, bool inCell)
         format.cell = {};
         look = ParagraphLook(std::move(format));
     }
-    const QTextCharFormat &atEnd = shownLook(lookAtEnd(paragraph));
+    const QTextCharFormat &atEnd = shownLook(endOf(paragraph));
     if (!g_isFresh) {
         g_cursor.insertBlock(shownParagraph(look), atEnd);
     } else {
@@ -278,19 +249,6 @@ std::optional<TableShape> TextBuilder::tableAt(size_t &index) const
     return shape;
 }
 
-/// How wide the columns are, as the row with the most cells says.
-QList<QTextLength> widthsOf(const TableShape &shape, const AttributedText &text)
-{
-    const auto widest = std::ranges::max_element(shape.rows, {}, [](const auto &row) { return row.size(); });
-    QList<QTextLength> widths;
-    for (const auto &cell : *widest) {
-        const qint32 width = text.paragraphFormatAt(cell.front().start).cell.style.width;
-        widths.append(width > 0 ? QTextLength(QTextLength::FixedLength, pixelsForTwips(width))
-                                : QTextLength());
-    }
-    return widths;
-}
-
 void TextBuilder::insertTable(const TableShape &shape)
 {
     if (g_isFresh)
@@ -301,8 +259,8 @@ void TextBuilder::insertTable(const TableShape &shape)
     format.setBorderStyle(QTextFrameFormat::BorderStyle_None);
     format.setCellSpacing(0);
     format.setCellPadding(0);
-    format.setColumnWidthConstraints(widthsOf(shape, g_text));
-    const QTextTable *table =
+    format.setColumnWidthConstraints(shape.widths(g_text));
+    QTextTable *table =
         g_cursor.insertTable(static_cast<int>(shape.rows.size()), static_cast<int>(shape.columns), format);
     for (size_t row = 0; row < shape.rows.size(); ++row) {
         for (size_t column = 0; column < shape.columns; ++column) {
@@ -316,17 +274,38 @@ void TextBuilder::insertTable(const TableShape &shape)
             }
         }
     }
+    mergeCells(*table, shape);
     g_cursor.setPosition(table->lastPosition() + 1);
     g_isFresh = true;
 }
 
-void TextBuilder::fillCell(const QTextTableCell &cell, const std::vector<Paragraph> &paragraphs)
+void TextBuilder::mergeCells(QTextTable &table, const TableShape &shape) const
+{
+    for (size_t row = 0; row < shape.rows.size(); ++row) {
+        for (size_t column = 0; column < shape.rows[row].size(); ++column) {
+            const int r = static_cast<int>(row);
+            const int c = static_cast<int>(column);
+            QTextTableCell cell = table.cellAt(r, c);
+            if (cell.row() != r || cell.column() != c)
+                continue;
+            const MergedCells merged = shape.mergedAt(row, column, g_text);
+            if (merged.cells.size() < 2)
+                continue;
+            QTextCharFormat format = cell.format();
+            format.setProperty(MergedProperty, QVariant::fromValue(merged));
+            cell.setFormat(format);
+            table.mergeCells(r, c, merged.rows, merged.columns);
+        }
+    }
+}
+
+void TextBuilder::fillCell(const QTextTableCell &cell, const std::vector<TextParagraph> &paragraphs)
 {
     QTextTableCell(cell).setFormat(
-        cellFormatFor(formatOf(paragraphs.front()).cell.style, lookAtEnd(paragraphs.front())));
+        cellFormatFor(formatOf(paragraphs.front()).cell.style, endOf(paragraphs.front())));
     g_cursor = cell.firstCursorPosition();
     g_isFresh = true;
-    for (const Paragraph &paragraph : paragraphs)
+    for (const TextParagraph &paragraph : paragraphs)
         insertParagraph(paragraph, true);
 }
 

@@ -59,7 +59,10 @@ void setLookAtEnd(const QTextBlock &block, const Look &look)
     if (QTextTable *table = cursor.currentTable()) {
         QTextTableCell cell = table->cellAt(cursor);
         if (cell.firstPosition() == block.position()) {
-            cell.setFormat(cellFormatFor(cellStyleOf(cell.format()), look));
+            QTextTableCellFormat format = cellFormatFor(cellStyleOf(cell.format()), look);
+            if (const QVariant merged = cell.format().property(MergedProperty); merged.isValid())
+                format.setProperty(MergedProperty, merged);
+            cell.setFormat(format);
             return;
         }
     }

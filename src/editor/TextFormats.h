@@ -23,6 +23,7 @@ enum TextProperty : int {
     LookProperty = QTextFormat::UserProperty + 1, ///< SharedFormat<CharacterFormat>
     ParagraphProperty,                            ///< SharedFormat<ParagraphFormat>, in no table
     CellProperty,                                 ///< CellStyle; of a cell's own format
+    MergedProperty,                               ///< MergedCells; of the cell that covers others
     AbsentCellProperty,                           ///< A cell that only fills up a shorter row.
     FillerProperty,   ///< A paragraph that the text does not have, but a QTextDocument beside its tables.
     FirstEndProperty, ///< Of the first paragraph: the look of its end, which Qt's undo would forget.
@@ -34,6 +35,25 @@ constexpr int attachmentObject = QTextFormat::UserObject + 1;
 
 using Look = richtext::SharedFormat<richtext::CharacterFormat>;
 using ParagraphLook = richtext::SharedFormat<richtext::ParagraphFormat>;
+
+/// What the text has of cells that another one covers. They are empty.
+struct MergedCells
+{
+    struct Cell
+    {
+        richtext::CellStyle style;
+        ParagraphLook paragraph;
+        Look end;
+
+        friend bool operator==(const Cell &, const Cell &) = default;
+    };
+
+    int rows = 0; ///< That are covered in all, from the covering cell on.
+    int columns = 0;
+    QList<Cell> cells; ///< Row by row, the covering cell too.
+
+    friend bool operator==(const MergedCells &, const MergedCells &) = default;
+};
 
 /// Black and missing colours are left to the view, whose palette may be dark.
 QTextCharFormat charFormatFor(const Look &look);

@@ -63,6 +63,8 @@ public:
 private:
     void readFrame(const QTextFrame &frame, ParagraphFormat *cell);
     void readTable(const QTextTable &table);
+    MergedCells::Cell storedCell(const QTextTableCell &cell, int row, int column) const;
+    void readCovered(const MergedCells::Cell &stored, const TableCell &cell);
     void readBlock(const QTextBlock &block, ParagraphFormat *cell);
     void readFragment(const QTextFragment &fragment);
     void appendText(const QString &text, const Look &look);
@@ -111,6 +113,38 @@ void TextReader::readFrame(const QTextFrame &frame, ParagraphFormat *cell)
     }
 }
 
+/// What the text has where a table has that cell: of one that another covers, what it had before.
+MergedCells::Cell TextReader::storedCell(const QTextTableCell &cell, int row, int column) const
+{
+    const QTextCharFormat format = cell.format();
+    MergedCells::Cell stored{cellStyleOf(format), {}, Look(g_base)};
+    const auto merged = qvariant_cast<MergedCells>(format.property(MergedProperty));
+    const int down = row - cell.row();
+    const int right = column - cell.column();
+    if (merged.rows == cell.rowSpan() && merged.columns == cell.columnSpan())
+        return down == 0 && right == 0 ? stored : merged.cells.at(down * merged.columns + right);
+    // Of a table that is not ours, or whose rows and columns were changed.
+    const auto mergeOf = [](int span, int place) {
+        return span < 2 ? Merge::None : place == 0 ? Merge::First : Merge::Continued;
+    };
+    if (merged.rows > 0 || cell.rowSpan() > 1 || cell.columnSpan() > 1) {
+        stored.style.horizontal = mergeOf(cell.columnSpan(), right);
+        stored.style.vertical = mergeOf(cell.rowSpan(), down);
+    }
+    return stored;
+}
+
+void TextReader::readCovered(const MergedCells::Cell &stored, const TableCell &cell)
+{
+    if (const auto pending = std::exchange(g_pendingEnd, stored.end)) {
+        appendText(QStringLiteral("\n"), *pending);
+        g_paragraphs.append(g_text.size() - g_paragraphs.size(), g_lastParagraph);
+    }
+    ParagraphFormat format = *stored.paragraph;
+    format.cell = cell;
+    g_lastParagraph = ParagraphLook(format);
+}
+
 void TextReader::readTable(const QTextTable &table)
 {
     g_storedTable = 0;
@@ -126,15 +160,11 @@ void TextReader::readTable(const QTextTable &table)
             --columns;
         for (int column = 0; column < columns; ++column) {
             const QTextTableCell cell = table.cellAt(row, column);
+            const MergedCells::Cell stored = storedCell(cell, row, column);
             ParagraphFormat format;
-            format.cell = {g_tables, row, column, cellStyleOf(cell.format())};
+            format.cell = {g_tables, row, column, stored.style};
             if (cell.row() != row || cell.column() != column) {
-                // Covered by another cell, in a table that is not ours.
-                format.cell.style = {};
-                if (std::exchange(g_pendingEnd, Look(g_base)))
-                    appendText(QStringLiteral("\n"), Look(g_base));
-                g_paragraphs.append(g_text.size() - g_paragraphs.size(), g_lastParagraph);
-                g_lastParagraph = ParagraphLook(format);
+                readCovered(stored, format.cell);
                 continue;
             }
             for (auto part = cell.begin(); part != cell.end(); ++part) {

@@ -14,6 +14,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrin {
 
@@ -126,9 +127,10 @@ void RecordUpdating::compareRow(quint32 row, quint32 record)
         ++g_lockedCount;
     else
         g_changes.push_back(std::move(change));
+    g_changedCount = std::ssize(g_changes);
 }
 
-Result<> RecordUpdating::apply(DatafileDocument &document) const
+Result<> RecordUpdating::apply(DatafileDocument &document)
 {
     std::unique_ptr<PresenceChange> added;
     if (!g_newRows.empty()) {
@@ -139,7 +141,7 @@ Result<> RecordUpdating::apply(DatafileDocument &document) const
             return batch.error();
         added = PresenceChange::added(addBatch(document, *batch), {});
     }
-    auto contents = std::make_unique<ContentChange>(QString(), g_changes);
+    auto contents = std::make_unique<ContentChange>(QString(), std::exchange(g_changes, {}));
     contents->exchange(document);
     auto change = std::make_unique<UpdateChange>(document, std::move(contents), std::move(added));
     DatafileArrangement(document).selectAll();

@@ -36,13 +36,13 @@ public:
     bool wasCancelled() const { return g_wasCancelled; }
     /// The first thousand of them.
     const QList<RowDifference> &differences() const { return g_differences; }
-    qsizetype changedCount() const { return static_cast<qsizetype>(g_changes.size()); }
+    qsizetype changedCount() const { return g_changedCount; }
     qsizetype newCount() const { return static_cast<qsizetype>(g_newRows.size()); }
     qsizetype unchangedCount() const { return g_unchangedCount; }
     qsizetype lockedCount() const { return g_lockedCount; }
 
     /// Changes and adds, as one step of Undo. Io: too little memory; nothing has happened then.
-    Result<> apply(DatafileDocument &document) const;
+    Result<> apply(DatafileDocument &document);
 
 private:
     void compareRow(quint32 row, quint32 record);
@@ -57,6 +57,7 @@ private:
     std::vector<ContentChange::Record> g_changes;
     std::vector<quint32> g_newRows;
     QList<RowDifference> g_differences;
+    qsizetype g_changedCount = 0;
     qsizetype g_unchangedCount = 0;
     qsizetype g_lockedCount = 0;
     bool g_wasCancelled = false;

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "base/Progress.h"
+#include "document/ContentWork.h"
 #include "search/DatafileSearch.h"
-#include "search/TextChanges.h"
 
 namespace tavrin {
 
@@ -17,36 +16,43 @@ struct Replacement
     KeyOptions options;
 };
 
-/// Where all occurrences are replaced.
-struct ReplaceExtent
-{
-    qint64 fieldsToSearchIn = FieldsToSearchIn::everything;
-    /// Of all selected records only this one, by its place among them.
-    std::optional<qint64> onlyRecord;
-};
-
 /// What to do with texts whose formatting cannot be kept.
 enum class UnkeptFormatting {
     Leave, ///< Such a text stays as it is.
     Drop,  ///< It becomes plain text.
 };
 
-struct ReplaceAllOutcome
-{
-    qint64 replacements = 0;
-    qint64 records = 0;      ///< Those that were changed.
-    QStringList leftRecords; ///< Identifiers of those whose formatted text has occurrences and was left.
-    TextChanges undo;        ///< Exchanges what was replaced back.
-};
-
 /// Replaces every occurrence in the selected records, hidden fields too, and counts. Locked records stay as
-/// they are. Marks the changed records as modified and the document as changed; nothing of that happens when
-/// there is no occurrence. When it is cancelled, nothing is changed.
-ReplaceAllOutcome replaceAll(DatafileDocument &document,
-                             const Replacement &replacement,
-                             const ReplaceExtent &extent,
-                             UnkeptFormatting formatting,
-                             Progress &progress);
+/// they are.
+class ReplaceAllWork : public ContentWork
+{
+    Q_DECLARE_TR_FUNCTIONS(ReplaceAllWork)
+
+public:
+    ReplaceAllWork(const DatafileDocument &document,
+                   const Replacement &replacement,
+                   qint64 fieldsToSearchIn,
+                   UnkeptFormatting formatting);
+
+    qint64 replacements() const { return g_replacements; }
+    /// The numbers of the records whose formatted text has occurrences and was left.
+    const std::vector<quint32> &leftTexts() const { return g_leftTexts; }
+
+private:
+    bool mayConcern(const RecordView &record) const override { return g_key.mayBeIn(record); }
+    void change(const RecordView &record, Change &change) override;
+    void changeText(const RecordView &record, Change &change);
+
+    SearchKey g_key;
+    QString g_replaceWith;
+    QString g_inField; ///< The same as a field may hold it.
+    UnkeptFormatting g_formatting;
+    bool g_isMobile;
+    bool g_inText;
+    std::vector<FieldKey> g_fields;
+    qint64 g_replacements = 0;
+    std::vector<quint32> g_leftTexts;
+};
 
 /// Replaces one hit, and says where in the record the search goes on: behind what was put in. None, and no
 /// change, when the record is locked or gone, the hit does not stand there any more, or the text's formatting

@@ -84,8 +84,8 @@ replacedInFormatted(AttributedText text, std::span<const text::Match> parts, con
 
 } // namespace
 
-std::optional<StoredText>
-replacedInText(const StoredText &text, std::span<const text::Match> parts, const QString &replacement)
+std::optional<RecordText>
+replacedInText(const RecordText &text, std::span<const text::Match> parts, const QString &replacement)
 {
     if (!text.textRTFD.isEmpty()) {
         auto formatted = readRichText(text.textRTFD);
@@ -93,7 +93,7 @@ replacedInText(const StoredText &text, std::span<const text::Match> parts, const
         if (!formatted || formatted->text() != text.plain)
             return {};
         const AttributedText replaced = replacedInFormatted(std::move(*formatted), parts, replacement);
-        return StoredText{replaced.text(), writeRichText(replaced)};
+        return RecordText{replaced.text(), writeRichText(replaced)};
     }
     QString replaced;
     qsizetype from = 0;
@@ -103,7 +103,7 @@ replacedInText(const StoredText &text, std::span<const text::Match> parts, const
         from = part.start + part.length;
     }
     replaced += QStringView(text.plain).sliced(from);
-    return StoredText{replaced, {}};
+    return RecordText{replaced, {}};
 }
 
 } // namespace tavrin

@@ -95,10 +95,14 @@ void ApplicationMenus::addFindItems(QMenu &find)
                    QKeySequence(Qt::CTRL | Qt::Key_H),
                    this,
                    &ApplicationMenus::findAndReplaceRequested);
-    find.addAction(tr("&Multi-File Find…"),
-                   QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-                   this,
-                   &ApplicationMenus::multiFileFindRequested);
+}
+
+QAction *ApplicationMenus::addMultiFileFindItem(QMenu &find)
+{
+    return find.addAction(tr("&Multi-File Find…"),
+                          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+                          this,
+                          &ApplicationMenus::multiFileFindRequested);
 }
 
 void ApplicationMenus::addDatafilesMenu(QMenuBar &bar)

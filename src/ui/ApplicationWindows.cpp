@@ -6,6 +6,7 @@
 #include "app/FindAndReplaceController.h"
 #include "app/MainController.h"
 #include "app/MultiFileFindController.h"
+#include "editor/EditorFormatting.h"
 #include "ui/ApplicationMenus.h"
 #include "ui/EditorWindow.h"
 #include "ui/FindAndReplacePanel.h"
@@ -29,6 +30,7 @@ ApplicationWindows::ApplicationWindows(Preferences &preferences)
         return window;
     })
     , g_spelling(preferences)
+    , g_copiedStyles(std::make_shared<CopiedStyles>())
     , g_findAndReplace(std::make_unique<FindAndReplaceController>(preferences))
 {}
 
@@ -61,6 +63,7 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
         g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
     window->setRecordInfoPalette(g_recordInfo);
     window->setSpelling(g_spelling);
+    window->controller().formatting().shareCopied(g_copiedStyles);
     window->show();
     return window;
 }

@@ -16,6 +16,7 @@
 namespace tavrin {
 
 class ApplicationMenus;
+struct CopiedStyles;
 class FindAndReplaceController;
 class FindAndReplacePanel;
 class MainController;
@@ -62,6 +63,7 @@ private:
     std::unique_ptr<ApplicationMenus> g_menus;
     RecordInfoPaletteController g_recordInfo;
     Spelling g_spelling;
+    std::shared_ptr<CopiedStyles> g_copiedStyles;
     std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
     std::unique_ptr<FindAndReplaceController> g_findAndReplace;

@@ -6,6 +6,7 @@
 #include "editor/BasicTableModel.h"
 #include "editor/EditorTableController.h"
 #include "ui/CellEditor.h"
+#include "ui/CellLinks.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -28,6 +29,10 @@ QWidget *CellDelegate::createEditor(QWidget *parent,
         connect(line, &QLineEdit::textEdited, this, [this, line] { typed(line); });
         editor = line;
     }
+    const auto *links = new CellLinks(editor);
+    // Following may lead to another record, and the editor goes.
+    connect(links, &CellLinks::followed, this, &CellDelegate::linkFollowed, Qt::QueuedConnection);
+    connect(links, &CellLinks::caretLinkChanged, this, &CellDelegate::caretLinkChanged);
     editor->setAutoFillBackground(true);
     editor->setFont(index.data(Qt::FontRole).value<QFont>());
     editor->setAccessibleName(accessibleName(index));

@@ -28,6 +28,10 @@ public:
 Q_SIGNALS:
     void editingBegan(const QModelIndex &index) const;
     void textEdited() const;
+    /// A link in the cell being edited is to be followed.
+    void linkFollowed(const QString &link) const;
+    /// The caret has come to a link, or left one.
+    void caretLinkChanged() const;
     /// The editing ended with Return, Tab (forward) or Backtab.
     void moved(bool forward, bool byReturn);
 

@@ -113,12 +113,18 @@ void selectAllInCell(QWidget *editor)
         area->selectAll();
 }
 
-void placeCaretInCell(QWidget *editor, const QPoint &position)
+int cellPositionAt(const QWidget *editor, const QPoint &position)
 {
     if (QLineEdit *edit = line(editor))
-        selectInCell(edit, edit->cursorPositionAt(position), 0);
-    else if (WrappedCellEdit *area = wrapped(editor))
-        area->setTextCursor(area->cursorForPosition(position));
+        return edit->cursorPositionAt(position);
+    const WrappedCellEdit *area = wrapped(editor);
+    return area ? area->cursorForPosition(position).position() : -1;
+}
+
+void placeCaretInCell(QWidget *editor, const QPoint &position)
+{
+    if (isCellEditor(editor))
+        selectInCell(editor, cellPositionAt(editor, position), 0);
 }
 
 void replaceTypedText(QWidget *editor, const QString &cleaned)

@@ -32,7 +32,9 @@ void insertInCell(QWidget *editor, const QString &text);
 std::pair<int, int> cellSelection(const QWidget *editor);
 void selectInCell(QWidget *editor, int start, int length);
 void selectAllInCell(QWidget *editor);
-/// Puts the caret where the pointer is, in the editor's own coordinates.
+/// The place in the text that is nearest to a point in the editor's own coordinates; -1 without a text.
+int cellPositionAt(const QWidget *editor, const QPoint &position);
+/// Puts the caret there.
 void placeCaretInCell(QWidget *editor, const QPoint &position);
 
 /// Puts a value as a field may hold it in place of what is typed, keeping the selection and what can be

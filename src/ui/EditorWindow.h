@@ -79,6 +79,8 @@ public:
     void setFreeformCursor(const QTextCursor &cursor) override;
     void decorateFreeformText(const std::function<void(QTextDocument &)> &change) override;
     void insertIntoCell(const QString &text) override;
+    QString linkInCell() const override;
+    void deactivateCellLinks() override;
     bool isFreeformTextModified() const override;
     void clearFreeformTextModified() override;
     void setFreeformTextEditable(bool editable) override;

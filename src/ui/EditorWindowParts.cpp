@@ -184,6 +184,7 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     QMenu *find = menuBar()->addMenu(tr("F&ind"));
     addCommands(find, findCommands());
     menus.addFindItems(*find);
+    g_actions.insert(u"startMultiFileFind:"_s, menus.addMultiFileFindItem(*find));
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());

@@ -4,11 +4,14 @@
 // What the person does in a window's tables, and how they look.
 
 #include "editor/BasicTableModel.h"
+#include "editor/EditorLinks.h"
 #include "editor/EditorSorting.h"
 #include "editor/EditorTableController.h"
 #include "editor/ListTableModel.h"
 #include "model/Preferences.h"
+#include "ui/CellDelegate.h"
 #include "ui/CellEditor.h"
+#include "ui/CellLinks.h"
 #include "ui/EditorWindow.h"
 #include "ui/FieldWrapping.h"
 #include "ui/RecordTableView.h"
@@ -42,6 +45,13 @@ void EditorWindow::followTables()
             [&tables](int column, Qt::KeyboardModifiers modifiers) {
                 tables.headerClicked(column, headerClickFor(modifiers));
             });
+    const auto follow = [this](const QString &link) { g_controller.links().openLink(link); };
+    for (const RecordTableView *table : {g_basicTable, g_listTable}) {
+        const auto *delegate = qobject_cast<CellDelegate *>(table->itemDelegate());
+        connect(table, &RecordTableView::linkFollowed, this, follow);
+        connect(delegate, &CellDelegate::linkFollowed, this, follow);
+        connect(delegate, &CellDelegate::caretLinkChanged, this, &EditorWindow::updateOperations);
+    }
     connect(&tables, &EditorTableController::columnWidthsChanged, this, &EditorWindow::applyColumnWidths);
     connect(&g_controller.preferences(), &Preferences::changed, this, [this](const QString &key) {
         if (key == "GeneralUseAlternatingColors"_L1)
@@ -112,6 +122,18 @@ void EditorWindow::showColumnMenu(int column, const QPoint &position)
     addSize(tr("Fit Column to &Title"), HeaderClick::ThisToTitle);
     addSize(tr("Fit A&ll Columns"), HeaderClick::AllToLarger);
     menu->popup(position);
+}
+
+QString EditorWindow::linkInCell() const
+{
+    const CellLinks *links = CellLinks::of(focusWidget());
+    return links ? links->linkAtCaret() : QString();
+}
+
+void EditorWindow::deactivateCellLinks()
+{
+    if (CellLinks *links = CellLinks::of(focusWidget()))
+        links->deactivate();
 }
 
 void EditorWindow::moveInBasicView(bool forward)

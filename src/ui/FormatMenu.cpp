@@ -52,9 +52,9 @@ void EditorWindow::updateStates(const QMenu &menu)
 void EditorWindow::followText()
 {
     connect(g_text, &FreeformTextEdit::edited, &g_controller, &EditorWindowController::textDidChange);
-    connect(g_text, &FreeformTextEdit::linkFollowed, this, [this](const QString &link) {
-        if (!g_controller.links().followLink(link))
-            statusBar()->showMessage(tr("Nothing could open %1").arg(link));
+    connect(g_text, &FreeformTextEdit::linkFollowed, &g_controller.links(), &EditorLinks::openLink);
+    connect(g_text, &FreeformTextEdit::linkAtCaretFollowed, &g_controller.links(), [this] {
+        g_controller.links().openLinkAtCaret();
     });
     connect(g_text, &FreeformTextEdit::refused, this, [this](const QString &message) {
         constexpr int shownMilliseconds = 6000;

@@ -204,8 +204,7 @@ void FreeformTextEdit::keyPressEvent(QKeyEvent *event)
     }
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && isReadOnly()) {
-        if (const QString link = lookAt(textCursor()).link; !link.isEmpty())
-            Q_EMIT linkFollowed(link);
+        Q_EMIT linkAtCaretFollowed();
         return;
     }
     if (!isReadOnly() && handleStructureKey(*event))
@@ -259,13 +258,20 @@ bool FreeformTextEdit::moveInTable(bool forward)
     QTextTable *table = textCursor().currentTable();
     if (!table)
         return false;
-    const QTextTableCell cell = table->cellAt(textCursor());
-    const int number = cell.row() * table->columns() + cell.column() + (forward ? 1 : -1);
-    if (number < 0)
-        return true;
-    if (number >= table->rows() * table->columns())
-        table->appendRows(1);
-    const QTextTableCell next = table->cellAt(number / table->columns(), number % table->columns());
+    const int columns = table->columns();
+    const auto numberOf = [columns](const QTextTableCell &cell) {
+        return cell.row() * columns + cell.column();
+    };
+    int number = numberOf(table->cellAt(textCursor()));
+    QTextTableCell next;
+    do { // One that covers others stands in all their places.
+        number += forward ? 1 : -1;
+        if (number < 0)
+            return true;
+        if (number >= table->rows() * columns)
+            table->appendRows(1);
+        next = table->cellAt(number / columns, number % columns);
+    } while (numberOf(next) != number);
     setTextCursor(next.firstCursorPosition());
     return true;
 }
@@ -405,6 +411,9 @@ void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
     }
     if (!g_mayHaveImages && removeAttachments(*text))
         Q_EMIT refused(tr("This datafile is set to hold no images; they were left out."));
+    // Nothing in place of what is selected would delete it.
+    if (text->isEmpty())
+        return;
     QTextCursor cursor = textCursor();
     insertText(cursor, *text);
     setTextCursor(cursor);
@@ -413,7 +422,7 @@ void FreeformTextEdit::insertFromMimeData(const QMimeData *source)
 
 void FreeformTextEdit::insertTyped(const QString &text)
 {
-    if (isReadOnly())
+    if (isReadOnly() || text.isEmpty())
         return;
     leaveLinkAndAttachment();
     QTextCursor cursor = textCursor();
@@ -433,17 +442,13 @@ void FreeformTextEdit::pasteAsPlainText()
 void FreeformTextEdit::applyPaperColor()
 {
     QPalette colors = QApplication::palette(this);
-    const auto isLight = [&colors] {
-        constexpr float middle = 0.45F;
-        return colors.color(QPalette::Base).lightnessF() > middle;
-    };
     if (g_paperColor.isValid() && g_paperColor != QColor(Qt::white)) {
+        constexpr float middle = 0.45F;
         colors.setColor(QPalette::Base, g_paperColor);
         // Stored text is black unless it says otherwise; only on a dark paper would it vanish.
-        colors.setColor(QPalette::Text, isLight() ? Qt::black : Qt::white);
+        colors.setColor(QPalette::Text, g_paperColor.lightnessF() > middle ? Qt::black : Qt::white);
     }
-    // Desktops forget that blue is hard to read on black.
-    colors.setColor(QPalette::Link, isLight() ? QColor(0, 0, 200) : QColor(140, 180, 255));
+    colors.setColor(QPalette::Link, linkColorOn(colors.color(QPalette::Base)));
     setPalette(colors);
     g_linkColors->setColor(colors.color(QPalette::Link));
     if (!g_hits.isEmpty())

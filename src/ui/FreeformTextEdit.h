@@ -66,6 +66,8 @@ Q_SIGNALS:
     void edited();
     /// The person wants to go where a link leads.
     void linkFollowed(const QString &link);
+    /// The same of the link at the caret, if there is one.
+    void linkAtCaretFollowed();
     /// Something could not be put in; a sentence for people.
     void refused(const QString &message);
     /// The focus came or went.

@@ -7,6 +7,12 @@
 
 namespace tavrin {
 
+QColor linkColorOn(const QColor &paper)
+{
+    constexpr float middle = 0.45F;
+    return paper.lightnessF() > middle ? QColor(0, 0, 200) : QColor(140, 180, 255);
+}
+
 void LinkColors::setColor(const QColor &color)
 {
     if (g_color == color)

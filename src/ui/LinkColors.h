@@ -8,6 +8,9 @@
 
 namespace tavrin {
 
+/// The colour of links that is read on a paper: desktops forget that blue is hard to read on black.
+QColor linkColorOn(const QColor &paper);
+
 /// Shows the links of a text as such, in a colour that follows the palette: the text itself knows nothing of
 /// it.
 class LinkColors : public QSyntaxHighlighter

@@ -4,6 +4,7 @@
 #include "ui/RecordTableView.h"
 
 #include "ui/CellEditor.h"
+#include "ui/CellLinks.h"
 #include "ui/DatafileDrop.h"
 
 #include <QApplication>
@@ -84,16 +85,33 @@ void RecordTableView::mouseReleaseEvent(QMouseEvent *event)
 {
     QTableView::mouseReleaseEvent(event);
     const QModelIndex index = indexAt(event->position().toPoint());
+    const bool follows = event->modifiers().testFlag(Qt::ControlModifier);
     if (event->button() != Qt::LeftButton || !index.isValid() || index.row() != currentIndex().row())
         return;
     if (index.flags().testFlag(Qt::ItemIsEditable) && !isEditing()) {
         edit(index);
         // Where the person pointed; only who comes by keyboard finds everything selected.
-        if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
-            placeCaretInCell(editor, editor->mapFrom(viewport(), event->position().toPoint()));
+        if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor)) {
+            const QPoint place = editor->mapFrom(viewport(), event->position().toPoint());
+            placeCaretInCell(editor, place);
+            if (follows)
+                CellLinks::of(editor)->followAt(place);
+        }
         Q_EMIT cellHit(index);
+    } else if (const auto links = text::linksIn(index.data().toString(), text::UrlPlace::Field);
+               follows && !links.empty()) {
+        // What cannot be edited does not tell where it was hit.
+        Q_EMIT linkFollowed(links.front().url);
     } else if (!index.flags().testFlag(Qt::ItemIsEditable))
         Q_EMIT uneditableCellClicked(index);
+}
+
+/// Ctrl follows links. It leaves no row without being selected.
+QItemSelectionModel::SelectionFlags RecordTableView::selectionCommand(const QModelIndex &index,
+                                                                      const QEvent *event) const
+{
+    const auto command = QTableView::selectionCommand(index, event);
+    return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
 }
 
 void RecordTableView::setTextDrop(std::function<bool(const QModelIndex &, const QString &)> drop)

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void uneditableCellClicked(const QModelIndex &index);
     /// The person clicked a cell to edit it.
     void cellHit(const QModelIndex &index);
+    /// A link in a cell that cannot be edited is to be followed.
+    void linkFollowed(const QString &link);
     /// The person clicked a column's header, holding those keys.
     void headerClicked(int column, Qt::KeyboardModifiers modifiers);
 
@@ -47,6 +49,8 @@ protected:
     void dropEvent(QDropEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
 
 private:
     QModelIndex dropTarget(const QDropEvent &event) const;

@@ -44,6 +44,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <memory>
+
 namespace tavrin {
 
 namespace {
@@ -83,6 +85,23 @@ QDialog *makeAlert(AlertSheetController &sheet, QWidget *parent)
     return box;
 }
 
+/// Accepting a folder means going into it; this takes it.
+void addFolderButton(FileSheetController &sheet, QFileDialog &panel)
+{
+    // The desktop's own panels have no place for a button.
+    panel.setOption(QFileDialog::DontUseNativeDialog);
+    const auto current = std::make_shared<QString>();
+    QObject::connect(
+        &panel, &QFileDialog::currentChanged, &panel, [current](const QString &path) { *current = path; });
+    QObject::connect(&panel, &QFileDialog::directoryEntered, &panel, [current] { current->clear(); });
+    auto *select = panel.findChild<QDialogButtonBox *>()->addButton(translated("Select &Folder"),
+                                                                    QDialogButtonBox::ActionRole);
+    QObject::connect(select, &QPushButton::clicked, &sheet, [&sheet, &panel, current] {
+        sheet.setPaths({QFileInfo(*current).isDir() ? *current : panel.directory().absolutePath()});
+        sheet.accept();
+    });
+}
+
 QDialog *makeFilePanel(FileSheetController &sheet, QWidget *parent)
 {
     const FileSheetController::Request &request = sheet.request();
@@ -98,6 +117,10 @@ QDialog *makeFilePanel(FileSheetController &sheet, QWidget *parent)
     case Purpose::OpenFolder:
         panel->setFileMode(QFileDialog::Directory);
         panel->setOption(QFileDialog::ShowDirsOnly);
+        break;
+    case Purpose::OpenFileOrFolder:
+        panel->setFileMode(QFileDialog::ExistingFile);
+        addFolderButton(sheet, *panel);
         break;
     case Purpose::SaveFile:
         panel->setAcceptMode(QFileDialog::AcceptSave);

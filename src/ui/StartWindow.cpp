@@ -79,6 +79,7 @@ StartWindow::StartWindow(MainController &controller, ApplicationMenus &menus) : 
     menus.addImportMenu(*file, nullptr);
     file->addSeparator();
     menus.addQuitItem(*file);
+    menus.addMultiFileFindItem(*menuBar()->addMenu(tr("F&ind")));
     menus.addDatafilesMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
 

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void oneHitAfterTheOther();
     void whatIsNoHitStays();
     void allAtOnceAndBack();
+    void replacingCanBeCancelledAndGoesByWhatIsTypedMeanwhile();
     void whereAllIsReplaced_data();
     void whereAllIsReplaced();
 };
@@ -75,7 +76,7 @@ void FindAndReplaceControllerTest::itFollowsTheFrontDatafile()
     QVERIFY(!panel.hasDatafile());
     panel.replaceAll();
     panel.replace();
-    QCOMPARE(beeps.size(), 2);
+    QCOMPARE(beeps.size(), 3);
 }
 
 void FindAndReplaceControllerTest::oneHitAfterTheOther()
@@ -157,6 +158,31 @@ void FindAndReplaceControllerTest::allAtOnceAndBack()
     panel.replaceAll();
     QCOMPARE(editor.sheets.alerts().constLast(), u"No changes were made."_s);
     QCOMPARE(contents(editor), replaced);
+}
+
+void FindAndReplaceControllerTest::replacingCanBeCancelledAndGoesByWhatIsTypedMeanwhile()
+{
+    FindFixture editor;
+    editor.entries = {{u"cat"_s}, {u"cat"_s}};
+    editor.open(u"r1"_s);
+    FindAndReplaceController panel(editor.preferences);
+    panel.setDatafileWindowController(editor.window.get());
+    look(panel, u"cat"_s, u"dog"_s);
+    editor.work.g_holds = true;
+    panel.replaceAll();
+    QCOMPARE(contents(editor), u"cat// cat//"_s);
+    editor.work.finishNext(true);
+    QCOMPARE(contents(editor), u"cat// cat//"_s);
+    QCOMPARE(editor.shown(), u"r1"_s);
+    QVERIFY(!editor.document->isModified() && editor.sheets.alerts().isEmpty());
+
+    panel.replaceAll();
+    editor.view.type(*editor.window, u"a cat"_s);
+    editor.work.finishNext(); // It begins anew.
+    editor.sheets.answerAlert(QVSheetController::FirstButton);
+    editor.work.finishNext();
+    QCOMPARE(contents(editor), u"dog// dog//a dog"_s);
+    QCOMPARE(editor.sheets.alerts(), QStringList{u"Number of changes made: 3"_s});
 }
 
 void FindAndReplaceControllerTest::whereAllIsReplaced_data()

@@ -6,6 +6,7 @@
 #include "EditorFixture.h"
 #include "editor/EditorLinks.h"
 #include "editor/FileSheetController.h"
+#include "editor/LookSheetControllers.h"
 #include "editor/TextSheetController.h"
 #include "richtext/Rtfd.h"
 #include "support/DocumentEditorView.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void commandsNeedTheTextAndFormats();
     void statesFollowTheSelection();
     void whatIsFormattedIsStored();
+    void choosersChangeWhatWasChosenAlone();
     void stylesAndRulersAreCarriedOver();
     void tablesGrowAndShrink();
     void filesAreLinkedAtTheCaretOrInTheCell();
@@ -144,6 +146,39 @@ void EditorFormattingTest::whatIsFormattedIsStored()
     QCOMPARE(text(), AttributedText(u"one two\nthree"_s, g_view->plainLook));
 }
 
+void EditorFormattingTest::choosersChangeWhatWasChosenAlone()
+{
+    open();
+    g_view->select(4, 7);
+    formatting().toggleBold();
+    g_view->select(8, 8);
+    formatting().changeParagraphs([](ParagraphFormat &format) {
+        format.headIndent = 700;
+        format.cell = {1, 0, 0, {}};
+    });
+    g_view->select(0, 13);
+    g_editor->sheets.answerNext<FontSheetController>([](FontSheetController &sheet) {
+        QFont font = sheet.font();
+        font.setPointSizeF(40);
+        sheet.setFont(font);
+        sheet.accept();
+    });
+    formatting().chooseFont();
+    QVERIFY(!text().characterFormatAt(0).bold && text().characterFormatAt(4).bold);
+    QCOMPARE(text().characterFormatAt(9).size, 40'000);
+    g_editor->sheets.answerNext<NumbersSheetController>([](NumbersSheetController &sheet) {
+        sheet.setValue(1, 6);
+        sheet.accept();
+    });
+    formatting().chooseSpacing();
+    QCOMPARE(text().paragraphFormatAt(8).spaceBefore, 120);
+    QCOMPARE(text().paragraphFormatAt(8).headIndent, 700);
+    // Where a paragraph stands is no look of it.
+    formatting().clearFormatting();
+    QCOMPARE(text().paragraphFormatAt(8).headIndent, 0);
+    QCOMPARE(text().paragraphFormatAt(8).cell.table, 1);
+}
+
 void EditorFormattingTest::stylesAndRulersAreCarriedOver()
 {
     open();
@@ -161,6 +196,17 @@ void EditorFormattingTest::stylesAndRulersAreCarriedOver()
     QCOMPARE(text().characterFormatAt(8), text().characterFormatAt(0));
     QVERIFY(!text().characterFormatAt(10).bold);
     QCOMPARE(text().paragraphFormatAt(8), text().paragraphFormatAt(0));
+
+    // From window to window, too.
+    const auto copied = std::make_shared<CopiedStyles>();
+    formatting().shareCopied(copied);
+    formatting().copyStyle();
+    init();
+    open();
+    formatting().shareCopied(copied);
+    g_view->select(0, 3);
+    formatting().pasteFTAStyle();
+    QVERIFY(text().characterFormatAt(0).bold);
 }
 
 void EditorFormattingTest::tablesGrowAndShrink()
@@ -213,6 +259,14 @@ void EditorFormattingTest::filesAreLinkedAtTheCaretOrInTheCell()
     QVERIFY(g_editor->window->validateAction(u"removeLink:"_s));
     g_editor->window->links().removeLink();
     QCOMPARE(text().characterFormatAt(4).link, QString());
+
+    const QString folder = g_editor->folder.path();
+    g_editor->sheets.answerNext<FileSheetController>([&](FileSheetController &sheet) {
+        sheet.setPaths({folder + u'/'});
+        sheet.accept();
+    });
+    g_editor->window->links().insertFileLink();
+    QCOMPARE(text().text(), u"one %1\nthree"_s.arg(QFileInfo(folder).fileName()));
 
     g_view->focused = EditorFocus::Table;
     choose();

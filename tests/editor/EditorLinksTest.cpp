@@ -4,8 +4,10 @@
 #include "editor/EditorLinks.h"
 
 #include "EditorFixture.h"
+#include "editor/TextSheetController.h"
 #include "support/DocumentEditorView.h"
 
+#include <QSignalSpy>
 #include <QUrl>
 
 using namespace tavrin;
@@ -19,6 +21,8 @@ private Q_SLOTS:
     void onlyWhatIsHarmlessIsOpened();
     void filesAreLookedForAndProgramsAskedAbout();
     void recordsAreShownSelectedOrMissed();
+    void linksOfACellAreFollowedUntilTheyAreTakenOff();
+    void aLinkIsChangedAsAWhole();
 };
 
 void EditorLinksTest::addressesOfATextBecomeLinks()
@@ -56,8 +60,13 @@ void EditorLinksTest::onlyWhatIsHarmlessIsOpened()
     for (const QString &good :
          {u"http://a"_s, u"https://a"_s, u"ftp://a"_s, u"mailto:a@b.cd"_s, u"tel://1"_s})
         QVERIFY(links.followLink(good));
-    for (const QString &bad : {u"javascript:x"_s, u"smb://a/b"_s, u"ms-word:x"_s, u"a.example"_s, u""_s})
+    QSignalSpy messages(editor.window.get(), &EditorWindowController::statusMessage);
+    for (const QString &bad : {u"javascript:x"_s, u"smb://a/b"_s, u"ms-word:x"_s, u"a.example"_s, u""_s}) {
         QVERIFY(!links.followLink(bad));
+        links.openLink(bad);
+    }
+    QCOMPARE(messages.size(), 4);
+    QCOMPARE(messages.first().first().toString(), u"Links of this kind are not opened: javascript:x"_s);
     QCOMPARE(opened.size(), 5);
     links.setOpener([](const QUrl &) { return false; });
     QVERIFY(!links.followLink(u"http://a"_s));
@@ -120,6 +129,47 @@ void EditorLinksTest::recordsAreShownSelectedOrMissed()
     QVERIFY(links.followLink(u"uuid://gone"_s));
     QCOMPARE(editor.shown(), u"r2"_s);
     QCOMPARE(editor.sheets.alerts().constLast(), u"You have linked to a record that no longer exists."_s);
+}
+
+void EditorLinksTest::linksOfACellAreFollowedUntilTheyAreTakenOff()
+{
+    EditorFixture editor;
+    editor.open();
+    EditorLinks &links = editor.window->links();
+    QVERIFY(!editor.window->validateAction(u"openLink:"_s));
+    editor.view.focused = EditorFocus::Table;
+    editor.view.cellLink = u"uuid://r1"_s;
+    QVERIFY(editor.window->validateAction(u"openLink:"_s));
+    links.deactivateFieldLink();
+    QVERIFY(!editor.window->validateAction(u"openLink:"_s));
+    editor.view.cellLink = u"uuid://r1"_s;
+    links.openLinkAtCaret();
+    QCOMPARE(editor.shown(), u"r1"_s);
+}
+
+void EditorLinksTest::aLinkIsChangedAsAWhole()
+{
+    DocumentEditorView view;
+    EditorFixture editor;
+    editor.entries[0].text = u"a www.b.example c"_s;
+    editor.open();
+    editor.window->attachView(view);
+    editor.window->loadCurrentRecord();
+    for (const auto &[caret, address] : {std::pair(2, u"tel://1"_s), std::pair(9, u""_s)}) {
+        view.select(caret, caret);
+        editor.sheets.answerNext<TextSheetController>([&](TextSheetController &sheet) {
+            QVERIFY(!sheet.text().isEmpty());
+            sheet.setText(address);
+            sheet.accept();
+        });
+        editor.window->links().editLink();
+        const richtext::AttributedText text = textOf(view.document);
+        QCOMPARE(text.text(), editor.entries[0].text);
+        QCOMPARE(text.characterFormatAt(2).link, address);
+        QCOMPARE(text.characterFormatAt(14).link, address);
+        QVERIFY(text.characterFormatAt(15).link.isEmpty());
+    }
+    editor.window->attachView(editor.view);
 }
 
 QTEST_MAIN(EditorLinksTest)

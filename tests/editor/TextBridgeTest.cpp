@@ -22,6 +22,7 @@ class TextBridgeTest : public QObject
 private Q_SLOTS:
     void anyTextComesBackEqual();
     void aTableThatIsNoneIsKept();
+    void cellsThatAreMergedAreShownSo();
     void anInsertedTextIsWhatWasCopied();
     void insertingKeepsWhatStandsAround();
     void htmlBringsItsLooks();
@@ -82,6 +83,46 @@ void TextBridgeTest::aTableThatIsNoneIsKept()
         for (const QString &ending : {QString(), u"end"_s})
             QCOMPARE(throughDocument(cells(shape, ending)), cells(shape, ending));
     }
+}
+
+void TextBridgeTest::cellsThatAreMergedAreShownSo()
+{
+    // The first column covers two rows, in the third row the first cell two columns.
+    AttributedText text(u"ab\nc\n\nd\ne\n\nend"_s);
+    constexpr std::pair<Merge, Merge> merges[] = {{Merge::None, Merge::First},
+                                                  {Merge::None, Merge::None},
+                                                  {Merge::None, Merge::Continued},
+                                                  {Merge::None, Merge::None},
+                                                  {Merge::First, Merge::None},
+                                                  {Merge::Continued, Merge::None}};
+    constexpr int places[] = {0, 3, 5, 6, 8, 10};
+    for (int cell = 0; cell < 6; ++cell) {
+        text.applyToParagraphs(places[cell], 1, [&](ParagraphFormat &format) {
+            format.cell = {1, cell / 2, cell % 2, {}};
+            format.cell.style.width = 100 + cell;
+            std::tie(format.cell.style.horizontal, format.cell.style.vertical) = merges[cell];
+        });
+    }
+    QTextDocument document;
+    setText(document, text);
+    auto *table = qobject_cast<QTextTable *>(document.rootFrame()->childFrames().constFirst());
+    QCOMPARE(table->cellAt(1, 0), table->cellAt(0, 0));
+    QCOMPARE(table->cellAt(2, 0).columnSpan(), 2);
+    QCOMPARE(textOf(document), text);
+    QTextCursor cursor = selecting(document, 0, document.characterCount() - 1);
+    changeLook(cursor, [](CharacterFormat &look) { look.bold = true; });
+    QCOMPARE(textOf(document).paragraphRuns(), text.paragraphRuns());
+
+    // Rows and columns may still come and go.
+    table->insertRows(1, 1);
+    AttributedText changed = textOf(document);
+    QCOMPARE(changed.text(), u"ab\nc\n\n\n\nd\ne\n\nend"_s);
+    QCOMPARE(changed.paragraphFormatAt(7).cell.style.vertical, Merge::Continued);
+    QCOMPARE(throughDocument(changed), changed);
+    table->removeColumns(1, 1);
+    changed = textOf(document);
+    QCOMPARE(changed.text(), u"ab\n\n\ne\nend"_s);
+    QCOMPARE(changed.paragraphFormatAt(5).cell.style.horizontal, Merge::None);
 }
 
 void TextBridgeTest::anInsertedTextIsWhatWasCopied()

@@ -3,6 +3,8 @@
 
 #include "search/DatafileReplace.h"
 
+#include "base/SharedProgress.h"
+#include "document/UndoHistory.h"
 #include "richtext/Rtfd.h"
 #include "search/SearchFixture.h"
 
@@ -28,12 +30,30 @@ private:
     {
         return DatafileFixture::opened(g_folder.make(u"replaced.tv3"_s, searchedDatafile(records, hidden)));
     }
-    ReplaceAllOutcome replace(DatafileDocument &document,
-                              const Replacement &replacement,
-                              const ReplaceExtent &extent = {},
-                              UnkeptFormatting formatting = UnkeptFormatting::Leave)
+    struct Outcome
     {
-        return replaceAll(document, replacement, extent, formatting, g_progress);
+        qint64 replacements;
+        qint64 records;
+        QStringList left;
+    };
+    /// As the panel does it: what is slow is done ahead.
+    Outcome replace(DatafileDocument &document,
+                    const Replacement &replacement,
+                    qint64 fields = FieldsToSearchIn::everything,
+                    const QString &onlyRecord = {},
+                    UnkeptFormatting formatting = UnkeptFormatting::Leave)
+    {
+        const IdentifierTable &identifiers = document.datafileRecords().identifiers();
+        ReplaceAllWork work(document, replacement, fields, formatting);
+        if (!onlyRecord.isEmpty())
+            work.restrictTo(identifiers.number(onlyRecord));
+        work.run(g_progress);
+        if (!work.apply(document))
+            return {-1, -1, {}};
+        QStringList left;
+        for (const quint32 record : work.leftTexts())
+            left.append(identifiers.text(record));
+        return {work.replacements(), work.changedRecords(), left};
     }
     /// Fields and text of all records, in one line each.
     static QStringList contents(const DatafileDocument &document)
@@ -58,7 +78,7 @@ void DatafileReplaceTest::everyOccurrenceIsReplaced()
         this->document({{{u"aXa"_s, u"cafe\u0301"_s}, u"A & a<a>"_s}, {{u"b"_s, u"b"_s}, u"b"_s}}, {0});
 
     // What is put in is not searched again, and a field stays one line.
-    const ReplaceAllOutcome outcome = replace(*document, {u"a"_s, u"a\na"_s, {}});
+    const Outcome outcome = replace(*document, {u"a"_s, u"a\na"_s, {}});
     QCOMPARE(outcome.replacements, 6);
     QCOMPARE(outcome.records, 1);
     QCOMPARE(contents(*document), (QStringList{u"a aXa a|ca afe\u0301|a\na & a\na<a\na>"_s, u"b|b|b"_s}));
@@ -74,18 +94,18 @@ void DatafileReplaceTest::codesAndWordsLimitWhatIsReplaced()
 {
     const QList<TestRecord> records{{{u"cat, catalog"_s, u"cat"_s}, u"Cat"_s},
                                     {{u"cat"_s, u"cat"_s}, u"cat"_s}};
-    const auto replaced = [&](KeyOptions options, const ReplaceExtent &extent) {
+    const auto replaced = [&](KeyOptions options, qint64 fields, const QString &onlyRecord) {
         const auto document = this->document(records);
-        replace(*document, {u"cat"_s, u"dog"_s, options}, extent);
+        replace(*document, {u"cat"_s, u"dog"_s, options}, fields, onlyRecord);
         return contents(*document).join(u'/');
     };
     const KeyOptions word{.wholeWord = true};
-    QCOMPARE(replaced(word, {0, 0}), u"dog, catalog|cat|Cat/cat|cat|cat"_s);
-    QCOMPARE(replaced(word, {FieldsToSearchIn::freeformText, {}}), u"cat, catalog|cat|dog/cat|cat|dog"_s);
-    QCOMPARE(replaced({.caseSensitive = true}, {FieldsToSearchIn::everything, 0}),
+    QCOMPARE(replaced(word, 0, u"r0"_s), u"dog, catalog|cat|Cat/cat|cat|cat"_s);
+    QCOMPARE(replaced(word, FieldsToSearchIn::freeformText, {}), u"cat, catalog|cat|dog/cat|cat|dog"_s);
+    QCOMPARE(replaced({.caseSensitive = true}, FieldsToSearchIn::everything, u"r0"_s),
              u"dog, dogalog|dog|Cat/cat|cat|cat"_s);
-    QCOMPARE(replaced({}, {1, {}}), u"cat, catalog|dog|Cat/cat|dog|cat"_s);
-    QCOMPARE(replaced({}, {1, 9}), u"cat, catalog|cat|Cat/cat|cat|cat"_s);
+    QCOMPARE(replaced({}, 1, {}), u"cat, catalog|dog|Cat/cat|dog|cat"_s);
+    QCOMPARE(replaced({}, 1, u"r9"_s), u"cat, catalog|cat|Cat/cat|cat|cat"_s);
 }
 
 void DatafileReplaceTest::whatIsLockedOmittedOrFormattedStays()
@@ -94,16 +114,17 @@ void DatafileReplaceTest::whatIsLockedOmittedOrFormattedStays()
                                           {{u"x"_s}, u"x"_s, false},
                                           {{u"x"_s}, u"x"_s, true, false, "rtfd"},
                                           {{u"o"_s}, u"o"_s, true, false, "rtfd"}});
-    ReplaceAllOutcome outcome = replace(*document, {u"x"_s, u"y"_s, {}});
+    Outcome outcome = replace(*document, {u"x"_s, u"y"_s, {}});
     QCOMPARE(contents(*document), (QStringList{u"x|x"_s, u"x|x"_s, u"y|x"_s, u"o|o"_s}));
-    QCOMPARE(outcome.leftRecords, QStringList{u"r2"_s});
+    QCOMPARE(outcome.left, QStringList{u"r2"_s});
     QCOMPARE(outcome.replacements, 1);
 
-    outcome = replace(*document, {u"x"_s, u"y"_s, {}}, {}, UnkeptFormatting::Drop);
+    outcome =
+        replace(*document, {u"x"_s, u"y"_s, {}}, FieldsToSearchIn::everything, {}, UnkeptFormatting::Drop);
     QCOMPARE(contents(*document), (QStringList{u"x|x"_s, u"x|x"_s, u"y|y"_s, u"o|o"_s}));
     QVERIFY(document->datafileRecords().view(u"r2"_s)->textRTFD().isEmpty());
     QCOMPARE(document->datafileRecords().view(u"r3"_s)->textRTFD(), QByteArray("rtfd"));
-    outcome.undo.exchange(*document);
+    document->undoHistory().undo();
     QCOMPARE(contents(*document)[2], u"y|x"_s);
     QCOMPARE(document->datafileRecords().view(u"r2"_s)->textRTFD(), QByteArray("rtfd"));
 }
@@ -138,27 +159,30 @@ void DatafileReplaceTest::undoPutsBackWhatWasThere()
 {
     const auto document = this->document({{{u"ab"_s, u"ba"_s}, u"a"_s}, {{u"b"_s, u"a"_s}, u"b"_s}});
     const QStringList before = contents(*document);
-    ReplaceAllOutcome outcome = replace(*document, {u"a"_s, u"long"_s, {}});
+    const RecordData *open = document->datafileRecords().recordForIdentifier(u"r0"_s);
+    replace(*document, {u"a"_s, u"long"_s, {}});
     const QStringList after = contents(*document);
-    QCOMPARE(outcome.undo.count(), 2);
+    QVERIFY(after != before);
+    // Whoever has it open goes on with the same record.
+    QCOMPARE(document->datafileRecords().recordForIdentifier(u"r0"_s), open);
+    QCOMPARE(open->textString(), u"long"_s);
     document->deleteRecord(document->addRecord({}));
-    outcome.undo.exchange(*document);
+    document->undoHistory().undo();
     QCOMPARE(contents(*document), before);
-    outcome.undo.exchange(*document);
+    document->undoHistory().redo();
     QCOMPARE(contents(*document), after);
 }
 
 void DatafileReplaceTest::nothingToReplaceChangesNothing()
 {
     const auto document = this->document({{{u"a"_s}, u"a"_s}});
-    class Cancelled : public Progress
-    {
-        bool isCancelled() const override { return true; }
-    } cancelled;
     for (const QString &key : {u"none"_s, u""_s})
         QCOMPARE(replace(*document, {key, u"y"_s, {}}).replacements, 0);
-    QCOMPARE(replaceAll(*document, {u"a"_s, u"y"_s, {}}, {}, UnkeptFormatting::Drop, cancelled).replacements,
-             0);
+    SharedProgress cancelled;
+    cancelled.cancel();
+    ReplaceAllWork work(*document, {u"a"_s, u"y"_s, {}}, 1002, UnkeptFormatting::Drop);
+    work.run(cancelled);
+    QVERIFY(!work.apply(*document));
     QVERIFY(!document->isModified());
     QCOMPARE(contents(*document), QStringList{u"a|a"_s});
 }

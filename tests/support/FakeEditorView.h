@@ -62,6 +62,8 @@ public:
     }
     void resumeTableCell(int row, int column) override { resumedCell = {row, column}; }
 
+    QString linkInCell() const override { return cellLink; }
+    void deactivateCellLinks() override { cellLink.clear(); }
     EditorFocus focus() const override { return focused; }
     void setFocus(EditorFocus focus) override { focused = focus; }
     QString frame() const override { return frameText; }
@@ -82,6 +84,7 @@ public:
     richtext::CharacterFormat plainLook;
     QString frameText = QStringLiteral("10 20 800 600 0 0 1920 1080 ");
     Cell cell;
+    QString cellLink;
     std::pair<int, int> editedCell{-1, -1};
     std::pair<int, int> resumedCell{-1, -1};
     double split = 120;
