@@ -71,7 +71,8 @@ void WidgetSheetHostTest::theButtonThatWasHitGivesTheCode()
     QWidget window;
     WidgetSheetHost host([&window] { return &window; });
     QList<int> codes;
-    const QStringList buttons{u"Save"_s, u"Cancel"_s, u"Don't Save"_s};
+    const QStringList buttons{u"Save"_s, u"Cancel"_s, u"Close"_s};
+    const QStringList labels{u"&Save"_s, u"&Cancel"_s, u"C&lose"_s}; // A letter of its own for each.
     auto alert = std::make_unique<AlertSheetController>(u"Save?"_s, QString(), buttons);
     alert->setCancelButton(1);
     begin(host, std::move(alert), codes);
@@ -80,7 +81,7 @@ void WidgetSheetHostTest::theButtonThatWasHitGivesTheCode()
     QVERIFY(box);
     QCOMPARE(box->windowModality(), Qt::WindowModal);
     for (QPushButton *candidate : box->findChildren<QPushButton *>()) {
-        if (candidate->text() == buttons.at(button))
+        if (candidate->text() == labels.at(button))
             candidate->click();
     }
 
