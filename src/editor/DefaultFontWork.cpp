@@ -4,27 +4,9 @@
 #include "editor/DefaultFontWork.h"
 
 #include "document/DatafileDocument.h"
-#include "document/UndoHistory.h"
 #include "richtext/Rtfd.h"
 
 namespace tavrin {
-
-namespace {
-
-class FontChange : public UndoStep
-{
-public:
-    explicit FontChange(TextChanges changes) : g_changes(std::move(changes)) {}
-
-    QString name() const override { return DefaultFontWork::tr("Change to Default Font"); }
-    void undo(DatafileDocument &document) override { g_changes.exchange(document); }
-    void redo(DatafileDocument &document) override { g_changes.exchange(document); }
-
-private:
-    TextChanges g_changes;
-};
-
-} // namespace
 
 QByteArray textInFont(const QByteArray &textRTFD, const FontDescription &font)
 {
@@ -41,52 +23,19 @@ QByteArray textInFont(const QByteArray &textRTFD, const FontDescription &font)
     return richtext::writeRichText(*text);
 }
 
-DefaultFontWork::DefaultFontWork(const DatafileDocument &document, const QStringList &identifiers)
-    : g_font(document.datafileSettings().textFont())
-{
-    for (const QString &identifier : identifiers) {
-        const auto record = document.datafileRecords().view(identifier);
-        if (!record || record->recordLocked())
-            continue;
-        if (QByteArray stored = record->textRTFD(); !stored.isEmpty())
-            g_texts.append({identifier, stored, {}});
-    }
-}
+DefaultFontWork::DefaultFontWork(const DatafileDocument &document)
+    : ContentWork(document, tr("Change to Default Font"))
+    , g_font(document.datafileSettings().textFont())
+{}
 
-void DefaultFontWork::run(Progress &progress)
+void DefaultFontWork::change(const RecordView &record, Change &change)
 {
-    constexpr qsizetype atOnce = 64;
-    for (qsizetype i = 0; i < g_texts.size(); ++i) {
-        g_texts[i].after = textInFont(g_texts.at(i).before, g_font);
-        if (i % atOnce != 0)
-            continue;
-        progress.setDone(i, g_texts.size());
-        if (progress.isCancelled()) {
-            g_cancelled = true;
-            return;
-        }
-    }
-}
-
-qsizetype DefaultFontWork::apply(DatafileDocument &document)
-{
-    if (g_cancelled)
-        return 0;
-    TextChanges changes;
-    for (const Text &text : g_texts) {
-        const auto record = document.datafileRecords().view(text.identifier);
-        if (text.after.isEmpty() || text.after == text.before || !record || record->textRTFD() != text.before)
-            continue;
-        TextChanges::Record changed{text.identifier, {}, {}, text.after};
-        changed.text = record->textString().toString();
-        changes.add(changed);
-    }
-    const qsizetype count = changes.count();
-    if (count == 0)
-        return 0;
-    changes.exchange(document);
-    document.undoHistory().push(std::make_unique<FontChange>(std::move(changes)));
-    return count;
+    const QByteArray before = record.textRTFD();
+    if (before.isEmpty())
+        return;
+    const QByteArray after = textInFont(before, g_font);
+    if (!after.isEmpty() && after != before)
+        setText(RecordText{record.textString().toString(), after}, change);
 }
 
 } // namespace tavrin

@@ -3,39 +3,24 @@
 
 #pragma once
 
-#include "editor/LongWork.h"
+#include "document/ContentWork.h"
 #include "model/FontDescription.h"
-#include "search/TextChanges.h"
 
 namespace tavrin {
 
-/// Putting the formatted texts of records into the datafile's text font. A text without formatting is in it
-/// anyway; locked records are passed over.
-class DefaultFontWork : public LongWork
+/// Puts the formatted texts of records into the datafile's text font. A text without formatting is in it
+/// anyway.
+class DefaultFontWork : public ContentWork
 {
-    Q_OBJECT
+    Q_DECLARE_TR_FUNCTIONS(DefaultFontWork)
 
 public:
-    DefaultFontWork(const DatafileDocument &document, const QStringList &identifiers);
-
-    QString title() const override { return tr("Changing to the default font…"); }
-    void run(Progress &progress) override;
-
-    /// Stores the texts as one step that can be undone; passes over those that changed meanwhile. How many
-    /// there were.
-    qsizetype apply(DatafileDocument &document);
+    explicit DefaultFontWork(const DatafileDocument &document);
 
 private:
-    struct Text
-    {
-        QString identifier;
-        QByteArray before;
-        QByteArray after;
-    };
+    void change(const RecordView &record, Change &change) override;
 
-    QList<Text> g_texts;
     FontDescription g_font;
-    bool g_cancelled = false;
 };
 
 /// The stored text with every character in that family and size, all else as it was; empty when it cannot be

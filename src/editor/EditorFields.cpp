@@ -8,6 +8,7 @@
 #include "base/FilledIn.h"
 #include "document/FieldOperations.h"
 #include "editor/AlertSheetController.h"
+#include "editor/ContentLongWork.h"
 #include "editor/ContentLook.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FormPreview.h"
@@ -21,23 +22,6 @@ namespace tavrin {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class ContentLongWork : public LongWork
-{
-public:
-    ContentLongWork(QString title, std::shared_ptr<ContentWork> work)
-        : g_title(std::move(title))
-        , g_content(std::move(work))
-    {}
-
-    QString title() const override { return g_title; }
-    void run(Progress &progress) override { g_content->run(progress); }
-    ContentWork &content() { return *g_content; }
-
-private:
-    QString g_title;
-    std::shared_ptr<ContentWork> g_content;
-};
 
 /// Counting how many records hold something in each field.
 class FieldUseWork : public LongWork
@@ -129,12 +113,11 @@ void EditorFields::finish(const QString &title, ContentWork &work, const MakeWor
     g_window.loadCurrentRecord();
     QStringList skipped;
     if (work.lockedRecords() > 0)
-        skipped.append(
-            filledIn(tr("%lu locked record(s) were skipped."), {QString::number(work.lockedRecords())}));
+        skipped.append(filledIn(tr("Locked records skipped: %lu."), {QString::number(work.lockedRecords())}));
     if (work.leftRecords() > 0)
         skipped.append(
-            filledIn(tr("%lu record(s) were left as they were, because the formatting or a picture "
-                        "of their text would have been lost."),
+            filledIn(tr("Records left as they were, because formatting or a picture in their text would have "
+                        "been lost: %lu."),
                      {QString::number(work.leftRecords())}));
     if (*done && skipped.isEmpty())
         Q_EMIT g_window.statusMessage(told);

@@ -199,7 +199,7 @@ void EditorRecords::deleteSelected()
         return;
     }
     g_window.showAfterDeletion(0);
-    Q_EMIT g_window.statusMessage(tr("%n record(s) deleted.", nullptr, static_cast<int>(*deleted)));
+    Q_EMIT g_window.statusMessage(tr("Records deleted: %1.").arg(*deleted));
 }
 
 void EditorRecords::removeDuplicateRecords()

@@ -4,6 +4,7 @@
 #include "editor/EditorTextCommands.h"
 
 #include "editor/AlertSheetController.h"
+#include "editor/ContentLongWork.h"
 #include "editor/DefaultFontWork.h"
 #include "editor/EditorFreeformText.h"
 #include "editor/EditorWindowController.h"
@@ -100,11 +101,6 @@ void EditorTextCommands::insertDateTime()
     g_window.view().insertTyped(dateTimeStamp(now, format, time, QLocale()));
 }
 
-void EditorTextCommands::insertAmpersand()
-{
-    g_window.view().insertTyped(u"&&"_s);
-}
-
 void EditorTextCommands::pasteAsPlainText()
 {
     EditorView &view = g_window.view();
@@ -162,10 +158,8 @@ void EditorTextCommands::toggleHighlighter()
 
 void EditorTextCommands::changeCurrentRecordToDefaultFont()
 {
-    const RecordData *record = g_window.currentRecord();
-    if (!record || !g_window.leaveEditing())
-        return;
-    changeToDefaultFont({g_window.document().datafileRecords().identifierForRecord(record)});
+    if (g_window.currentRecord())
+        changeToDefaultFont(g_window.currentIdentifier());
 }
 
 void EditorTextCommands::changeAllToDefaultFont()
@@ -175,21 +169,32 @@ void EditorTextCommands::changeAllToDefaultFont()
                                                QString(),
                                                QStringList{tr("Change"), tr("Cancel")});
     connect(alert.get(), &QVSheetController::finished, this, [this](int returnCode) {
-        if (returnCode == QVSheetController::FirstButton && g_window.leaveEditing())
-            changeToDefaultFont(g_window.document().datafileCatalog().selectedIdentifiers());
+        if (returnCode == QVSheetController::FirstButton)
+            changeToDefaultFont({});
     });
     g_sheets.begin(std::move(alert));
 }
 
-void EditorTextCommands::changeToDefaultFont(const QStringList &identifiers)
+void EditorTextCommands::changeToDefaultFont(const QString &identifier)
 {
-    auto work = std::make_unique<DefaultFontWork>(g_window.document(), identifiers);
-    connect(work.get(), &LongWork::ended, this, [this, work = work.get()] {
+    if (!g_window.leaveEditing())
+        return;
+    DatafileDocument &document = g_window.document();
+    const auto content = std::make_shared<DefaultFontWork>(document);
+    if (!identifier.isNull())
+        content->restrictTo(document.datafileRecords().identifiers().number(identifier));
+    auto work = std::make_unique<ContentLongWork>(tr("Changing to the default font…"), content);
+    connect(work.get(), &LongWork::ended, this, [this, identifier, content] {
         g_window.leaveEditing();
-        if (work->apply(g_window.document()) == 0)
+        const Result<bool> done = content->apply(g_window.document());
+        if (!done && done.error().kind == Error::Kind::Refused) {
+            changeToDefaultFont(identifier); // In the texts as they are now.
             return;
-        g_window.setDatafileChanged();
-        g_window.loadCurrentRecord();
+        }
+        if (done && *done)
+            g_window.loadCurrentRecord();
+        if (done && content->lockedRecords() > 0)
+            Q_EMIT g_window.statusMessage(tr("Locked records skipped: %1.").arg(content->lockedRecords()));
     });
     g_work.begin(std::move(work));
 }

@@ -32,8 +32,6 @@ public:
 
     /// Now, written as the preferences say.
     void insertDateTime();
-    /// Between two texts to be found both.
-    void insertAmpersand();
     void pasteAsPlainText();
 
     /// Of the selected lines, or of the whole text. Lines in tables stay.
@@ -50,7 +48,8 @@ public:
     void changeAllToDefaultFont();
 
 private:
-    void changeToDefaultFont(const QStringList &identifiers);
+    /// Of that record; of all selected ones if it is null.
+    void changeToDefaultFont(const QString &identifier);
 
     EditorWindowController &g_window;
     SheetHost &g_sheets;

@@ -89,7 +89,7 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
     const int field = g_tableController->currentField();
-    g_lastHitField = field;
+    g_lastHitField = isBasicView() ? field : g_tableController->fieldForListColumn(field);
     if (isBasicView())
         g_view->editTableCell(field, BasicTableModel::ValueColumn);
     else
@@ -199,7 +199,7 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const CatalogChanged &) { catalogDidChange(); },
                    [this](const FieldFormatChanged &) { fieldFormatDidChange(); },
                    [this](const SettingsChanged &) {
-                       g_tableController->setupTables();
+                       setUpTables();
                        Q_EMIT titleChanged();
                        Q_EMIT operationsChanged();
                    },
@@ -327,7 +327,9 @@ void EditorWindowController::redo()
 /// What is taken back or done again shows: the one record that it is about, if it is one.
 void EditorWindowController::undoOrRedo(void (UndoHistory::*step)())
 {
-    if (!leaveEditing())
+    const bool isUndo = step == &UndoHistory::undo;
+    const QString name = isUndo ? undoName() : redoName();
+    if (name.isNull() || !leaveEditing())
         return;
     const qint64 index = indexOfCurrentRecord();
     QString touched;
@@ -346,6 +348,8 @@ void EditorWindowController::undoOrRedo(void (UndoHistory::*step)())
         loadCurrentRecord();
     else
         loadRecordAtIndex(index);
+    // In place of what was said when it was done.
+    Q_EMIT statusMessage((isUndo ? tr("Undone: %1") : tr("Done again: %1")).arg(name));
 }
 
 } // namespace tavrin

@@ -88,17 +88,19 @@ void ApplicationMenus::addQuitItem(QMenu &file)
     quit->setMenuRole(QAction::QuitRole);
 }
 
-void ApplicationMenus::addFindItems(QMenu &find)
+QAction *ApplicationMenus::addFindItems(QMenu &find)
 {
     find.addSeparator();
     find.addAction(tr("Find and R&eplace…"),
                    QKeySequence(Qt::CTRL | Qt::Key_H),
                    this,
                    &ApplicationMenus::findAndReplaceRequested);
-    find.addAction(tr("&Multi-File Find…"),
-                   QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-                   this,
-                   &ApplicationMenus::multiFileFindRequested);
+    QAction *multiFileFind = find.addAction(tr("&Multi-File Find…"),
+                                            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+                                            this,
+                                            &ApplicationMenus::multiFileFindRequested);
+    multiFileFind->setObjectName(QStringLiteral("startMultiFileFind:"));
+    return multiFileFind;
 }
 
 void ApplicationMenus::addDatafilesMenu(QMenuBar &bar)

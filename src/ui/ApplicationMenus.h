@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+class QAction;
 class QMenu;
 class QMenuBar;
 
@@ -27,8 +28,9 @@ public:
     /// Into a new datafile or, when the menu is that of a datafile's window, into that.
     void addImportMenu(QMenu &file, EditorWindowController *window);
     void addQuitItem(QMenu &file);
-    /// What is found with windows of its own, behind an editor window's own items.
-    void addFindItems(QMenu &find);
+    /// What is found with windows of its own, behind an editor window's own items. The item of Multi-File
+    /// Find comes back, which a window may have to disable.
+    QAction *addFindItems(QMenu &find);
     void addDatafilesMenu(QMenuBar &bar);
     void addWindowMenu(QMenuBar &bar);
     void addHelpMenu(QMenuBar &bar);

@@ -63,7 +63,7 @@ void RecordTableView::editCell(int row, int column)
     if (!index.flags().testFlag(Qt::ItemIsEditable))
         return;
     edit(index);
-    selectAllInCell(QApplication::focusWidget());
+    selectAllInCell(indexWidget(index));
 }
 
 void RecordTableView::focusInEvent(QFocusEvent *event)
@@ -91,7 +91,6 @@ void RecordTableView::mouseReleaseEvent(QMouseEvent *event)
         // Where the person pointed; only who comes by keyboard finds everything selected.
         if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
             placeCaretInCell(editor, editor->mapFrom(viewport(), event->position().toPoint()));
-        Q_EMIT cellHit(index);
     } else if (!index.flags().testFlag(Qt::ItemIsEditable))
         Q_EMIT uneditableCellClicked(index);
 }

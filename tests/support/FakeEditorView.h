@@ -61,6 +61,8 @@ public:
         editedCell = {row, column};
     }
     void resumeTableCell(int row, int column) override { resumedCell = {row, column}; }
+    std::pair<int, int> cellTextSelection() const override { return cellSelection; }
+    void setCellTextSelection(int start, int length) override { restoredSelection = {start, length}; }
 
     EditorFocus focus() const override { return focused; }
     void setFocus(EditorFocus focus) override { focused = focus; }
@@ -84,6 +86,8 @@ public:
     Cell cell;
     std::pair<int, int> editedCell{-1, -1};
     std::pair<int, int> resumedCell{-1, -1};
+    std::pair<int, int> cellSelection{-1, 0};
+    std::pair<int, int> restoredSelection{-1, 0};
     double split = 120;
     int selectedRow = -1;
     EditorFocus focused = EditorFocus::Elsewhere;
