@@ -317,7 +317,6 @@ constexpr std::array actionsBesideClone{
     "saveDocument:"_L1,
     "selectAllRecords:"_L1,
     "selectFromOmitted:"_L1,
-    "showRecordInfo:"_L1,
     "switchToOmitted:"_L1,
     "switchView:"_L1,
     "synchronizeDatafiles:"_L1,

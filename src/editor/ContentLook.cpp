@@ -16,14 +16,14 @@ FormSheetController::Preview ContentLook::preview() const
     FormSheetController::Preview preview;
     const ContentWork &work = *g_content;
     preview.summary = g_summary ? g_summary(work)
-                                : filledIn(EditorFields::tr("%lu content(s) in %lu of %lu selected record(s) "
-                                                            "will change."),
+                                : filledIn(EditorFields::tr("Contents to be changed: %lu, in %lu of %lu "
+                                                            "selected records."),
                                            {QString::number(work.changedContents()),
                                             QString::number(work.changedRecords()),
                                             QString::number(work.records())});
     if (work.lockedRecords() > 0)
         preview.summary += u' '
-                           + filledIn(EditorFields::tr("%lu locked record(s) will be skipped."),
+                           + filledIn(EditorFields::tr("Locked records to be skipped: %lu."),
                                       {QString::number(work.lockedRecords())});
     preview.headings = {EditorFields::tr("Record"), EditorFields::tr("Before"), EditorFields::tr("After")};
     for (const ContentWork::Sample &sample : work.samples()) {

@@ -79,6 +79,11 @@ void EditorChanges::walk(const Way &way)
             g_window.loadCurrentRecord();
         else
             g_window.loadRecordAtIndex(index);
+        // In place of what was said when it was done.
+        const bool isUndo = way.did == &UndoHistory::didUndo;
+        if (isMade)
+            Q_EMIT g_window.statusMessage(
+                (isUndo ? tr("Undone: %1") : tr("Done again: %1")).arg(way.step->name()));
     };
     if (const auto change = std::dynamic_pointer_cast<SteppedChange>(way.step)) {
         carryOut(change, ended);

@@ -18,20 +18,26 @@ void EditorWindowController::openCloneWindow()
         Q_EMIT cloneWindowRequested();
 }
 
-/// Takes over what the main window has on screen and not yet in the record, and shows it all anew.
+/// Takes over what the main window has on screen and not yet in the record, and shows it all anew. A text that
+/// is still the same stays where the reader has scrolled it.
 void EditorWindowController::reloadClone()
 {
     g_mainWindow->saveIfDifferentRecord(nullptr);
     g_tableController->reload();
-    loadCurrentRecord();
+    if (!isValidRecord(g_currentRecord) || hasOldText())
+        loadCurrentRecord();
+}
+
+bool EditorWindowController::hasOldText() const
+{
+    return g_currentRecord->textString() != g_cloneText || g_currentRecord->textRTFD() != g_cloneRTFD;
 }
 
 void EditorWindowController::showChangesInClone(const DatafileChange &change)
 {
     if (std::holds_alternative<RecordAdded>(change) || std::holds_alternative<RecordDeleted>(change))
         reloadClone();
-    else if (g_currentRecord
-             && (g_currentRecord->textString() != g_cloneText || g_currentRecord->textRTFD() != g_cloneRTFD))
+    else if (g_currentRecord && hasOldText())
         loadCurrentRecord();
 }
 
@@ -53,7 +59,7 @@ void EditorWindowController::setTextScale(int tag)
     if (wanted == g_textScaleTag)
         return;
     g_textScaleTag = wanted;
-    g_tableController->setupTables();
+    setUpTables();
     g_view->setTextScale(textScale());
     Q_EMIT textScaleChanged();
 }

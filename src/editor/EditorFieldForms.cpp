@@ -34,7 +34,7 @@ QString contentsChanged(const ContentWork &work)
 {
     if (work.changedContents() == 0)
         return EditorFields::tr("No contents were changed.");
-    return filledIn(EditorFields::tr("%lu content(s) in %lu record(s) were changed."),
+    return filledIn(EditorFields::tr("Contents changed: %lu, in this many records: %lu."),
                     {QString::number(work.changedContents()), QString::number(work.changedRecords())});
 }
 
@@ -255,7 +255,7 @@ void EditorFields::addFieldWithContent()
                 g_window.document(), filledIn->first, filledIn->second);
         },
         [filledIn](const ContentWork &work) {
-            return tavrin::filledIn(tr("The field \"%@\" was added, with contents in %lu record(s)."),
+            return tavrin::filledIn(tr("The field \"%@\" was added. Records with contents in it: %lu."),
                                     {filledIn->first, QString::number(work.changedRecords())});
         });
 }

@@ -121,12 +121,11 @@ void EditorFields::report(const QString &told, const ContentWork &work, bool cha
 {
     QStringList skipped;
     if (work.lockedRecords() > 0)
-        skipped.append(
-            filledIn(tr("%lu locked record(s) were skipped."), {QString::number(work.lockedRecords())}));
+        skipped.append(filledIn(tr("Locked records skipped: %lu."), {QString::number(work.lockedRecords())}));
     if (work.leftRecords() > 0)
         skipped.append(
-            filledIn(tr("%lu record(s) were left as they were, because the formatting or a picture "
-                        "of their text would have been lost."),
+            filledIn(tr("Records left as they were, because formatting or a picture in their text would have "
+                        "been lost: %lu."),
                      {QString::number(work.leftRecords())}));
     if (changed && skipped.isEmpty())
         Q_EMIT g_window.statusMessage(told);

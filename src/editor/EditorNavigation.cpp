@@ -10,7 +10,6 @@
 #include "editor/EditorWindowController.h"
 #include "editor/GotoRecordSheetController.h"
 #include "editor/ListTableModel.h"
-#include "text/TextMatcher.h"
 
 #include <utility>
 
@@ -73,9 +72,7 @@ void EditorWindowController::goToRecordNumber()
     if (!isNavigable() || nowSyncing())
         return;
     auto sheet = std::make_unique<GotoRecordSheetController>(
-        countSelected(), GotoRecordSheetController::Purpose::GoTo, [this](const QString &start) {
-            return indexOfTitle(start);
-        });
+        countSelected(), GotoRecordSheetController::Purpose::GoTo, std::make_unique<TitleSearch>(g_document));
     connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
         const qint64 index = sheet->index();
         if (returnCode != QVSheetController::FirstButton || index == indexOfCurrentRecord())
@@ -86,21 +83,6 @@ void EditorWindowController::goToRecordNumber()
             goToLastRecord();
     });
     g_sheets.begin(std::move(sheet));
-}
-
-qint64 EditorWindowController::indexOfTitle(const QString &start) const
-{
-    const text::TextMatcher matcher(start, text::Sameness{});
-    const QString titleField = settings().titleField();
-    const bool byText = titleField == "Text"_L1;
-    const FieldKey field(titleField);
-    for (qint64 index = 0; index < countSelected(); ++index) {
-        const std::optional<RecordView> record = recordViewAtIndex(index);
-        if (record
-            && matcher.atStartOf((byText ? record->textString() : record->fieldValue(field)).toString()))
-            return index;
-    }
-    return -1;
 }
 
 void EditorWindowController::leaveRecordFor(qint64 target)

@@ -6,6 +6,7 @@
 #include "editor/BasicTableModel.h"
 #include "editor/EditorFreeformText.h"
 #include "editor/EditorLinks.h"
+#include "editor/EditorSearchController.h"
 #include "editor/EditorTableController.h"
 #include "editor/EditorWindowController.h"
 
@@ -136,6 +137,7 @@ void EditorWindowController::saveIfDifferentRecord(RecordData *newRecord)
         if (newRecord && !isClone())
             newRecord->viewed(g_document.services().environment);
         const bool wasEditing = g_view->isTableEditing();
+        const auto selection = g_view->cellTextSelection();
         if (wasEditing)
             g_view->endTableEditing();
         if (g_currentRecord && !isClone()) {
@@ -143,7 +145,7 @@ void EditorWindowController::saveIfDifferentRecord(RecordData *newRecord)
             if (wasEditing && newRecord)
                 g_view->setFocus(EditorFocus::Table);
             else if (wasEditing)
-                resumeTableEditing();
+                resumeTableEditing(selection);
         }
     }
     if (newRecord)
@@ -166,8 +168,11 @@ void EditorWindowController::storeRecordBeingEdited()
 
 void EditorWindowController::endListEditing()
 {
-    if (!isBasicView() && g_view->isTableEditing())
-        g_view->endTableEditing();
+    if (isBasicView() || !g_view->isTableEditing())
+        return;
+    g_view->endTableEditing();
+    // In the table, the next key would take the place of the cell's content.
+    g_search->selectSearchField();
 }
 
 void EditorWindowController::cleanFieldValues()
@@ -192,13 +197,28 @@ void EditorWindowController::storeFreeformText()
     g_view->clearFreeformTextModified();
 }
 
-void EditorWindowController::resumeTableEditing()
+/// Where the person was in the cell, there they go on.
+void EditorWindowController::resumeTableEditing(std::pair<int, int> selection)
 {
     const int field = g_tableController->currentField();
     if (isBasicView())
         g_view->resumeTableCell(field, BasicTableModel::ValueColumn);
     else
         g_view->resumeTableCell(static_cast<int>(indexOfCurrentRecord()), field);
+    if (selection.first >= 0)
+        g_view->setCellTextSelection(selection.first, selection.second);
+}
+
+/// The tables end whatever is edited in them when they are set up: what is being typed is stored first.
+void EditorWindowController::setUpTables()
+{
+    const bool wasEditing = g_view->isTableEditing();
+    const auto selection = g_view->cellTextSelection();
+    if (wasEditing)
+        g_view->endTableEditing();
+    g_tableController->setupTables();
+    if (wasEditing)
+        resumeTableEditing(selection);
 }
 
 // What marks things modified.

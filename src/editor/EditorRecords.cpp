@@ -223,7 +223,7 @@ void EditorRecords::deleteRecords(const std::vector<quint32> &records)
         if (!showAfterDeletions(made))
             return;
         const qsizetype count = before - g_window.document().datafileRecords().count();
-        Q_EMIT g_window.statusMessage(tr("%n record(s) deleted.", nullptr, static_cast<int>(count)));
+        Q_EMIT g_window.statusMessage(tr("Records deleted: %1.").arg(count));
     });
 }
 

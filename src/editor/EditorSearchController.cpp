@@ -140,7 +140,8 @@ void EditorSearchController::toggleOptionsLock()
 
 void EditorSearchController::toggleFindButton(HeldKeys keys)
 {
-    if (areOptionsLocked()) {
+    // They are the datafile's: a clone leaves them as they are.
+    if (areOptionsLocked() || g_window.isClone()) {
         g_finding.view().beep();
         return;
     }

@@ -139,11 +139,24 @@ void EditorTableController::headerClicked(int column, HeaderClick click)
         Q_EMIT columnWidthsChanged();
 }
 
+QTextOption::WrapMode EditorTableController::wrapMode() const
+{
+    constexpr qint64 betweenCharacters = 1;
+    const DatafileSettingsData &settings = g_window.document().datafileSettings();
+    if (!settings.fieldWrapping())
+        return QTextOption::NoWrap;
+    // A word that is longer than a line is broken either way.
+    return settings.fieldWrappingCriterion() == betweenCharacters ? QTextOption::WrapAnywhere
+                                                                  : QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
 double EditorTableController::wrappedHeight(const QString &value, double width) const
 {
     const QFontMetricsF metrics(g_fieldsFont);
     const QRectF room(0, 0, qMax(1.0, width), 1e6);
-    const double height = metrics.boundingRect(room, Qt::TextWordWrap | Qt::TextWrapAnywhere, value).height();
+    const int flags = wrapMode() == QTextOption::WrapAnywhere ? Qt::TextWrapAnywhere
+                                                              : Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    const double height = metrics.boundingRect(room, flags, value).height();
     return qMax(metrics.height(), height);
 }
 

@@ -7,6 +7,7 @@
 
 #include <QFont>
 #include <QObject>
+#include <QTextOption>
 
 #include <memory>
 
@@ -69,6 +70,9 @@ public:
 
     /// Height of a List View row in points.
     double listViewRowHeight() const;
+    /// How the values of Basic View are wrapped: between words, or where the datafile prefers that between
+    /// any characters; or not at all.
+    QTextOption::WrapMode wrapMode() const;
     /// Height in points of a value's text in that width, on as many lines as it takes; at least one line.
     double wrappedHeight(const QString &value, double width) const;
 

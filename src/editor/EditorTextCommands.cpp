@@ -101,11 +101,6 @@ void EditorTextCommands::insertDateTime()
     g_window.view().insertTyped(dateTimeStamp(now, format, time, QLocale()));
 }
 
-void EditorTextCommands::insertAmpersand()
-{
-    g_window.view().insertTyped(u"&&"_s);
-}
-
 void EditorTextCommands::pasteAsPlainText()
 {
     EditorView &view = g_window.view();
@@ -191,9 +186,11 @@ void EditorTextCommands::changeToDefaultFont(std::optional<quint32> onlyRecord)
             work->restrictTo(*onlyRecord);
         return work;
     };
-    const auto ended = [this](const ContentWork &, bool changed) {
+    const auto ended = [this](const ContentWork &work, bool changed) {
         if (changed)
             g_window.loadCurrentRecord();
+        if (work.lockedRecords() > 0)
+            Q_EMIT g_window.statusMessage(tr("Locked records skipped: %1.").arg(work.lockedRecords()));
     };
     beginContentWork(g_window, g_work, tr("Changing to the default font…"), make, ended);
 }

@@ -34,8 +34,6 @@ public:
 
     /// Now, written as the preferences say.
     void insertDateTime();
-    /// Between two texts to be found both.
-    void insertAmpersand();
     void pasteAsPlainText();
 
     /// Of the selected lines, or of the whole text. Lines in tables stay.

@@ -90,7 +90,7 @@ void EditorWindowController::restoreFocus(EditorFocus focus)
     if (focus != EditorFocus::Table || settings().fields().isEmpty())
         return;
     const int field = g_tableController->currentField();
-    g_lastHitField = field;
+    g_lastHitField = isBasicView() ? field : g_tableController->fieldForListColumn(field);
     if (isBasicView())
         g_view->editTableCell(field, BasicTableModel::ValueColumn);
     else
@@ -200,7 +200,7 @@ void EditorWindowController::documentDidChange(const DatafileChange &change)
                    [this](const CatalogChanged &) { catalogDidChange(); },
                    [this](const FieldFormatChanged &) { fieldFormatDidChange(); },
                    [this](const SettingsChanged &) {
-                       g_tableController->setupTables();
+                       setUpTables();
                        Q_EMIT titleChanged();
                        Q_EMIT operationsChanged();
                    },

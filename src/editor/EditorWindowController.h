@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 namespace tavrin {
 
@@ -257,12 +258,12 @@ private:
     void showNothing();
     void cleanFieldValues();
     void storeFreeformText();
-    void resumeTableEditing();
+    void resumeTableEditing(std::pair<int, int> selection);
+    void setUpTables();
     void updateFreeformTextEditability();
     void insertInViewedRecordList(const RecordData *record);
     void markEdited(const QString &identifier);
 
-    qint64 indexOfTitle(const QString &start) const;
     void leaveRecordFor(qint64 target);
     void walkViewedRecordList(QString (RecordHistory::*step)());
     void deleteIfEmptyRecordAtIndex(qint64 index);
@@ -277,6 +278,7 @@ private:
 
     void setUpCollaborators(WorkHost &work);
     void reloadClone();
+    bool hasOldText() const;
     void showChangesInClone(const DatafileChange &change);
     void storeForClone();
 

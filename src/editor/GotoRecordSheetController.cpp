@@ -5,19 +5,28 @@
 
 #include <QLocale>
 
+#include <utility>
+
 namespace tavrin {
 
-GotoRecordSheetController::GotoRecordSheetController(qint64 maximum, Purpose purpose, TitleSearch search)
+GotoRecordSheetController::GotoRecordSheetController(qint64 maximum,
+                                                     Purpose purpose,
+                                                     std::unique_ptr<TitleSearch> search)
     : g_maximum(maximum)
     , g_purpose(purpose)
     , g_search(std::move(search))
-{}
+{
+    if (g_search)
+        connect(g_search.get(), &TitleSearch::found, this, &GotoRecordSheetController::searched);
+}
 
 void GotoRecordSheetController::setEntry(const QString &entry)
 {
     g_entry = entry;
     g_found = -1;
     g_notFound = false;
+    if (std::exchange(g_isSearching, false))
+        g_search->cancel();
     Q_EMIT changed();
 }
 
@@ -38,6 +47,8 @@ qint64 GotoRecordSheetController::index() const
 
 QString GotoRecordSheetController::problem() const
 {
+    if (g_isSearching)
+        return tr("Looking for a title that begins so…");
     if (g_notFound)
         return tr("No selected record has a title that begins so.");
     const std::optional<qint64> entered = number();
@@ -49,18 +60,28 @@ QString GotoRecordSheetController::problem() const
 
 bool GotoRecordSheetController::isAcceptable() const
 {
-    if (g_entry.trimmed().isEmpty() || g_notFound)
+    if (g_entry.trimmed().isEmpty() || g_notFound || g_isSearching)
         return false;
     return index() >= 0 || (g_search && !number());
 }
 
 void GotoRecordSheetController::accept()
 {
-    if (isAcceptable() && index() < 0) {
-        g_found = g_search(g_entry.trimmed());
-        g_notFound = g_found < 0;
-        Q_EMIT changed();
+    if (!isAcceptable() || index() >= 0) {
+        QVSheetController::accept();
+        return;
     }
+    g_isSearching = true;
+    g_search->find(g_entry.trimmed());
+    Q_EMIT changed();
+}
+
+void GotoRecordSheetController::searched(qint64 index)
+{
+    g_isSearching = false;
+    g_found = index;
+    g_notFound = index < 0;
+    Q_EMIT changed();
     QVSheetController::accept();
 }
 

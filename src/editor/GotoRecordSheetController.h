@@ -4,10 +4,11 @@
 #pragma once
 
 #include "editor/QVSheetController.h"
+#include "editor/TitleSearch.h"
 
 #include <QString>
 
-#include <functional>
+#include <memory>
 #include <optional>
 
 namespace tavrin {
@@ -21,12 +22,10 @@ class GotoRecordSheetController : public QVSheetController
 public:
     enum class Purpose { GoTo, MoveAfter };
 
-    /// Finds the first record whose title begins so, counted from 0; -1 when there is none.
-    using TitleSearch = std::function<qint64(const QString &start)>;
-
+    /// Without a search, only a number is accepted.
     explicit GotoRecordSheetController(qint64 maximum,
                                        Purpose purpose = Purpose::GoTo,
-                                       TitleSearch search = {});
+                                       std::unique_ptr<TitleSearch> search = {});
 
     Purpose purpose() const { return g_purpose; }
     qint64 maximum() const { return g_maximum; }
@@ -37,20 +36,23 @@ public:
     /// The record that the entry names, counted from 0; -1 while it names none. Titles are looked through
     /// when the sheet is accepted, not at every key.
     qint64 index() const;
-    /// Why the entry names no record, for people; empty when it does, or while that is not known.
+    /// Why the entry names no record, or not yet, for people; empty when it does, or nobody asked.
     QString problem() const;
 
     /// A number has to be that of a record; any other entry is taken for a title's start.
     bool isAcceptable() const override;
+    /// With a title's start, the sheet ends as soon as a record is found.
     void accept() override;
 
 private:
+    void searched(qint64 index);
     std::optional<qint64> number() const;
 
     qint64 g_maximum;
     Purpose g_purpose;
-    TitleSearch g_search;
+    std::unique_ptr<TitleSearch> g_search;
     qint64 g_found = -1;
+    bool g_isSearching = false;
     bool g_notFound = false;
     QString g_entry;
 };

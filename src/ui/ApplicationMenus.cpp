@@ -88,7 +88,7 @@ void ApplicationMenus::addQuitItem(QMenu &file)
     quit->setMenuRole(QAction::QuitRole);
 }
 
-void ApplicationMenus::addFindItems(QMenu &find)
+QAction *ApplicationMenus::addFindItems(QMenu &find)
 {
     find.addSeparator();
     find.addAction(tr("Find and R&eplace…"),
@@ -99,10 +99,12 @@ void ApplicationMenus::addFindItems(QMenu &find)
 
 QAction *ApplicationMenus::addMultiFileFindItem(QMenu &find)
 {
-    return find.addAction(tr("&Multi-File Find…"),
-                          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-                          this,
-                          &ApplicationMenus::multiFileFindRequested);
+    QAction *item = find.addAction(tr("&Multi-File Find…"),
+                                   QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
+                                   this,
+                                   &ApplicationMenus::multiFileFindRequested);
+    item->setObjectName(QStringLiteral("startMultiFileFind:"));
+    return item;
 }
 
 void ApplicationMenus::addDatafilesMenu(QMenuBar &bar)

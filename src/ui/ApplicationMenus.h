@@ -30,6 +30,7 @@ public:
     void addQuitItem(QMenu &file);
     /// The panel for finding and replacing, behind an editor window's own items.
     void addFindItems(QMenu &find);
+    /// A window may have to disable it.
     QAction *addMultiFileFindItem(QMenu &find);
     void addDatafilesMenu(QMenuBar &bar);
     void addWindowMenu(QMenuBar &bar);

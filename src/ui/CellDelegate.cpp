@@ -20,7 +20,7 @@ QWidget *CellDelegate::createEditor(QWidget *parent,
 {
     QWidget *editor = nullptr;
     if (wraps()) {
-        auto *area = new WrappedCellEdit(parent);
+        auto *area = new WrappedCellEdit(wrapMode(), parent);
         connect(area, &QPlainTextEdit::textChanged, this, [this, area] { typed(area); });
         editor = area;
     } else {

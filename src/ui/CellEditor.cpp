@@ -22,12 +22,12 @@ QLineEdit *line(const QWidget *editor)
 
 } // namespace
 
-WrappedCellEdit::WrappedCellEdit(QWidget *parent) : QPlainTextEdit(parent)
+WrappedCellEdit::WrappedCellEdit(QTextOption::WrapMode mode, QWidget *parent) : QPlainTextEdit(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setWordWrapMode(mode);
     // The caret's own pixel of room is all there is beside the text.
     document()->setDocumentMargin(2);
     // That was an edit, to the document.

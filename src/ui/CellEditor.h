@@ -15,7 +15,7 @@ class WrappedCellEdit : public QPlainTextEdit
     Q_OBJECT
 
 public:
-    explicit WrappedCellEdit(QWidget *parent);
+    WrappedCellEdit(QTextOption::WrapMode mode, QWidget *parent);
 };
 
 // The editor of a cell is a QLineEdit, or a WrappedCellEdit where values are wrapped. What both can do; any

@@ -23,7 +23,7 @@ using Controller = EditorWindowController;
 
 constexpr Command separator{"", "", "", "", nullptr};
 
-/// Alt, held while a command is chosen, turns its question off.
+/// Alt, held while a command is chosen, makes it the other one of its kind.
 bool isToggled()
 {
     return QGuiApplication::keyboardModifiers().testFlag(Qt::AltModifier);
@@ -57,7 +57,7 @@ constexpr std::array recordTable{
             QT_TRANSLATE_NOOP("Commands", "&New Record"),
             "Ctrl+Shift+N",
             "TB_C_newRecord",
-            [](Controller &window) { window.addRecord(); }},
+            [](Controller &window) { window.records().addRecordWithToggle(isToggled()); }},
     Command{"addRecordWithPaste:",
             QT_TRANSLATE_NOOP("Commands", "New Record with Past&e"),
             "Ctrl+Alt+Shift+V",
@@ -294,7 +294,7 @@ constexpr std::array findTable{
             [](Controller &window) { window.search().useSelectionForFind(); }},
     Command{"insertAmpersand:",
             QT_TRANSLATE_NOOP("Commands", "&Insert &&&& Between Keys"),
-            "",
+            "Ctrl+7",
             "",
             [](Controller &window) { window.search().insertAmpersand(); }},
     separator,

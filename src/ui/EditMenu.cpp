@@ -12,10 +12,12 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QShortcut>
 #include <QTextEdit>
 
 #include <map>
+#include <optional>
 
 namespace tavrin {
 
@@ -27,32 +29,48 @@ bool takesFormats(const QWidget *widget)
     return text && text->canPaste();
 }
 
+struct TextState
+{
+    bool canUndo;
+    bool canRedo;
+    bool hasSelection;
+    bool writable;
+};
+
+template <typename Text>
+TextState stateOfText(const Text &text)
+{
+    return {text.document()->isUndoAvailable(),
+            text.document()->isRedoAvailable(),
+            text.textCursor().hasSelection(),
+            !text.isReadOnly()};
+}
+
+/// Of whatever texts are typed into: a line, a field that is wrapped, or the Freeform Text Area.
+std::optional<TextState> stateOf(const QWidget *widget)
+{
+    if (const auto *line = qobject_cast<const QLineEdit *>(widget))
+        return TextState{
+            line->isUndoAvailable(), line->isRedoAvailable(), line->hasSelectedText(), !line->isReadOnly()};
+    if (const auto *plain = qobject_cast<const QPlainTextEdit *>(widget))
+        return stateOfText(*plain);
+    if (const auto *text = qobject_cast<const QTextEdit *>(widget))
+        return stateOfText(*text);
+    return {};
+}
+
 /// What the focused text allows now, by the name of its slot.
 std::map<QByteArray, bool> allowedIn(const QWidget *widget)
 {
-    bool canUndo = false;
-    bool canRedo = false;
-    bool hasSelection = false;
-    bool writable = false;
-    if (const auto *line = qobject_cast<const QLineEdit *>(widget)) {
-        canUndo = line->isUndoAvailable();
-        canRedo = line->isRedoAvailable();
-        hasSelection = line->hasSelectedText();
-        writable = !line->isReadOnly();
-    } else if (const auto *text = qobject_cast<const QTextEdit *>(widget)) {
-        canUndo = text->document()->isUndoAvailable();
-        canRedo = text->document()->isRedoAvailable();
-        hasSelection = text->textCursor().hasSelection();
-        writable = !text->isReadOnly();
-    } else {
+    const auto text = stateOf(widget);
+    if (!text)
         return {};
-    }
     const QMimeData *clipboard = QApplication::clipboard()->mimeData();
-    return {{"undo", canUndo && writable},
-            {"redo", canRedo && writable},
-            {"cut", hasSelection && writable},
-            {"copy", hasSelection},
-            {"paste", writable && clipboard && (clipboard->hasText() || takesFormats(widget))},
+    return {{"undo", text->canUndo && text->writable},
+            {"redo", text->canRedo && text->writable},
+            {"cut", text->hasSelection && text->writable},
+            {"copy", text->hasSelection},
+            {"paste", text->writable && clipboard && (clipboard->hasText() || takesFormats(widget))},
             {"selectAll", true}};
 }
 

@@ -63,8 +63,8 @@ void EditorWindow::build()
 {
     setAcceptDrops(true);
     g_focus = new KeyboardFocus(*this);
-    // With room for the title bar and the borders, also on a small screen.
-    resize(QSize(860, 620).boundedTo(screen()->availableSize() - QSize(16, 48)));
+    const QSize room = screen()->availableSize().shrunkBy(decorationOf(*this));
+    resize(QSize(860, 620).boundedTo(room));
     buildTables();
     buildTextArea();
     setCentralWidget(g_splitter);
@@ -138,7 +138,9 @@ void EditorWindow::updateRecord()
 void EditorWindow::updateStatus()
 {
     g_recordNumberButton->setText(g_controller.recordNumberText());
+    g_recordNumberButton->setAccessibleName(tr("Record number: %1").arg(g_controller.recordNumberText()));
     g_selectionButton->setText(g_controller.selectionText());
+    g_selectionButton->setAccessibleName(tr("Selection: %1").arg(g_controller.selectionText()));
     updateLockButton();
     g_readOnlyMark->setVisible(g_controller.document().openedReadOnly());
 }
@@ -214,8 +216,9 @@ void EditorWindow::editTableCell(int row, int column)
 void EditorWindow::resumeTableCell(int row, int column)
 {
     visibleTable().editCell(row, column);
-    QWidget *editor = QApplication::focusWidget();
-    selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
+    // Also in a window that is not the active one.
+    if (QWidget *editor = focusWidget(); g_tables->isAncestorOf(editor))
+        selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
 }
 
 void EditorWindow::insertIntoCell(const QString &text)
@@ -250,9 +253,18 @@ QString EditorWindow::frame() const
 
 void EditorWindow::setFrame(const QString &frame)
 {
-    const QRect available = screen()->availableGeometry();
-    if (const auto wanted = frameFromString(frame, available))
-        setGeometry(fittedFrame(*wanted, available));
+    QRect available = screen()->availableGeometry();
+    // On the screen where it was, if that is still there.
+    for (const QScreen *other : QGuiApplication::screens()) {
+        if (screenFromString(frame) == other->availableGeometry())
+            available = other->availableGeometry();
+    }
+    const auto wanted = frameFromString(frame, available);
+    if (!wanted)
+        return;
+    // What was there before may be there again; else the title bar has to be on the screen, too.
+    const bool fits = available.contains(*wanted);
+    setGeometry(fits ? *wanted : fittedFrame(*wanted, available.marginsRemoved(decorationOf(*this))));
 }
 
 double EditorWindow::splitHeight() const

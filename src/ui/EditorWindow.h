@@ -130,7 +130,7 @@ private:
     void buildSortMenu();
     void buildFinding();
     void buildColumnMenu();
-    void showColumnMenu(int column, const QPoint &position);
+    void showColumnMenu(int column, const QPoint &position, bool isOnRecord);
     void addCommands(QMenu *menu, std::span<const Command> commands);
     void buildToolbar();
     void buildStatusBar();

@@ -263,7 +263,8 @@ void EditorWindow::openClone()
             &EditorWindow::closeClone,
             Qt::QueuedConnection);
     constexpr QPoint beside(32, 32);
-    g_clone->setGeometry(fittedFrame(geometry().translated(beside), screen()->availableGeometry()));
+    const QRect room = screen()->availableGeometry().marginsRemoved(decorationOf(*this));
+    g_clone->setGeometry(fittedFrame(geometry().translated(beside), room));
     g_clone->bringToFront();
 }
 

@@ -73,7 +73,14 @@ void EditorWindow::buildTables()
     auto *listDelegate = new CellDelegate(g_listTable);
     g_listTable->setItemDelegate(listDelegate);
     connect(listDelegate, &CellDelegate::moved, this, &EditorWindow::moveInListView);
-    connect(g_listTable, &RecordTableView::uneditableCellClicked, this, [this] { g_text->setFocus(); });
+    connect(g_listTable,
+            &RecordTableView::uneditableCellClicked,
+            this,
+            [this, &tables](const QModelIndex &index) {
+                // Not a field of a locked record: that only is not edited.
+                if (tables.listTableModel().isTextColumn(index.column()))
+                    g_text->setFocus();
+            });
     connect(g_listTable->selectionModel(),
             &QItemSelectionModel::currentChanged,
             this,
@@ -184,7 +191,8 @@ void EditorWindow::buildMenus(ApplicationMenus &menus)
     QMenu *find = menuBar()->addMenu(tr("F&ind"));
     addCommands(find, findCommands());
     menus.addFindItems(*find);
-    g_actions.insert(u"startMultiFileFind:"_s, menus.addMultiFileFindItem(*find));
+    QAction *multiFileFind = menus.addMultiFileFindItem(*find);
+    g_actions.insert(multiFileFind->objectName(), multiFileFind);
     menus.addDatafilesMenu(*menuBar());
     menus.addWindowMenu(*menuBar());
     menus.addHelpMenu(*menuBar());
@@ -220,17 +228,20 @@ void EditorWindow::buildSortMenu()
     });
 }
 
-/// A column's own menu: sorting by it. By keyboard it comes at the cell that is the current one.
+/// A column's own menu: sorting by it. By keyboard it comes at the cell that is the current one, whose record
+/// it is for as well.
 void EditorWindow::buildColumnMenu()
 {
     QHeaderView *header = g_listTable->horizontalHeader();
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(header, &QHeaderView::customContextMenuRequested, this, [this, header](const QPoint &position) {
-        showColumnMenu(header->logicalIndexAt(position), header->mapToGlobal(position));
+        showColumnMenu(header->logicalIndexAt(position), header->mapToGlobal(position), false);
     });
     g_listTable->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(g_listTable, &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
-        showColumnMenu(g_listTable->columnAt(position.x()), g_listTable->viewport()->mapToGlobal(position));
+        showColumnMenu(g_listTable->columnAt(position.x()),
+                       g_listTable->viewport()->mapToGlobal(position),
+                       g_listTable->indexAt(position).isValid());
     });
 }
 
@@ -277,11 +288,10 @@ void EditorWindow::buildFinding()
 
 void EditorWindow::buildStatusBar()
 {
-    const auto makeButton = [this](const QString &name, const QString &toolTip) {
+    const auto makeButton = [this](const QString &toolTip) {
         auto *button = new QToolButton(this);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(name);
         button->setToolTip(toolTip);
         button->setPopupMode(QToolButton::InstantPopup);
         auto *menu = new QMenu(button);
@@ -294,14 +304,14 @@ void EditorWindow::buildStatusBar()
     g_readOnlyMark->setToolTip(tr("Changes cannot be saved in this datafile; Save As writes another one"));
     statusBar()->addPermanentWidget(g_readOnlyMark);
 
-    g_recordNumberButton = makeButton(tr("Record number"), tr("The number of the record shown"));
+    g_recordNumberButton = makeButton(tr("The number of the record shown"));
     for (const char *selector : {"goToFirstRecord:",
                                  "goToPreviousRecord:",
                                  "goToNextRecord:",
                                  "goToLastRecord:",
                                  "goToRecordNumber:"})
         g_recordNumberButton->menu()->addAction(actionFor(QString::fromLatin1(selector)));
-    g_selectionButton = makeButton(tr("Selection"), tr("How many of the records are selected"));
+    g_selectionButton = makeButton(tr("How many of the records are selected"));
     addCommands(g_selectionButton->menu(), selectCommands());
 }
 

@@ -24,6 +24,17 @@ using namespace Qt::StringLiterals;
 
 namespace tavrin {
 
+namespace {
+
+/// A table goes over all its rows for this, even where nothing changes.
+void setRowHeight(RecordTableView &table, int height)
+{
+    if (table.verticalHeader()->defaultSectionSize() != height)
+        table.verticalHeader()->setDefaultSectionSize(height);
+}
+
+} // namespace
+
 void EditorWindow::followTables()
 {
     EditorTableController &tables = g_controller.tableController();
@@ -32,12 +43,6 @@ void EditorWindow::followTables()
     });
     g_listTable->setTextDrop([&tables](const QModelIndex &index, const QString &text) {
         return tables.listTableModel().dropText(index, text);
-    });
-    connect(g_basicTable, &RecordTableView::cellHit, this, [this](const QModelIndex &index) {
-        g_controller.setLastHitField(index.row());
-    });
-    connect(g_listTable, &RecordTableView::cellHit, this, [this](const QModelIndex &index) {
-        g_controller.setLastHitField(index.column());
     });
     connect(g_listTable,
             &RecordTableView::headerClicked,
@@ -64,20 +69,21 @@ void EditorWindow::updateTableLooks()
     const bool alternating = g_controller.preferences().boolForKey(u"GeneralUseAlternatingColors"_s);
     for (RecordTableView *table : {g_basicTable, g_listTable})
         table->setAlternatingRowColors(alternating);
-    const DatafileSettingsData &settings = g_controller.document().datafileSettings();
-    g_fieldWrapping->setWrapping(settings.fieldWrapping(), settings.liveFieldWrapping());
+    const bool live = g_controller.document().datafileSettings().liveFieldWrapping();
+    g_fieldWrapping->setWrapping(g_controller.tableController().wrapMode(), live);
 }
 
 void EditorWindow::applyColumnWidths()
 {
     EditorTableController &tables = g_controller.tableController();
     g_applyingWidths = true;
-    // A little air around the line.
+    // Records stand close, so that many can be seen; the fields of one have a little air around them.
+    constexpr int betweenRows = 2;
     constexpr int air = 6;
-    const int height = qRound(tables.listViewRowHeight()) + air;
-    for (RecordTableView *table : {g_basicTable, g_listTable})
-        table->verticalHeader()->setDefaultSectionSize(height);
-    g_listTable->horizontalHeader()->setFixedHeight(height + 2);
+    const int height = qRound(tables.listViewRowHeight());
+    setRowHeight(*g_listTable, height + betweenRows);
+    setRowHeight(*g_basicTable, height + air);
+    g_listTable->horizontalHeader()->setFixedHeight(height + betweenRows);
     g_listTable->horizontalHeader()->setFont(tables.fieldsFont());
     for (int column = 0; column < tables.listTableModel().columnCount(); ++column)
         g_listTable->setColumnWidth(column, qRound(tables.columnWidth(column)));
@@ -89,14 +95,13 @@ void EditorWindow::applyColumnWidths()
 void EditorWindow::hitBasicCell(const QModelIndex &index)
 {
     g_basicTable->editCell(index.row(), BasicTableModel::ValueColumn);
-    g_controller.setLastHitField(index.row());
     if (!g_controller.preferences().boolForKey(u"GeneralHighlightFieldText"_s)) {
         QWidget *editor = QApplication::focusWidget();
         selectInCell(editor, static_cast<int>(cellText(editor).size()), 0);
     }
 }
 
-void EditorWindow::showColumnMenu(int column, const QPoint &position)
+void EditorWindow::showColumnMenu(int column, const QPoint &position, bool isOnRecord)
 {
     if (column < 0)
         return;
@@ -121,6 +126,13 @@ void EditorWindow::showColumnMenu(int column, const QPoint &position)
     addSize(tr("Fit Column to &Content"), HeaderClick::ThisToContent);
     addSize(tr("Fit Column to &Title"), HeaderClick::ThisToTitle);
     addSize(tr("Fit A&ll Columns"), HeaderClick::AllToLarger);
+    addSize(tr("Fit All Columns to C&ontent"), HeaderClick::AllToContent);
+    addSize(tr("Fit All Columns to T&itles"), HeaderClick::AllToTitle);
+    if (isOnRecord) {
+        menu->addSeparator();
+        for (const auto &selector : {u"copyRecord:"_s, u"duplicateCurrentRecord:"_s, u"deleteRecord:"_s})
+            menu->addAction(actionFor(selector));
+    }
     menu->popup(position);
 }
 
@@ -141,7 +153,6 @@ void EditorWindow::moveInBasicView(bool forward)
     EditorTableController &tables = g_controller.tableController();
     const int field = tables.fieldAfter(tables.currentField(), forward);
     g_basicTable->editCell(field, BasicTableModel::ValueColumn);
-    g_controller.setLastHitField(field);
 }
 
 void EditorWindow::moveInListView(bool forward, bool byReturn)

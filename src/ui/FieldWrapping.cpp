@@ -26,17 +26,20 @@ FieldWrapping::FieldWrapping(EditorTableController &controller,
     connect(&model, &QAbstractItemModel::dataChanged, this, &FieldWrapping::update);
     connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, &FieldWrapping::update);
     connect(&delegate, &CellDelegate::textEdited, this, &FieldWrapping::cellTyped);
+    // What was typed may have been given up: the row is again as high as the value.
+    connect(
+        &delegate, &QAbstractItemDelegate::closeEditor, this, &FieldWrapping::update, Qt::QueuedConnection);
 }
 
-void FieldWrapping::setWrapping(bool wraps, bool live)
+void FieldWrapping::setWrapping(QTextOption::WrapMode mode, bool live)
 {
     g_live = live;
-    if (g_wraps == wraps)
+    if (g_mode == mode)
         return;
-    g_wraps = wraps;
-    g_table.setWordWrap(wraps);
-    g_delegate.setWraps(wraps);
+    g_mode = mode;
+    g_delegate.setWrapMode(mode);
     update();
+    g_table.viewport()->update();
 }
 
 void FieldWrapping::update()
@@ -53,7 +56,7 @@ void FieldWrapping::update()
 
 void FieldWrapping::cellTyped()
 {
-    if (g_wraps && g_live)
+    if (g_mode != QTextOption::NoWrap && g_live)
         setRowHeight(g_table.currentIndex().row(), cellText(QApplication::focusWidget()));
 }
 
@@ -62,7 +65,7 @@ void FieldWrapping::setRowHeight(int row, const QString &value)
     constexpr int margins = 6;
     const int oneLine = g_table.verticalHeader()->defaultSectionSize();
     int height = oneLine;
-    if (g_wraps) {
+    if (g_mode != QTextOption::NoWrap) {
         const double width = g_table.columnWidth(BasicTableModel::ValueColumn) - 2 * margins;
         height = qMax(oneLine, qRound(g_controller.wrappedHeight(value, width)) + margins);
     }

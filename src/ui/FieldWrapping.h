@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTextOption>
 
 namespace tavrin {
 
@@ -20,8 +21,8 @@ public:
     /// All three outlive it.
     FieldWrapping(EditorTableController &controller, RecordTableView &table, CellDelegate &delegate);
 
-    /// Whether values are wrapped, and then whether rows grow while one types.
-    void setWrapping(bool wraps, bool live);
+    /// How values are wrapped, if they are, and then whether rows grow while one types.
+    void setWrapping(QTextOption::WrapMode mode, bool live);
     /// Measures every row anew.
     void update();
 
@@ -32,7 +33,7 @@ private:
     EditorTableController &g_controller;
     RecordTableView &g_table;
     CellDelegate &g_delegate;
-    bool g_wraps = false;
+    QTextOption::WrapMode g_mode = QTextOption::NoWrap;
     bool g_live = false;
 };
 

@@ -32,16 +32,15 @@ QList<text::Match> hitsIn(const QModelIndex &index)
 
 void HitDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    if (hitsIn(index).isEmpty())
+    // The platform wraps between words alone, and cuts what is longer than a line.
+    if (hitsIn(index).isEmpty() && !wraps())
         QStyledItemDelegate::paint(painter, option, index);
     else
-        paintWithHits(painter, option, index);
+        paintText(painter, option, index);
 }
 
 /// As other cells, but hits have their colour, and the first of them can be seen.
-void HitDelegate::paintWithHits(QPainter *painter,
-                                QStyleOptionViewItem option,
-                                const QModelIndex &index) const
+void HitDelegate::paintText(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const
 {
     initStyleOption(&option, index);
     const QString text = std::exchange(option.text, {});
@@ -63,7 +62,7 @@ void HitDelegate::paintWithHits(QPainter *painter,
     }
     QTextLayout layout(text, option.font);
     QTextOption lines(option.displayAlignment);
-    lines.setWrapMode(g_wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    lines.setWrapMode(wrapMode());
     lines.setTextDirection(option.direction);
     layout.setTextOption(lines);
     layout.setFormats(formats);
@@ -73,7 +72,7 @@ void HitDelegate::paintWithHits(QPainter *painter,
     layout.beginLayout();
     qreal height = 0;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        if (g_wraps)
+        if (wraps())
             line.setLineWidth(room.width());
         else
             line.setNumColumns(static_cast<int>(text.size())); // It has no height before it is laid out.
@@ -82,7 +81,7 @@ void HitDelegate::paintWithHits(QPainter *painter,
     }
     layout.endLayout();
     qreal shift = 0;
-    if (!g_wraps && layout.lineCount() > 0) {
+    if (!wraps() && layout.lineCount() > 0) {
         const QTextLayout::FormatRange &first = formats.constFirst();
         shift = qMax(0.0, layout.lineAt(0).cursorToX(first.start + first.length) - room.width());
     }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QStyledItemDelegate>
+#include <QTextOption>
 
 namespace tavrin {
 
@@ -15,19 +16,20 @@ class HitDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// Whether texts that are longer than their cells take more lines, also while they are edited.
-    void setWraps(bool wraps) { g_wraps = wraps; }
+    /// How texts that are longer than their cells take more lines, also while they are edited; or NoWrap.
+    void setWrapMode(QTextOption::WrapMode mode) { g_wrapMode = mode; }
 
     void
     paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 protected:
-    bool wraps() const { return g_wraps; }
+    QTextOption::WrapMode wrapMode() const { return g_wrapMode; }
+    bool wraps() const { return g_wrapMode != QTextOption::NoWrap; }
 
 private:
-    void paintWithHits(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
+    void paintText(QPainter *painter, QStyleOptionViewItem option, const QModelIndex &index) const;
 
-    bool g_wraps = false;
+    QTextOption::WrapMode g_wrapMode = QTextOption::NoWrap;
 };
 
 } // namespace tavrin

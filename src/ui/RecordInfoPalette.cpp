@@ -57,7 +57,6 @@ QLabel *RecordInfoPalette::addRow(const QString &name)
 {
     auto *value = new QLabel(this);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    value->setAccessibleName(name);
     auto *label = new QLabel(name, this);
     label->setForegroundRole(QPalette::PlaceholderText);
     static_cast<QFormLayout *>(layout())->addRow(label, value);
@@ -66,12 +65,17 @@ QLabel *RecordInfoPalette::addRow(const QString &name)
 
 void RecordInfoPalette::update()
 {
-    const auto shown = [](const QString &text) { return text.isEmpty() ? QStringLiteral("–") : text; };
+    const auto *form = static_cast<const QFormLayout *>(layout());
+    const auto show = [form](QLabel *value, const QString &text) {
+        value->setText(text.isEmpty() ? QStringLiteral("–") : text);
+        const auto *name = qobject_cast<const QLabel *>(form->labelForField(value));
+        value->setAccessibleName(name->text() + u' ' + value->text());
+    };
     g_title->setText(g_controller.title());
-    g_modified->setText(shown(g_controller.modified()));
-    g_viewed->setText(shown(g_controller.viewed()));
-    g_created->setText(shown(g_controller.created()));
-    g_size->setText(shown(g_controller.size()));
+    show(g_modified, g_controller.modified());
+    show(g_viewed, g_controller.viewed());
+    show(g_created, g_controller.created());
+    show(g_size, g_controller.size());
 }
 
 void RecordInfoPalette::closeEvent(QCloseEvent *event)

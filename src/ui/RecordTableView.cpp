@@ -64,7 +64,7 @@ void RecordTableView::editCell(int row, int column)
     if (!index.flags().testFlag(Qt::ItemIsEditable))
         return;
     edit(index);
-    selectAllInCell(QApplication::focusWidget());
+    selectAllInCell(indexWidget(index));
 }
 
 void RecordTableView::focusInEvent(QFocusEvent *event)
@@ -97,7 +97,6 @@ void RecordTableView::mouseReleaseEvent(QMouseEvent *event)
             if (follows)
                 CellLinks::of(editor)->followAt(place);
         }
-        Q_EMIT cellHit(index);
     } else if (const auto links = text::linksIn(index.data().toString(), text::UrlPlace::Field);
                follows && !links.empty()) {
         // What cannot be edited does not tell where it was hit.

@@ -35,8 +35,6 @@ public:
 Q_SIGNALS:
     /// The person clicked a cell that cannot be edited.
     void uneditableCellClicked(const QModelIndex &index);
-    /// The person clicked a cell to edit it.
-    void cellHit(const QModelIndex &index);
     /// A link in a cell that cannot be edited is to be followed.
     void linkFollowed(const QString &link);
     /// The person clicked a column's header, holding those keys.

@@ -3,10 +3,13 @@
 
 #pragma once
 
+#include <QMargins>
 #include <QRect>
 #include <QString>
 
 #include <optional>
+
+class QWidget;
 
 namespace tavrin {
 
@@ -18,7 +21,13 @@ QString frameString(const QRect &frame, const QRect &screen);
 /// else.
 std::optional<QRect> frameFromString(const QString &text, const QRect &screen);
 
+/// The screen on which that frame lay, if it says so.
+std::optional<QRect> screenFromString(const QString &text);
+
 /// The frame shrunk and moved so that it lies on the screen whole.
 QRect fittedFrame(QRect frame, const QRect &screen);
+
+/// What the desktop puts around a window: of one that is not shown yet, what it may be.
+QMargins decorationOf(const QWidget &window);
 
 } // namespace tavrin

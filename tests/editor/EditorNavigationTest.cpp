@@ -21,6 +21,7 @@ private Q_SLOTS:
     void whatIsNotShownKeepsARecordFromVanishing_data();
     void whatIsNotShownKeepsARecordFromVanishing();
     void goingToANumber();
+    void goingToATitle();
     void addingShowsANewRecordOnce();
     void addingToAnEmptyDatafile();
     void deletingAsksAndShowsTheRecordThatFollowed_data();
@@ -196,6 +197,34 @@ void EditorNavigationTest::goingToANumber()
 
     answer(u"4"_s);
     QCOMPARE(editor.identifiers(), QStringList({u"r0"_s, u"r2"_s, u"r3"_s}));
+}
+
+void EditorNavigationTest::goingToATitle()
+{
+    EditorFixture editor({u"other"_s, u"in the beginning"_s, u"\u00c9t\u00e9"_s, u"begins"_s, u"begins"_s});
+    editor.settings.insert(u"TitleField"_s, u"a"_s);
+    editor.open();
+    GotoRecordSheetController *asked = nullptr;
+    editor.sheets.answerNext<GotoRecordSheetController>([&asked](auto &sheet) { asked = &sheet; });
+    editor.window->goToRecordNumber();
+
+    const auto enter = [&asked](const QString &start) {
+        asked->setEntry(start);
+        asked->accept();
+    };
+    enter(u"nowhere"_s);
+    QVERIFY(!asked->isAcceptable());
+    QTRY_COMPARE(asked->problem(), u"No selected record has a title that begins so."_s);
+    // What was looked for first no longer counts.
+    enter(u"BEGIN"_s);
+    enter(u"\u00e9t"_s);
+    QTRY_VERIFY(asked->isFinished());
+    QCOMPARE(editor.shown(), u"r2"_s);
+
+    editor.sheets.answerNext<GotoRecordSheetController>([&asked](auto &sheet) { asked = &sheet; });
+    editor.window->goToRecordNumber();
+    enter(u"BEGIN"_s);
+    QTRY_COMPARE(editor.shown(), u"r3"_s);
 }
 
 void EditorNavigationTest::addingShowsANewRecordOnce()

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void rowsGrowWithWhatTheyWrap();
     void aDroppedTextIsCleanedAndCanBeTakenBack();
     void typingDoesNotResetTheCell();
+    void anotherTextScaleKeepsWhatIsTyped();
 };
 
 void EditorTablesTest::theModelsKeepTheirPromises()
@@ -240,8 +241,10 @@ void EditorTablesTest::aDroppedTextIsCleanedAndCanBeTakenBack()
     QVERIFY(editor.document->isModified());
     QVERIFY(!list.dropText(list.index(1, 0), u"x"_s));
     QVERIFY(!list.dropText(list.index(0, 2), u"x"_s));
+    const QSignalSpy told(editor.window.get(), &EditorWindowController::statusMessage);
     editor.window->undo();
     QCOMPARE(editor.valueIn(u"r0"_s), u"A"_s);
+    QCOMPARE(told.last().first().toString(), u"Undone: Drop Text"_s);
 }
 
 void EditorTablesTest::typingDoesNotResetTheCell()
@@ -255,6 +258,22 @@ void EditorTablesTest::typingDoesNotResetTheCell()
     QCOMPARE(changes.size(), 0);
     editor.view.endTableEditing();
     QVERIFY(!changes.isEmpty());
+}
+
+void EditorTablesTest::anotherTextScaleKeepsWhatIsTyped()
+{
+    EditorFixture editor;
+    editor.open();
+    editor.window->tableController().setCurrentField(1);
+    editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"half a wo"_s);
+    editor.view.cellSelection = {4, 1};
+
+    editor.window->setTextScale(7);
+
+    // Setting the tables up anew ends what is edited in them.
+    QCOMPARE(editor.valueIn(u"r0"_s), u"half a wo"_s);
+    QCOMPARE(editor.view.resumedCell, std::pair(1, 1));
+    QCOMPARE(editor.view.restoredSelection, std::pair(4, 1));
 }
 
 QTEST_MAIN(EditorTablesTest)

@@ -61,6 +61,8 @@ public:
         editedCell = {row, column};
     }
     void resumeTableCell(int row, int column) override { resumedCell = {row, column}; }
+    std::pair<int, int> cellTextSelection() const override { return cellSelection; }
+    void setCellTextSelection(int start, int length) override { restoredSelection = {start, length}; }
 
     QString linkInCell() const override { return cellLink; }
     void deactivateCellLinks() override { cellLink.clear(); }
@@ -87,6 +89,8 @@ public:
     QString cellLink;
     std::pair<int, int> editedCell{-1, -1};
     std::pair<int, int> resumedCell{-1, -1};
+    std::pair<int, int> cellSelection{-1, 0};
+    std::pair<int, int> restoredSelection{-1, 0};
     double split = 120;
     int selectedRow = -1;
     EditorFocus focused = EditorFocus::Elsewhere;

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void whoTypesAtOnceTypesIntoTheFirstField();
     void escapePutsTheOldValueBack();
     void lookingThroughCellsChangesNothing();
+    void whatIsTypedOutlivesScalingAndSaving();
     void listViewShowsTheRowThatIsChosen();
     void whatIsTypedIsCleanedAtOnce();
     void everyCommandIsInAMenu();
@@ -189,6 +190,31 @@ void EditorWindowTest::lookingThroughCellsChangesNothing()
     trigger(u"goToNextRecord:"_s);
 
     QVERIFY(!document().isModified());
+}
+
+void EditorWindowTest::whatIsTypedOutlivesScalingAndSaving()
+{
+    table(u"basicTableView"_s).editCell(0, 1);
+    QTest::keyClicks(cellEditor(), u"Half a word"_s);
+    cellEditor()->setCursorPosition(4);
+    window().controller().setTextScale(7);
+    QVERIFY(cellEditor());
+    QCOMPARE(cellEditor()->text(), u"Half a word"_s);
+    trigger(u"saveDocument:"_s);
+    document().waitForSaving();
+    QCOMPARE(cellEditor()->cursorPosition(), 4);
+    QCOMPARE(fieldInFile(0), u"Half a word"_s);
+
+    // In List View the cell is left, and what is typed next is no longer for it.
+    window().controller().setMode(u"List"_s);
+    table(u"listTableView"_s).editCell(1, 0);
+    QTest::keyClicks(cellEditor(), u"listed"_s);
+    trigger(u"saveDocument:"_s);
+    document().waitForSaving();
+    QVERIFY(!table(u"listTableView"_s).isEditing());
+    QTest::keyClicks(QApplication::focusWidget(), u"xyz"_s);
+    QVERIFY(!table(u"listTableView"_s).isEditing());
+    QCOMPARE(fieldInFile(0), u"listed"_s);
 }
 
 void EditorWindowTest::listViewShowsTheRowThatIsChosen()

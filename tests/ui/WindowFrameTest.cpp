@@ -29,6 +29,7 @@ void WindowFrameTest::aStoredFrameComesBackWhereItWas()
 
     QCOMPARE(frameFromString(frameString(frame, g_screen), g_screen), frame);
     QCOMPARE(frameString(frame, g_screen), u"100 240 640 480 0 25 1280 775 "_s);
+    QCOMPARE(screenFromString(frameString(frame, g_screen)), g_screen);
 }
 
 void WindowFrameTest::bothStoredFormsAreRead()
@@ -47,7 +48,7 @@ void WindowFrameTest::nonsenseIsRefused_data()
 void WindowFrameTest::nonsenseIsRefused()
 {
     QFETCH(QString, text);
-    QVERIFY(!frameFromString(text, g_screen));
+    QVERIFY(!frameFromString(text, g_screen) && !screenFromString(text));
 }
 
 void WindowFrameTest::aFrameFromALargerScreenIsBroughtOntoThisOne()
