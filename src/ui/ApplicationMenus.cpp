@@ -88,7 +88,7 @@ void ApplicationMenus::addQuitItem(QMenu &file)
     quit->setMenuRole(QAction::QuitRole);
 }
 
-QAction *ApplicationMenus::addFindItems(QMenu &find)
+void ApplicationMenus::addFindItems(QMenu &find)
 {
     find.addSeparator();
     find.addAction(tr("Find and R&eplace…"),
