@@ -5,9 +5,43 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <array>
+
 namespace tavrin {
 
 namespace {
+
+struct Entity
+{
+    QByteArrayView name;
+    char character;
+};
+
+/// Those that writers of XML make.
+constexpr std::array entities{Entity{"&amp;", '&'}, Entity{"&lt;", '<'}, Entity{"&gt;", '>'}};
+
+/// The UTF-8 of a text. Decoding it as a whole takes far longer than all the rest, and is left for those that
+/// have something rare in them.
+QByteArray utf8Of(const TextView &text)
+{
+    if (text.form() != TextView::Form::Encoded || text.bytes().contains('<'))
+        return text.toString().toUtf8();
+    QByteArray utf8;
+    utf8.reserve(text.bytes().size());
+    QByteArrayView rest = text.bytes();
+    for (qsizetype place = rest.indexOf('&'); place >= 0; place = rest.indexOf('&')) {
+        utf8.append(rest.first(place));
+        rest = rest.sliced(place);
+        const auto entity = std::ranges::find_if(
+            entities, [rest](const Entity &known) { return rest.startsWith(known.name); });
+        if (entity == entities.end())
+            return text.toString().toUtf8();
+        utf8.append(entity->character);
+        rest = rest.sliced(entity->name.size());
+    }
+    return utf8.append(rest);
+}
 
 /// A content counts by its place. Nothing there is as good as an empty content, and counts nothing.
 size_t hashOf(const TextView &text, size_t place)
@@ -16,7 +50,7 @@ size_t hashOf(const TextView &text, size_t place)
         return 0;
     if (text.form() == TextView::Form::Utf8)
         return qHash(text.bytes(), place + 1);
-    const QByteArray utf8 = text.toString().toUtf8();
+    const QByteArray utf8 = utf8Of(text);
     return utf8.isEmpty() ? 0 : qHash(QByteArrayView(utf8), place + 1);
 }
 
