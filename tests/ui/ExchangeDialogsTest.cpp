@@ -61,7 +61,8 @@ private Q_SLOTS:
 
     void columnsAreMappedByDragging()
     {
-        const ImportTarget target{u"Mine"_s, {FieldDefinition(u"A"_s, u"A"_s), FieldDefinition(u"B"_s, u"B"_s)}};
+        const ImportTarget target{u"Mine"_s,
+                                  {FieldDefinition(u"A"_s, u"A"_s), FieldDefinition(u"B"_s, u"B"_s)}};
         ImportAssistantSheetController sheet(u"in.csv"_s, textContentOf("x,y\n1,2\n"), target);
         sheet.setDestination(ImportAssistantSheetController::Destination::Append);
         ImportAssistantDialog dialog(sheet, nullptr);
