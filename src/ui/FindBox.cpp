@@ -112,9 +112,16 @@ void FindBox::showToggleMenu(const QPoint &position)
 
 bool FindBox::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return QWidget::eventFilter(object, event);
     const auto *key = static_cast<QKeyEvent *>(event);
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Without typing to take back, the keys are the window's.
+        const bool isFree = (key->matches(QKeySequence::Undo) && !g_entry->isUndoAvailable())
+                            || (key->matches(QKeySequence::Redo) && !g_entry->isRedoAvailable());
+        event->setAccepted(false);
+        return isFree;
+    }
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
         return QWidget::eventFilter(object, event);
     if (key->modifiers().testFlag(Qt::ShiftModifier))

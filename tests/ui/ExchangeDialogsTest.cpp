@@ -16,6 +16,7 @@
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QToolButton>
 
 using namespace tavrin;
 using namespace Qt::StringLiterals;
@@ -33,6 +34,7 @@ private Q_SLOTS:
         activate(dialog);
         QCOMPARE(dialog.focusWidget(), dialog.findChild<FreeformTextEdit *>());
         QTest::keyClick(dialog.focusWidget(), Qt::Key_B, Qt::ControlModifier);
+        QTRY_VERIFY(dialog.findChild<QToolButton *>()->isChecked());
         auto *fields = dialog.findChild<QListWidget *>();
         fields->setCurrentRow(1);
         fields->setFocus();
@@ -59,7 +61,8 @@ private Q_SLOTS:
 
     void columnsAreMappedByDragging()
     {
-        const ImportTarget target{u"Mine"_s, {FieldDefinition(u"A"_s, u"A"_s), FieldDefinition(u"B"_s, u"B"_s)}};
+        const ImportTarget target{u"Mine"_s,
+                                  {FieldDefinition(u"A"_s, u"A"_s), FieldDefinition(u"B"_s, u"B"_s)}};
         ImportAssistantSheetController sheet(u"in.csv"_s, textContentOf("x,y\n1,2\n"), target);
         sheet.setDestination(ImportAssistantSheetController::Destination::Append);
         ImportAssistantDialog dialog(sheet, nullptr);
@@ -80,6 +83,9 @@ private:
     {
         QMimeData data;
         data.setData(u"application/x-tavrin-import-"_s + what, QByteArray::number(number));
+        // Qt sends a drop to what took the drag before it.
+        QDragEnterEvent enter(place, Qt::LinkAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(on->viewport(), &enter);
         QDropEvent event(place, Qt::LinkAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(on->viewport(), &event);
         QVERIFY(event.isAccepted());
