@@ -18,7 +18,6 @@ ContentWork::ContentWork(const DatafileDocument &document, const QString &name)
 {
     const SubsetSortedData &catalog = document.datafileCatalog();
     g_records = catalog.selectedNumbers(0, catalog.countSelected());
-    std::erase_if(g_records, [this](quint32 record) { return !g_texts.contains(record); });
     QObject::connect(&document, &DatafileDocument::changed, &g_watch, [this] { g_isStale = true; });
 }
 
@@ -31,6 +30,8 @@ void ContentWork::restrictTo(quint32 record)
 
 void ContentWork::run(Progress &progress)
 {
+    // Here, where nobody waits for it.
+    std::erase_if(g_records, [this](quint32 record) { return !g_texts.contains(record); });
     WorkSteps steps(progress, g_records.size());
     for (const quint32 record : g_records) {
         if (!steps.goOn())
