@@ -45,8 +45,7 @@ private:
     void insertRun(QStringView text, const QTextCharFormat &format);
     std::optional<TableShape> tableAt(size_t &index) const;
     void insertTable(const TableShape &shape);
-    void fillCell(const QTextTableCell &cell, const std::vector<TextParagraph> &paragraphs);
-    void mergeCells(QTextTable &table, const TableShape &shape) const;
+    void fillCell(QTextTable &table, const TableShape &shape, int row, int column);
     void markFiller();
     Look endOf(const TextParagraph &paragraph) const { return lookAtEnd(g_text, paragraph, g_look); }
     const QTextCharFormat &shownLook(const Look &look);
@@ -262,47 +261,56 @@ void TextBuilder::insertTable(const TableShape &shape)
     format.setColumnWidthConstraints(shape.widths(g_text));
     QTextTable *table =
         g_cursor.insertTable(static_cast<int>(shape.rows.size()), static_cast<int>(shape.columns), format);
-    for (size_t row = 0; row < shape.rows.size(); ++row) {
-        for (size_t column = 0; column < shape.columns; ++column) {
-            QTextTableCell cell = table->cellAt(static_cast<int>(row), static_cast<int>(column));
-            if (column < shape.rows[row].size()) {
-                fillCell(cell, shape.rows[row][column]);
+    for (int row = 0; row < table->rows(); ++row) {
+        for (int column = 0; column < table->columns(); ++column) {
+            if (static_cast<size_t>(column) < shape.rows[static_cast<size_t>(row)].size()) {
+                fillCell(*table, shape, row, column);
             } else {
                 QTextTableCellFormat absent;
                 absent.setProperty(AbsentCellProperty, true);
-                cell.setFormat(absent);
+                table->cellAt(row, column).setFormat(absent);
             }
         }
     }
-    mergeCells(*table, shape);
     g_cursor.setPosition(table->lastPosition() + 1);
     g_isFresh = true;
 }
 
-void TextBuilder::mergeCells(QTextTable &table, const TableShape &shape) const
+bool isCovered(const QTextTable &table, int row, int column)
 {
-    for (size_t row = 0; row < shape.rows.size(); ++row) {
-        for (size_t column = 0; column < shape.rows[row].size(); ++column) {
-            const int r = static_cast<int>(row);
-            const int c = static_cast<int>(column);
-            QTextTableCell cell = table.cellAt(r, c);
-            if (cell.row() != r || cell.column() != c)
-                continue;
-            const MergedCells merged = shape.mergedAt(row, column, g_text);
-            if (merged.cells.size() < 2)
-                continue;
-            QTextCharFormat format = cell.format();
-            format.setProperty(MergedProperty, QVariant::fromValue(merged));
-            cell.setFormat(format);
-            table.mergeCells(r, c, merged.rows, merged.columns);
-        }
-    }
+    const QTextTableCell cell = table.cellAt(row, column);
+    return cell.row() != row || cell.column() != column;
 }
 
-void TextBuilder::fillCell(const QTextTableCell &cell, const std::vector<TextParagraph> &paragraphs)
+/// Whether none of the cells is covered already.
+bool areFree(const QTextTable &table, int row, int column, const MergedCells &cells)
 {
-    QTextTableCell(cell).setFormat(
-        cellFormatFor(formatOf(paragraphs.front()).cell.style, endOf(paragraphs.front())));
+    for (int r = row; r < row + cells.rows; ++r) {
+        for (int c = column; c < column + cells.columns; ++c) {
+            if (isCovered(table, r, c))
+                return false;
+        }
+    }
+    return true;
+}
+
+void TextBuilder::fillCell(QTextTable &table, const TableShape &shape, int row, int column)
+{
+    if (isCovered(table, row, column))
+        return;
+    const auto r = static_cast<size_t>(row);
+    const auto c = static_cast<size_t>(column);
+    const std::vector<TextParagraph> &paragraphs = shape.rows[r][c];
+    QTextTableCellFormat format =
+        cellFormatFor(formatOf(paragraphs.front()).cell.style, endOf(paragraphs.front()));
+    const MergedCells merged = shape.mergedAt(r, c, g_text);
+    if (merged.cells.size() > 1 && areFree(table, row, column, merged)) {
+        // While the others are empty, and the last paragraph here is nobody's yet.
+        table.mergeCells(row, column, merged.rows, merged.columns);
+        format.setProperty(MergedProperty, QVariant::fromValue(merged));
+    }
+    QTextTableCell cell = table.cellAt(row, column);
+    cell.setFormat(format);
     g_cursor = cell.firstCursorPosition();
     g_isFresh = true;
     for (const TextParagraph &paragraph : paragraphs)

@@ -81,6 +81,9 @@ void ApplicationWindows::openMultiFileFind()
         g_multiFileFind = std::make_unique<MultiFileFindController>(*g_controller);
         g_multiFileFindWindow = std::make_unique<MultiFileFindWindow>(*g_multiFileFind);
     }
+    using Where = MultiFileFindController::Where;
+    if (g_controller->openDatafileCount() == 0 && g_multiFileFind->where() == Where::OpenDatafiles)
+        g_multiFileFind->setWhere(Where::DatafilesFolder);
     g_multiFileFindWindow->bringToFront();
 }
 

@@ -188,7 +188,11 @@ void TextBridgeTest::htmlBringsItsLooks()
 void TextBridgeTest::aChangeLeavesTheRestAlone()
 {
     for (quint32 seed = 1; seed <= 100; ++seed) {
-        const AttributedText text = RandomRichText(seed).text();
+        AttributedText text = RandomRichText(seed).text();
+        // Nobody selects what another cell covers.
+        text.applyToParagraphs(0, text.size(), [](ParagraphFormat &format) {
+            format.cell.style.horizontal = format.cell.style.vertical = Merge::None;
+        });
         QTextDocument document;
         setText(document, text);
         QTextCursor all(&document);
