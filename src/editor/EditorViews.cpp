@@ -63,9 +63,9 @@ void EditorWindowController::setMode(const QString &mode)
     const EditorFocus focus = g_view->focus();
     const auto [start, length] = g_view->cellTextSelection();
     updateCurrentRecord();
-    const int field = g_tableController->currentField();
-    g_tableController->setCurrentField(toBasic ? g_tableController->fieldForListColumn(field)
-                                               : g_tableController->listColumnForField(field));
+    const int present = g_tableController->currentField();
+    const int field = toBasic ? g_tableController->fieldForListColumn(present)
+                              : g_tableController->listColumnForField(present);
     g_mode = toBasic ? basicMode : listMode;
     if (!isClone()) {
         settings().setMode(g_mode);
@@ -73,6 +73,8 @@ void EditorWindowController::setMode(const QString &mode)
     }
     Q_EMIT modeChanged();
     setUpViewForMode();
+    // The focus has come to the other table meanwhile, and to whatever cell it stood on.
+    g_tableController->setCurrentField(field);
     g_tableController->reload();
     restoreFocus(focus);
     if (focus == EditorFocus::Table && start >= 0)

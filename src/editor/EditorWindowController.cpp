@@ -155,6 +155,7 @@ void EditorWindowController::prepare(const QString &firstRecord)
     if (settings().fields().isEmpty() && isBasicView())
         switchView();
     if (isClone()) {
+        freshenWindowContentSettings();
         Q_EMIT titleChanged();
         Q_EMIT operationsChanged();
         Q_EMIT g_mainWindow->operationsChanged();

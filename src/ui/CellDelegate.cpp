@@ -85,6 +85,12 @@ void CellDelegate::paint(QPainter *painter,
 bool CellDelegate::eventFilter(QObject *object, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(object);
+    if (event->type() == QEvent::FocusOut) {
+        // A menu's commands are for the cell that is being edited: it stays open for them.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason)
+            return false;
+    }
     if (!editor || event->type() != QEvent::KeyPress)
         return HitDelegate::eventFilter(object, event);
     switch (static_cast<QKeyEvent *>(event)->key()) {

@@ -20,7 +20,6 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -223,14 +222,13 @@ void EditorWindow::resumeTableCell(int row, int column)
 
 void EditorWindow::insertIntoCell(const QString &text)
 {
-    if (QWidget *editor = QApplication::focusWidget(); isCellEditor(editor))
+    if (QWidget *editor = g_focus->widget(); isCellEditor(editor))
         insertInCell(editor, text);
 }
 
 EditorFocus EditorWindow::focus() const
 {
-    const bool isInMenus = qobject_cast<QMenuBar *>(focusWidget()) != nullptr;
-    const QWidget *widget = isInMenus ? g_focus->widget() : focusWidget();
+    const QWidget *widget = g_focus->widget();
     if (widget == g_text)
         return EditorFocus::FreeformText;
     if (widget && (widget == g_tables || g_tables->isAncestorOf(widget)))

@@ -16,6 +16,7 @@
 #include "ui/FieldWrapping.h"
 #include "ui/FreeformTextEdit.h"
 #include "ui/Icons.h"
+#include "ui/KeyboardFocus.h"
 #include "ui/RecordTableView.h"
 #include "ui/SpellingMarks.h"
 #include "ui/WindowFrame.h"
@@ -182,8 +183,8 @@ void EditorWindow::setTextScale(double scale)
 
 void EditorWindow::insertTyped(const QString &text)
 {
-    if (isCellEditor(focusWidget())) {
-        insertInCell(focusWidget(), text);
+    if (isCellEditor(g_focus->widget())) {
+        insertInCell(g_focus->widget(), text);
     } else if (!g_text->isReadOnly()) {
         g_text->insertTyped(text);
     }
@@ -191,7 +192,8 @@ void EditorWindow::insertTyped(const QString &text)
 
 std::pair<int, int> EditorWindow::cellTextSelection() const
 {
-    return g_tables->isAncestorOf(focusWidget()) ? cellSelection(focusWidget()) : std::pair(-1, 0);
+    const QWidget *widget = g_focus->widget();
+    return g_tables->isAncestorOf(widget) ? cellSelection(widget) : std::pair(-1, 0);
 }
 
 void EditorWindow::setCellTextSelection(int start, int length)

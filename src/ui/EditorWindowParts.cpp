@@ -67,6 +67,7 @@ void EditorWindow::buildTables()
     g_listTable->setObjectName(u"listTableView"_s);
     g_listTable->setAccessibleName(tr("Selected records"));
     g_listTable->setModel(&tables.listTableModel());
+    g_listTable->setEntryRow([this] { return static_cast<int>(g_controller.indexOfCurrentRecord()); });
     g_listTable->setDragDropMode(QAbstractItemView::DragOnly);
     g_listTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildColumnMenu();

@@ -17,4 +17,10 @@ KeyboardFocus::KeyboardFocus(QWidget &window) : QObject(&window)
     });
 }
 
+QWidget *KeyboardFocus::widget() const
+{
+    QWidget *now = static_cast<QWidget *>(parent())->focusWidget();
+    return !now || qobject_cast<QMenuBar *>(now) ? g_widget.data() : now;
+}
+
 } // namespace tavrin

@@ -17,7 +17,7 @@ public:
     explicit KeyboardFocus(QWidget &window);
 
     /// Null when no widget of the window had it yet.
-    QWidget *widget() const { return g_widget; }
+    QWidget *widget() const;
 
 private:
     QPointer<QWidget> g_widget;

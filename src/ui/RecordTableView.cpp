@@ -70,8 +70,10 @@ void RecordTableView::editCell(int row, int column)
 void RecordTableView::focusInEvent(QFocusEvent *event)
 {
     // Whoever starts typing at once types into the first value.
-    if (!currentIndex().isValid())
-        selectionModel()->setCurrentIndex(model()->index(0, g_firstColumn), QItemSelectionModel::NoUpdate);
+    if (!currentIndex().isValid()) {
+        const int row = g_entryRow ? g_entryRow() : 0;
+        selectionModel()->setCurrentIndex(model()->index(row, g_firstColumn), QItemSelectionModel::NoUpdate);
+    }
     QTableView::focusInEvent(event);
 }
 

@@ -22,6 +22,8 @@ public:
 
     /// The first column that the keyboard reaches: a label before it is not a place to be.
     void setFirstColumn(int column) { g_firstColumn = column; }
+    /// The row where the keyboard comes in while no cell is the current one, if not the first.
+    void setEntryRow(std::function<int()> row) { g_entryRow = std::move(row); }
 
     /// Commits the cell being edited.
     void endEditing();
@@ -54,6 +56,7 @@ private:
     QModelIndex dropTarget(const QDropEvent &event) const;
 
     std::function<bool(const QModelIndex &, const QString &)> g_textDrop;
+    std::function<int()> g_entryRow;
     int g_firstColumn = 0;
 };
 

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void escapePutsTheOldValueBack();
     void lookingThroughCellsChangesNothing();
     void whatIsTypedOutlivesScalingAndSaving();
+    void switchingViewsFromACellKeepsRecordAndField();
     void listViewShowsTheRowThatIsChosen();
     void whatIsTypedIsCleanedAtOnce();
     void everyCommandIsInAMenu();
@@ -217,6 +218,20 @@ void EditorWindowTest::whatIsTypedOutlivesScalingAndSaving()
     QCOMPARE(fieldInFile(0), u"listed"_s);
 }
 
+void EditorWindowTest::switchingViewsFromACellKeepsRecordAndField()
+{
+    RecordTableView &fields = table(u"basicTableView"_s);
+    RecordTableView &list = table(u"listTableView"_s);
+    fields.editCell(2, 1);
+    trigger(u"switchView:"_s);
+    QCOMPARE(window().controller().indexOfCurrentRecord(), 1);
+    QCOMPARE(list.currentIndex(), list.model()->index(1, 2));
+    QVERIFY(list.isEditing());
+    trigger(u"switchView:"_s);
+    QCOMPARE(fields.currentIndex(), fields.model()->index(2, 1));
+    QVERIFY(fields.isEditing());
+}
+
 void EditorWindowTest::listViewShowsTheRowThatIsChosen()
 {
     trigger(u"goToFirstRecord:"_s);
@@ -292,6 +307,13 @@ void EditorWindowTest::menusAreForTheTextThatWasLeftForThem()
     window().menuBar()->actions().at(1)->menu()->popup(QPoint());
     QVERIFY(window().findChild<QAction *>(u"copy:"_s)->isEnabled());
     window().menuBar()->actions().at(1)->menu()->close();
+
+    table(u"basicTableView"_s).editCell(0, 1);
+    const QLineEdit *cell = cellEditor();
+    window().menuBar()->setFocus(Qt::MenuBarFocusReason);
+    QVERIFY(table(u"basicTableView"_s).isEditing());
+    window().insertTyped(u"stamp"_s);
+    QVERIFY(cell->text().endsWith("stamp"_L1));
 }
 
 void EditorWindowTest::noTwoActionsShareAShortcut()
