@@ -72,7 +72,7 @@ private:
     QByteArrayView g_text;
     BlockList<Cell> g_cells;
     BlockList<quint32> g_rowEnds; ///< By row: the number of the cell behind its last one.
-    QByteArray g_own; ///< One behind the other, so that millions of them cost only their bytes.
+    QByteArray g_own;             ///< One behind the other, so that millions of them cost only their bytes.
     std::vector<QByteArray> g_largeOwn;
     quint32 g_width = 0;
 };
