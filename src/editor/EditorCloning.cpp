@@ -18,8 +18,8 @@ void EditorWindowController::openCloneWindow()
         Q_EMIT cloneWindowRequested();
 }
 
-/// Takes over what the main window has on screen and not yet in the record, and shows it all anew. A text that
-/// is still the same stays where the reader has scrolled it.
+/// Takes over what the main window has on screen and not yet in the record, and shows it all anew. A text
+/// that is still the same stays where the reader has scrolled it.
 void EditorWindowController::reloadClone()
 {
     g_mainWindow->saveIfDifferentRecord(nullptr);
