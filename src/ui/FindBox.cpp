@@ -112,6 +112,15 @@ void FindBox::showToggleMenu(const QPoint &position)
 
 bool FindBox::eventFilter(QObject *object, QEvent *event)
 {
+    if (event->type() == QEvent::ShortcutOverride) {
+        // Without typing to take back, the keys are the window's.
+        const auto *undoing = static_cast<QKeyEvent *>(event);
+        if ((undoing->matches(QKeySequence::Undo) && !g_entry->isUndoAvailable())
+            || (undoing->matches(QKeySequence::Redo) && !g_entry->isRedoAvailable())) {
+            event->ignore();
+            return true;
+        }
+    }
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(object, event);
     const auto *key = static_cast<QKeyEvent *>(event);
