@@ -32,7 +32,11 @@ void CellLinksTest::addressesAreFollowed()
 {
     QFETCH(const bool, wraps);
     QWidget window;
-    QWidget *editor = wraps ? static_cast<QWidget *>(new WrappedCellEdit(&window)) : new QLineEdit(&window);
+    QWidget *editor = nullptr;
+    if (wraps)
+        editor = new WrappedCellEdit(QTextOption::WordWrap, &window);
+    else
+        editor = new QLineEdit(&window);
     auto *links = new CellLinks(editor);
     QCOMPARE(CellLinks::of(editor), links);
     editor->resize(400, 60);
