@@ -19,7 +19,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSortFilterProxyModel>
 #include <QTableView>
 
 #include <algorithm>
@@ -28,31 +27,6 @@ namespace tavrin {
 
 using namespace Qt::StringLiterals;
 using Controller = MultiFileFindController;
-
-namespace {
-
-/// Sorts by any column, texts as people order them; the last row stays the last.
-class SortedResults : public QSortFilterProxyModel
-{
-public:
-    explicit SortedResults(QObject *parent) : QSortFilterProxyModel(parent)
-    {
-        setSortCaseSensitivity(Qt::CaseInsensitive);
-        setSortLocaleAware(true);
-    }
-
-protected:
-    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override
-    {
-        const bool leftEnds = left.data(MultiFileResults::EndRole).toBool();
-        const bool rightEnds = right.data(MultiFileResults::EndRole).toBool();
-        if (leftEnds != rightEnds)
-            return rightEnds == (sortOrder() == Qt::AscendingOrder);
-        return QSortFilterProxyModel::lessThan(left, right);
-    }
-};
-
-} // namespace
 
 MultiFileFindWindow::MultiFileFindWindow(MultiFileFindController &controller) : g_controller(controller)
 {
@@ -156,9 +130,7 @@ void MultiFileFindWindow::makeTable()
 {
     g_table = new QTableView(this);
     g_table->setAccessibleName(tr("What was found"));
-    g_sorted = new SortedResults(this);
-    g_sorted->setSourceModel(&g_controller.results());
-    g_table->setModel(g_sorted);
+    g_table->setModel(&g_controller.results());
     g_table->setItemDelegate(new HitDelegate(g_table));
     g_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     g_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -215,7 +187,7 @@ void MultiFileFindWindow::choose()
 
 void MultiFileFindWindow::openCurrent()
 {
-    if (const QModelIndex index = g_sorted->mapToSource(g_table->currentIndex()); index.isValid())
+    if (const QModelIndex index = g_table->currentIndex(); index.isValid())
         g_controller.openRow(index.row());
 }
 

@@ -9,7 +9,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QSortFilterProxyModel;
 class QTableView;
 
 namespace tavrin {
@@ -50,7 +49,6 @@ private:
     QPushButton *g_cancel = nullptr;
     QPushButton *g_open = nullptr;
     QLabel *g_summary = nullptr;
-    QSortFilterProxyModel *g_sorted = nullptr;
     QTableView *g_table = nullptr;
 };
 
