@@ -6,8 +6,6 @@
 #include "editor/SpellingDictionary.h"
 #include "model/Preferences.h"
 
-#include <QThread>
-
 namespace tavrin {
 
 using namespace Qt::StringLiterals;
@@ -29,11 +27,7 @@ Spelling::Spelling(Preferences &preferences) : g_preferences(preferences)
     });
 }
 
-Spelling::~Spelling()
-{
-    if (g_reading)
-        g_reading->wait();
-}
+Spelling::~Spelling() = default;
 
 bool Spelling::isOn() const
 {
@@ -42,19 +36,19 @@ bool Spelling::isOn() const
 
 void Spelling::prepare()
 {
-    if (!isOn() || g_reading)
+    if (!isOn() || g_isPrepared)
         return;
+    g_isPrepared = true;
     QStringList languages = QLocale::system().uiLanguages();
     // A system that was told no language speaks this one.
     if (languages.isEmpty() || languages.front() == "C"_L1)
         languages = {u"en-US"_s};
     const auto read = std::make_shared<std::unique_ptr<SpellingDictionary>>();
-    g_reading.reset(QThread::create([read, languages] {
+    const auto load = [read, languages] {
         *read = SpellingDictionary::load(
             SpellingDictionary::pathFor(languages, SpellingDictionary::systemFolders()));
-    }));
-    connect(g_reading.get(), &QThread::finished, this, [this, read] { take(std::move(*read)); });
-    g_reading->start(QThread::LowPriority);
+    };
+    g_reading.begin(load, [this, read] { take(std::move(*read)); });
 }
 
 void Spelling::take(std::unique_ptr<SpellingDictionary> dictionary)

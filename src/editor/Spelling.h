@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include "base/BackgroundWork.h"
+
 #include <QHash>
 #include <QObject>
 #include <QStringList>
 
 #include <memory>
-
-class QThread;
 
 namespace tavrin {
 
@@ -48,7 +48,8 @@ private:
 
     Preferences &g_preferences;
     std::unique_ptr<SpellingDictionary> g_dictionary;
-    std::unique_ptr<QThread> g_reading;
+    bool g_isPrepared = false;
+    BackgroundWork g_reading;
     QHash<QString, bool> g_known; ///< What was looked up lately.
 };
 
