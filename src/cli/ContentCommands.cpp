@@ -7,6 +7,7 @@
 #include "cli/Json.h"
 #include "cli/RecordAccess.h"
 #include "cli/Table.h"
+#include "cli/TerminalProgress.h"
 #include "document/FieldCommands.h"
 #include "document/TextMoving.h"
 
@@ -90,7 +91,7 @@ ExitStatus runWork(Call &call, const MakeWork &make)
     const Result<std::unique_ptr<ContentWork>> work = make(call.arguments, document);
     if (!work)
         return call.failed(work.error());
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     (*work)->run(progress);
     if (edit) {
         const Result<bool> changed = (*work)->apply(document);

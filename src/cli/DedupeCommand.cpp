@@ -3,6 +3,7 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
+#include "cli/TerminalProgress.h"
 #include "document/DuplicateRemoval.h"
 
 #include <QJsonArray>
@@ -23,7 +24,7 @@ ExitStatus runDedupe(Call &call)
     using Compare = DuplicateRemoval::Compare;
     DuplicateRemoval removal(
         edit->document(), call.arguments.has(u"--plain-text"_s) ? Compare::PlainTexts : Compare::RichTexts);
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     removal.run(progress);
     const QStringList removed = removal.apply(edit->document());
     // Nothing to remove leaves the datafile as it is; a copy that was asked for is made all the same.

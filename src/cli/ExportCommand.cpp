@@ -3,6 +3,7 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
+#include "cli/TerminalProgress.h"
 #include "io/HtmlExport.h"
 #include "io/RecordFiles.h"
 #include "io/TableExport.h"
@@ -23,7 +24,7 @@ struct ExportCall
     const Arguments &arguments;
     const ExportedRecords &records;
     QString path;
-    Progress progress;
+    TerminalProgress progress;
 };
 
 Result<qsizetype> exportAsTable(ExportCall &call, TableExportOptions::Form form)
@@ -171,7 +172,7 @@ ExitStatus runExport(Call &call)
     if (!document)
         return call.failed(document.error());
     const ExportedRecords records(**document);
-    ExportCall exported{call.arguments, records, path, {}};
+    ExportCall exported{call.arguments, records, path, TerminalProgress(call.arguments)};
     const Result<qsizetype> count = form->run(exported);
     if (!count)
         return call.failed(count.error());

@@ -8,6 +8,7 @@
 #include "cli/Json.h"
 #include "cli/RecordAccess.h"
 #include "cli/Table.h"
+#include "cli/TerminalProgress.h"
 #include "document/FieldOperations.h"
 #include "document/FieldTotals.h"
 
@@ -33,7 +34,7 @@ const QStringList &definingOptions()
 void writeFields(const Call &call, const DatafileDocument &document)
 {
     FieldUse use(document);
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     use.run(progress);
     QJsonArray array;
     for (const FieldDefinition &field : document.datafileSettings().fields()) {
@@ -246,7 +247,7 @@ ExitStatus runTotal(Call &call)
     if (!fields)
         return call.failed(fields.error());
     FieldTotals totals(document, *fields);
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     totals.run(progress);
     if (edit) {
         if (const Result<> recorded = recordTotals(totals, document, updates); !recorded)

@@ -6,6 +6,7 @@
 #include "cli/RecordAccess.h"
 #include "cli/SearchOptions.h"
 #include "cli/Table.h"
+#include "cli/TerminalProgress.h"
 #include "search/DatafileSearch.h"
 #include "search/FindSelection.h"
 #include "search/TargetStringList.h"
@@ -108,7 +109,7 @@ ExitStatus listHits(Call &call)
     const DatafileSearch search(**document, query->options, query->fieldsToSearchIn);
     const SubsetSortedData &catalog = (*document)->datafileCatalog();
     QList<FoundRecord> found;
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     search.forEachRecordHolding(query->keys, progress, [&](qint64 record, const RecordView &view) {
         found.append(
             {record + 1, catalog.selectedIdentifierAtIndex(record), search.hitsInRecord(view, query->keys)});
@@ -129,7 +130,7 @@ ExitStatus narrowSelection(Call &call)
     const Result<Query> query = queryOf(call, document.datafileSettings());
     if (!query)
         return call.failed(query.error());
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     FindSelection selection(document, query->keys, query->options, query->fieldsToSearchIn);
     selection.run(progress);
     if (const Result<bool> isDone = selection.apply(document); !isDone || !*isDone)

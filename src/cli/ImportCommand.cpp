@@ -3,6 +3,7 @@
 
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
+#include "cli/TerminalProgress.h"
 #include "io/FolderFiles.h"
 #include "io/TableImport.h"
 
@@ -136,7 +137,7 @@ ExitStatus importInto(Call &call, const QStringList &fieldNames, const Fill &fil
 
 ExitStatus importTableFile(Call &call, const ImportOptions &options)
 {
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     const Result<TextContent> text = readTextFile(call.arguments.operand(1), {}, progress);
     if (!text)
         return call.failed(text.error());
@@ -162,7 +163,7 @@ ExitStatus importOthers(Call &call, const Result<ReadRecords> &records, ImportDe
     if (!records)
         return call.failed(records.error());
     const auto fill = [&](DatafileDocument &document) {
-        Progress progress;
+        TerminalProgress progress(call.arguments);
         return importRecords(document, *records, destination, progress);
     };
     if (records->skippedCount > 0)
@@ -180,7 +181,7 @@ Result<ReadRecords> readRichText(const QString &path, const QString &delimiter)
 
 Result<ReadRecords> readOthers(const Arguments &arguments)
 {
-    Progress progress;
+    TerminalProgress progress(arguments);
     const QString path = arguments.operand(1);
     if (arguments.operand(0) == u"json") {
         const Result<TextContent> text = readTextFile(path, {}, progress);

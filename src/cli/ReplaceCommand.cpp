@@ -4,6 +4,7 @@
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
 #include "cli/SearchOptions.h"
+#include "cli/TerminalProgress.h"
 #include "search/DatafileReplace.h"
 
 namespace tavrin {
@@ -43,7 +44,7 @@ ExitStatus runReplace(Call &call)
     const auto formatting =
         call.arguments.has(u"--plain-text"_s) ? UnkeptFormatting::Drop : UnkeptFormatting::Leave;
     ReplaceAllWork work(document, replacement, *code, formatting);
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     work.run(progress);
     if (!work.leftTexts().empty())
         return call.failed(

@@ -4,6 +4,7 @@
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
 #include "cli/RecordAccess.h"
+#include "cli/TerminalProgress.h"
 #include "document/DatafileArrangement.h"
 
 #include <algorithm>
@@ -225,7 +226,7 @@ Result<bool> applyTo(DatafileDocument &document, const Arguments &arguments, con
         return criteria.error();
     const bool fromOmitted = arguments.has(u"--from-omitted"_s);
     const qint64 before = document.datafileCatalog().countSelected();
-    Progress progress;
+    TerminalProgress progress(arguments);
     const Result<bool> selected = arrangement.select(*criteria, fromOmitted, progress);
     if (!selected)
         return selected.error();

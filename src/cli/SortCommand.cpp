@@ -4,6 +4,7 @@
 #include "cli/DatafileAccess.h"
 #include "cli/Json.h"
 #include "cli/RecordAccess.h"
+#include "cli/TerminalProgress.h"
 #include "document/DatafileArrangement.h"
 
 #include <algorithm>
@@ -165,7 +166,7 @@ ExitStatus runSort(Call &call)
     DatafileDocument &document = edit->document();
     if (const Result<> stored = storeFields(call, document.datafileSettings(), criteria); !stored)
         return call.failed(stored.error());
-    Progress progress;
+    TerminalProgress progress(call.arguments);
     if (const auto sorted = DatafileArrangement(document).sort(criteria, progress); !sorted)
         return refused(call, sorted.error());
     if (const Result<> written = edit->write(); !written)
