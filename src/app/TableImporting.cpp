@@ -4,6 +4,7 @@
 #include "app/TableImporting.h"
 
 #include "app/ImportAssistantSheetController.h"
+#include "base/Log.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -53,9 +54,11 @@ void TableImporting::askForOptions(TableKind kind,
     auto sheet = std::make_unique<ImportSheetController>(
         kind, QFileInfo(path).fileName(), content, importTargetOf(window));
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
+        const bool isOk = code == QVSheetController::FirstButton;
+        qCInfo(log, "%s", isOk ? "NSModalResponseOK" : "NSModalResponseCancel");
         if (code == QVSheetController::ThirdButton)
             runAssistant(path, sheet->content(), window);
-        else if (code == QVSheetController::FirstButton)
+        else if (isOk)
             convert(sheet->options(), path, sheet->content(), window);
     });
     g_sheets.begin(std::move(sheet));
