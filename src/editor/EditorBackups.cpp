@@ -60,6 +60,7 @@ void EditorRecords::backUp(const std::function<void()> &done)
         tellBackupFailure(begun.error().message);
         return;
     }
+    Q_EMIT g_window.statusMessage(tr("Writing a backup…"));
     g_backup = std::make_unique<QObject>();
     connect(&document,
             &DatafileDocument::savingFinished,

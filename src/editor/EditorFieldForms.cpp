@@ -211,6 +211,12 @@ void EditorFields::moveTextIntoFields(bool onlyCurrent)
 
 void EditorFields::moveTextElements()
 {
+    if (g_window.isClone()) {
+        showAlert(g_sheets,
+                  tr("A clone window only shows its records."),
+                  tr("Move text elements in the main window."));
+        return;
+    }
     if (!hasFields())
         return;
     using Element = MoveTextElements::Element;

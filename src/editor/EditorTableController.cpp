@@ -60,6 +60,20 @@ QString EditorTableController::cleanedFieldValue(const QString &value)
     return singleLineFieldText(value);
 }
 
+/// A change of one content, which is to be put in or, behind a change, back in.
+std::unique_ptr<ContentChange> EditorTableController::contentOf(const RecordData *record,
+                                                                const QString &fieldIdentifier,
+                                                                const QString &content,
+                                                                const QString &name) const
+{
+    const DatafileRecordsData &records = g_window.document().datafileRecords();
+    std::vector<ContentChange::Record> changes;
+    changes.push_back({records.identifiers().number(records.identifierForRecord(record)),
+                       {{fieldIdentifier, content}},
+                       {}});
+    return std::make_unique<ContentChange>(name, std::move(changes));
+}
+
 bool EditorTableController::editFieldValue(const RecordData *record,
                                            const QString &fieldIdentifier,
                                            const QString &value)
@@ -67,8 +81,11 @@ bool EditorTableController::editFieldValue(const RecordData *record,
     if (!mayEditRecord(record))
         return false;
     const QString cleaned = cleanedFieldValue(value);
-    if (cleaned != record->fieldValue(fieldIdentifier))
-        g_window.storeFieldValue(*record, fieldIdentifier, cleaned);
+    const QString before = record->fieldValue(fieldIdentifier);
+    if (cleaned == before)
+        return true;
+    g_window.storeFieldValue(*record, fieldIdentifier, cleaned);
+    g_window.document().undoHistory().push(contentOf(record, fieldIdentifier, before, tr("Change Field")));
     return true;
 }
 
@@ -167,12 +184,7 @@ bool EditorTableController::dropText(const RecordData *record,
     if (!mayEditRecord(record))
         return false;
     DatafileDocument &document = g_window.document();
-    const DatafileRecordsData &records = document.datafileRecords();
-    std::vector<ContentChange::Record> changes;
-    changes.push_back({records.identifiers().number(records.identifierForRecord(record)),
-                       {{fieldIdentifier, cleanedFieldValue(text)}},
-                       {}});
-    auto change = std::make_unique<ContentChange>(tr("Drop Text"), std::move(changes));
+    auto change = contentOf(record, fieldIdentifier, cleanedFieldValue(text), tr("Drop Text"));
     change->exchange(document);
     document.undoHistory().push(std::move(change));
     g_window.setDatafileChanged();

@@ -14,6 +14,7 @@
 namespace tavrin {
 
 class BasicTableModel;
+class ContentChange;
 class EditorWindowController;
 class ListTableModel;
 class RecordData;
@@ -84,6 +85,11 @@ Q_SIGNALS:
     void columnWidthsChanged();
 
 private:
+    std::unique_ptr<ContentChange> contentOf(const RecordData *record,
+                                             const QString &fieldIdentifier,
+                                             const QString &content,
+                                             const QString &name) const;
+
     EditorWindowController &g_window;
     std::unique_ptr<BasicTableModel> g_basicTableModel;
     std::unique_ptr<ListTableModel> g_listTableModel;

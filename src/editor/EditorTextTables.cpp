@@ -7,6 +7,7 @@
 #include "editor/EditorWindowController.h"
 #include "editor/TextBridge.h"
 #include "editor/TextSheetController.h"
+#include "editor/TextTables.h"
 
 #include <QTextCursor>
 #include <QTextTable>
@@ -46,6 +47,18 @@ struct CellPlace
     int columns = 1;
 };
 
+/// Gives a cell the look of another, but not its merging. A cell that another one covers stays as it is.
+void likeCell(const QTextTable &table, std::pair<int, int> place, std::pair<int, int> model)
+{
+    QTextTableCell cell = table.cellAt(place.first, place.second);
+    if (cell.row() != place.first || cell.column() != place.second)
+        return;
+    QTextCharFormat look = table.cellAt(model.first, model.second).format();
+    look.setProperty(QTextFormat::TableCellRowSpan, cell.rowSpan());
+    look.setProperty(QTextFormat::TableCellColumnSpan, cell.columnSpan());
+    cell.setFormat(look);
+}
+
 /// What is selected of a table.
 CellPlace placeIn(const QTextTable &table, const QTextCursor &cursor)
 {
@@ -59,6 +72,24 @@ CellPlace placeIn(const QTextTable &table, const QTextCursor &cursor)
 }
 
 } // namespace
+
+void insertTableRow(QTextTable &table, int row)
+{
+    QTextCursor(table.document()).beginEditBlock();
+    table.insertRows(row, 1);
+    for (int column = 0; column < table.columns(); ++column)
+        likeCell(table, {row, column}, {row > 0 ? row - 1 : 1, column});
+    QTextCursor(table.document()).endEditBlock();
+}
+
+void insertTableColumn(QTextTable &table, int column)
+{
+    QTextCursor(table.document()).beginEditBlock();
+    table.insertColumns(column, 1);
+    for (int row = 0; row < table.rows(); ++row)
+        likeCell(table, {row, column}, {row, column > 0 ? column - 1 : 1});
+    QTextCursor(table.document()).endEditBlock();
+}
 
 bool EditorFormatting::isInTable() const
 {
@@ -101,7 +132,7 @@ void EditorFormatting::insertRow(bool below)
     const QTextCursor edited = cursor();
     if (QTextTable *table = edited.isNull() ? nullptr : edited.currentTable()) {
         const CellPlace place = placeIn(*table, edited);
-        table->insertRows(below ? place.row + place.rows : place.row, 1);
+        insertTableRow(*table, below ? place.row + place.rows : place.row);
     }
 }
 
@@ -110,7 +141,7 @@ void EditorFormatting::insertColumn(bool right)
     const QTextCursor edited = cursor();
     if (QTextTable *table = edited.isNull() ? nullptr : edited.currentTable()) {
         const CellPlace place = placeIn(*table, edited);
-        table->insertColumns(right ? place.column + place.columns : place.column, 1);
+        insertTableColumn(*table, right ? place.column + place.columns : place.column);
     }
 }
 

@@ -18,7 +18,11 @@ void FileSheetController::keepFolder(Preferences &preferences, const QString &ke
         if (code != FirstButton || path().isEmpty())
             return;
         const bool isFolder = g_request.purpose == Purpose::OpenFolder;
-        preferences.setObject(isFolder ? path() : QFileInfo(path()).absolutePath(), key);
+        QFileInfo folder(isFolder ? path() : QFileInfo(path()).absolutePath());
+        // A folder that is a document is no place for others.
+        while (folder.suffix().compare(QLatin1StringView("rtfd"), Qt::CaseInsensitive) == 0)
+            folder = QFileInfo(folder.absolutePath());
+        preferences.setObject(folder.absoluteFilePath(), key);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "editor/EditorTableController.h"
 #include "ui/CellEditor.h"
 #include "ui/CellLinks.h"
+#include "ui/TextState.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -90,6 +91,11 @@ bool CellDelegate::eventFilter(QObject *object, QEvent *event)
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason)
             return false;
+    }
+    if (event->type() == QEvent::ShortcutOverride
+        && leavesKeyToWindow(editor, *static_cast<QKeyEvent *>(event))) {
+        event->ignore();
+        return true;
     }
     if (!editor || event->type() != QEvent::KeyPress)
         return HitDelegate::eventFilter(object, event);

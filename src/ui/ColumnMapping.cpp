@@ -55,9 +55,9 @@ ColumnTable::ColumnTable(QWidget *parent) : QTableWidget(parent)
 bool ColumnTable::eventFilter(QObject *watched, QEvent *event)
 {
     QHeaderView *header = horizontalHeader();
-    if (watched != header->viewport())
+    const auto *mouse = dynamic_cast<QMouseEvent *>(event);
+    if (watched != header->viewport() || !mouse)
         return QTableWidget::eventFilter(watched, event);
-    const auto *mouse = static_cast<QMouseEvent *>(event);
     if (event->type() == QEvent::MouseButtonPress) {
         // On the line between two columns it changes their widths.
         const bool resizes = header->viewport()->cursor().shape() == Qt::SplitHCursor;

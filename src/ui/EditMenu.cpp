@@ -5,23 +5,23 @@
 
 #include "ui/EditorWindow.h"
 #include "ui/KeyboardFocus.h"
+#include "ui/TextState.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QShortcut>
 #include <QTextEdit>
 
 #include <map>
-#include <optional>
 
 namespace tavrin {
 
 namespace {
+
+constexpr const char *shownKey = "shownKey";
 
 bool takesFormats(const QWidget *widget)
 {
@@ -29,40 +29,10 @@ bool takesFormats(const QWidget *widget)
     return text && text->canPaste();
 }
 
-struct TextState
-{
-    bool canUndo;
-    bool canRedo;
-    bool hasSelection;
-    bool writable;
-};
-
-template <typename Text>
-TextState stateOfText(const Text &text)
-{
-    return {text.document()->isUndoAvailable(),
-            text.document()->isRedoAvailable(),
-            text.textCursor().hasSelection(),
-            !text.isReadOnly()};
-}
-
-/// Of whatever texts are typed into: a line, a field that is wrapped, or the Freeform Text Area.
-std::optional<TextState> stateOf(const QWidget *widget)
-{
-    if (const auto *line = qobject_cast<const QLineEdit *>(widget))
-        return TextState{
-            line->isUndoAvailable(), line->isRedoAvailable(), line->hasSelectedText(), !line->isReadOnly()};
-    if (const auto *plain = qobject_cast<const QPlainTextEdit *>(widget))
-        return stateOfText(*plain);
-    if (const auto *text = qobject_cast<const QTextEdit *>(widget))
-        return stateOfText(*text);
-    return {};
-}
-
 /// What the focused text allows now, by the name of its slot.
 std::map<QByteArray, bool> allowedIn(const QWidget *widget)
 {
-    const auto text = stateOf(widget);
+    const auto text = textStateOf(widget);
     if (!text)
         return {};
     const QMimeData *clipboard = QApplication::clipboard()->mimeData();
@@ -90,10 +60,15 @@ EditMenu::EditMenu(EditorWindowController &controller, const KeyboardFocus &focu
     addSeparator();
     addCommand(tr("Select &All"), QKeySequence::SelectAll, "selectAll");
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateCommands);
-    // A text with typing of its own to take back catches the key before these do.
-    for (const char *slot : {"undo", "redo"}) {
-        const auto key = *slot == 'u' ? QKeySequence::Undo : QKeySequence::Redo;
-        connect(new QShortcut(key, window), &QShortcut::activated, this, [this, slot] { run(slot); });
+    // A text with typing of its own to take back catches the key before these do. The actions only show it:
+    // while the menu bar has the keyboard, theirs would be a second one.
+    for (QAction *action : {g_undo, g_redo}) {
+        const QKeySequence key = action->shortcut();
+        action->setShortcut({});
+        action->setProperty(shownKey, u'\t' + key.toString(QKeySequence::NativeText));
+        connect(new QShortcut(key, window), &QShortcut::activated, this, [this, action] {
+            run(action->data().toByteArray());
+        });
     }
 }
 
@@ -149,7 +124,7 @@ void EditMenu::updateCommands()
 void EditMenu::updateUndo(QAction *action, const QString &verb, bool textCan, const QString &step)
 {
     const bool isStep = !textCan && !step.isEmpty();
-    action->setText(isStep ? verb + u' ' + step : verb);
+    action->setText((isStep ? verb + u' ' + step : verb) + action->property(shownKey).toString());
     action->setEnabled(textCan || isStep);
 }
 

@@ -81,6 +81,9 @@ void EditorWindow::buildTables()
                 // Not a field of a locked record: that only is not edited.
                 if (tables.listTableModel().isTextColumn(index.column()))
                     g_text->setFocus();
+                else if (const RecordData *record = g_controller.currentRecord();
+                         record && record->recordLocked())
+                    Q_EMIT g_controller.statusMessage(tr("This record is locked."));
             });
     connect(g_listTable->selectionModel(),
             &QItemSelectionModel::currentChanged,

@@ -4,6 +4,7 @@
 #include "ui/FindBox.h"
 
 #include "ui/Icons.h"
+#include "ui/TextState.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -116,11 +117,8 @@ bool FindBox::eventFilter(QObject *object, QEvent *event)
         return QWidget::eventFilter(object, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     if (event->type() == QEvent::ShortcutOverride) {
-        // Without typing to take back, the keys are the window's.
-        const bool isFree = (key->matches(QKeySequence::Undo) && !g_entry->isUndoAvailable())
-                            || (key->matches(QKeySequence::Redo) && !g_entry->isRedoAvailable());
         event->setAccepted(false);
-        return isFree;
+        return leavesKeyToWindow(g_entry, *key);
     }
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
         return QWidget::eventFilter(object, event);

@@ -6,6 +6,7 @@
 #include "editor/TextBridge.h"
 #include "editor/TextChanging.h"
 #include "editor/TextLists.h"
+#include "editor/TextTables.h"
 #include "ui/DatafileDrop.h"
 #include "ui/HitColors.h"
 #include "ui/LinkColors.h"
@@ -269,7 +270,7 @@ bool FreeformTextEdit::moveInTable(bool forward)
         if (number < 0)
             return true;
         if (number >= table->rows() * columns)
-            table->appendRows(1);
+            insertTableRow(*table, table->rows());
         next = table->cellAt(number / columns, number % columns);
     } while (numberOf(next) != number);
     setTextCursor(next.firstCursorPosition());

@@ -115,6 +115,13 @@ QItemSelectionModel::SelectionFlags RecordTableView::selectionCommand(const QMod
     return command.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : command;
 }
 
+// What is typed is for this cell, or for none: were another row looked for, the next key would go into that.
+void RecordTableView::keyboardSearch(const QString & /*search*/)
+{
+    if (currentIndex().isValid() && !currentIndex().flags().testFlag(Qt::ItemIsEditable))
+        Q_EMIT uneditableCellClicked(currentIndex());
+}
+
 void RecordTableView::setTextDrop(std::function<bool(const QModelIndex &, const QString &)> drop)
 {
     g_textDrop = std::move(drop);

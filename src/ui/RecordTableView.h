@@ -35,7 +35,7 @@ public:
     void editCell(int row, int column);
 
 Q_SIGNALS:
-    /// The person clicked a cell that cannot be edited.
+    /// The person clicked a cell that cannot be edited, or typed there.
     void uneditableCellClicked(const QModelIndex &index);
     /// A link in a cell that cannot be edited is to be followed.
     void linkFollowed(const QString &link);
@@ -48,6 +48,7 @@ protected:
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyboardSearch(const QString &search) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -38,6 +39,16 @@ WorkPanel::WorkPanel(const QString &title, QWidget *window)
     layout->addWidget(g_done);
     layout->addWidget(buttons);
     setFraction(-1);
+    if (window)
+        window->installEventFilter(this);
+}
+
+bool WorkPanel::eventFilter(QObject *object, QEvent *event)
+{
+    // Escape is to be heard, however the window behind came to the front.
+    if (event->type() == QEvent::WindowActivate && isVisible())
+        activateWindow();
+    return QDialog::eventFilter(object, event);
 }
 
 void WorkPanel::setFraction(double fraction)

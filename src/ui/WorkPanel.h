@@ -24,6 +24,9 @@ public:
 
     void setDoneText(const QString &text);
 
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 private:
     QProgressBar *g_bar;
     QLabel *g_done;
