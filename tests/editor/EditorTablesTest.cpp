@@ -25,7 +25,7 @@ private Q_SLOTS:
     void aHeaderClickSizesByTheKeysHeld();
     void columnsAreAsWideAsTheirContentOrTitle();
     void rowsGrowWithWhatTheyWrap();
-    void aDroppedTextIsCleanedAndCanBeTakenBack();
+    void whatIsDroppedOrTypedIsCleanedAndCanBeTakenBack();
     void typingDoesNotResetTheCell();
     void anotherTextScaleKeepsWhatIsTyped();
 };
@@ -230,7 +230,7 @@ void EditorTablesTest::rowsGrowWithWhatTheyWrap()
     QVERIFY(tables.wrappedHeight(QString(300, u'x'), 300) > 3 * line);
 }
 
-void EditorTablesTest::aDroppedTextIsCleanedAndCanBeTakenBack()
+void EditorTablesTest::whatIsDroppedOrTypedIsCleanedAndCanBeTakenBack()
 {
     EditorFixture editor;
     editor.entries[1].locked = true;
@@ -245,6 +245,13 @@ void EditorTablesTest::aDroppedTextIsCleanedAndCanBeTakenBack()
     editor.window->undo();
     QCOMPARE(editor.valueIn(u"r0"_s), u"A"_s);
     QCOMPARE(told.last().first().toString(), u"Undone: Drop Text"_s);
+
+    QVERIFY(list.setData(list.index(0, 0), u"typed"_s, Qt::EditRole));
+    QVERIFY(editor.window->redoName().isEmpty());
+    editor.window->undo();
+    QCOMPARE(editor.valueIn(u"r0"_s), u"A"_s);
+    editor.window->redo();
+    QCOMPARE(editor.valueIn(u"r0"_s), u"typed"_s);
 }
 
 void EditorTablesTest::typingDoesNotResetTheCell()

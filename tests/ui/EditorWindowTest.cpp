@@ -47,6 +47,7 @@ private Q_SLOTS:
     void everyCommandIsInAMenu();
     void everyControlHasAName();
     void menusAreForTheTextThatWasLeftForThem();
+    void typingOnALockedRecordChangesNoOther();
     void noTwoActionsShareAShortcut();
     void noShortcutAndNoMnemonicIsGivenTwice();
 
@@ -314,6 +315,18 @@ void EditorWindowTest::menusAreForTheTextThatWasLeftForThem()
     QVERIFY(table(u"basicTableView"_s).isEditing());
     window().insertTyped(u"stamp"_s);
     QVERIFY(cell->text().endsWith("stamp"_L1));
+}
+
+void EditorWindowTest::typingOnALockedRecordChangesNoOther()
+{
+    window().controller().setMode(u"List"_s);
+    RecordTableView &list = table(u"listTableView"_s);
+    list.setFocus();
+    list.setCurrentIndex(list.model()->index(0, 0)); // The first one is locked.
+    for (const char letter : {'y', 'q'})
+        QTest::keyClick(&list, letter);
+    QCOMPARE(list.currentIndex().row(), 0);
+    QVERIFY(!list.isEditing());
 }
 
 void EditorWindowTest::noTwoActionsShareAShortcut()
