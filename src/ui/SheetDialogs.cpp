@@ -102,11 +102,37 @@ void addFolderButton(FileSheetController &sheet, QFileDialog &panel)
     });
 }
 
+/// A panel for which a folder with the document's extension is a document, too: accepting it does not mean to
+/// go into it.
+class FilePanel : public QFileDialog
+{
+public:
+    FilePanel(QWidget *parent, const FileSheetController::Request &request)
+        : QFileDialog(parent, request.title, request.folder)
+        , g_extension(request.requiredExtension)
+    {}
+
+protected:
+    void accept() override
+    {
+        const QFileInfo chosen(selectedFiles().value(0));
+        const bool isDocument = acceptMode() == AcceptSave && !g_extension.isEmpty() && chosen.isDir()
+                                && chosen.suffix() == g_extension;
+        if (isDocument)
+            QDialog::accept();
+        else
+            QFileDialog::accept();
+    }
+
+private:
+    QString g_extension;
+};
+
 QDialog *makeFilePanel(FileSheetController &sheet, QWidget *parent)
 {
     const FileSheetController::Request &request = sheet.request();
     using Purpose = FileSheetController::Purpose;
-    auto *panel = new QFileDialog(parent, request.title, request.folder);
+    auto *panel = new FilePanel(parent, request);
     switch (request.purpose) {
     case Purpose::OpenFile:
         panel->setFileMode(QFileDialog::ExistingFile);
