@@ -80,20 +80,6 @@ public:
         return g_descriptor.isOpen();
     }
 
-    bool write(QByteArrayView bytes)
-    {
-        while (!bytes.isEmpty()) {
-            const ssize_t written =
-                ::write(g_descriptor.value(), bytes.data(), static_cast<size_t>(bytes.size()));
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written < 0)
-                return false;
-            bytes = bytes.sliced(written);
-        }
-        return true;
-    }
-
     /// Gives the file the permissions and, best effort, the owner of the one it replaces; a new file gets
     /// what any program's new file gets.
     void takeAttributes(const QByteArray &target)
@@ -159,27 +145,37 @@ bool mayBeReplaced(const QByteArray &target)
     return false;
 }
 
-/// Producers write in small pieces; the system is asked in large ones.
+/// Producers write in small pieces; the system is asked in large ones. Nothing is written after a failure.
 class PieceWriter
 {
 public:
-    explicit PieceWriter(TemporaryFile &file) : g_file(file) { g_buffer.reserve(pieceSize); }
+    PieceWriter(const Descriptor &file, const QString &path) : g_file(file), g_path(path)
+    {
+        g_buffer.reserve(pieceSize);
+    }
 
     bool append(QByteArrayView bytes)
     {
-        g_size += bytes.size();
         if (g_buffer.size() + bytes.size() > pieceSize && !flush())
             return false;
         if (bytes.size() >= directFrom)
             return flush() && writeNow(bytes);
         g_buffer.append(bytes);
-        return g_failure == 0;
+        return g_outcome.has_value();
     }
 
-    bool appendCopy(QByteArrayView bytes)
+    bool appendParts(const FileParts &parts)
     {
-        g_copied.push_back({g_size, bytes});
-        return append(bytes);
+        if (!flush())
+            return false;
+        const Result<FileStretch> written = writeParts(parts, g_file, g_path, g_size);
+        if (written) {
+            g_size += written->size;
+            g_inParts.push_back(*written);
+        } else {
+            g_outcome = written.error();
+        }
+        return g_outcome.has_value();
     }
 
     bool flush()
@@ -189,9 +185,8 @@ public:
         return written;
     }
 
-    /// The system's code for the first write that it refused; 0 when it took all.
-    int failure() const { return g_failure; }
-    const std::vector<CopiedPiece> &copied() const { return g_copied; }
+    const Result<> &outcome() const { return g_outcome; }
+    const std::vector<FileStretch> &inParts() const { return g_inParts; }
 
 private:
     static constexpr qsizetype pieceSize = 1 << 20;
@@ -199,23 +194,25 @@ private:
 
     bool writeNow(QByteArrayView bytes)
     {
-        if (g_failure == 0 && !g_file.write(bytes))
-            g_failure = errno;
-        return g_failure == 0;
+        if (g_outcome && !writeAllAt(g_file, bytes, g_size))
+            g_outcome = systemError(g_path);
+        g_size += bytes.size();
+        return g_outcome.has_value();
     }
 
-    TemporaryFile &g_file;
+    const Descriptor &g_file;
+    const QString &g_path;
     QByteArray g_buffer;
-    qint64 g_size = 0; ///< Of what was appended.
-    std::vector<CopiedPiece> g_copied;
-    int g_failure = 0;
+    qint64 g_size = 0; ///< Of what was written.
+    std::vector<FileStretch> g_inParts;
+    Result<> g_outcome;
 };
 
-/// The file is checked while the disk takes it. It is read into memory of our own: a mapped file whose last
-/// bytes a full or lost share throws away would end the program.
+/// What was not made in parts is checked while the disk takes the file. It is read into memory of our own: a
+/// mapped file whose last bytes a full or lost share throws away would end the program.
 Result<> flushAndCheck(TemporaryFile &file,
                        const QString &path,
-                       const std::vector<CopiedPiece> &copied,
+                       const std::vector<FileStretch> &inParts,
                        const FileCheck &check)
 {
     if (!check)
@@ -227,7 +224,7 @@ Result<> flushAndCheck(TemporaryFile &file,
             failure = file.flushToDisk() ? 0 : errno;
             return;
         }
-        const Result<SharedBytes> written = readBack(file.descriptor(), path, copied);
+        const Result<SharedBytes> written = readBack(file.descriptor(), path, inParts);
         checked = written ? check(written->view()) : Result<>(written.error());
     });
     errno = failure;
@@ -245,18 +242,16 @@ write(const QString &path, const std::function<Result<>(PieceWriter &)> &produce
     if (!file.isOpen())
         return systemError(targetPath);
 
-    PieceWriter writer(file);
-    Result<> produced = produce(writer);
+    PieceWriter writer(file.descriptor(), targetPath);
+    const Result<> produced = produce(writer);
     if (produced)
         writer.flush();
-    if (writer.failure() != 0) {
-        errno = writer.failure();
-        return systemError(targetPath);
-    }
+    if (!writer.outcome())
+        return writer.outcome();
     if (!produced)
         return produced;
     file.takeAttributes(target);
-    if (const Result<> flushed = flushAndCheck(file, targetPath, writer.copied(), check); !flushed)
+    if (const Result<> flushed = flushAndCheck(file, targetPath, writer.inParts(), check); !flushed)
         return flushed;
     if (!file.takePlaceOf(target))
         return systemError(targetPath);
@@ -276,12 +271,12 @@ Result<> writeDurably(const QString &path, const std::function<Result<>(const By
 
 Result<>
 writeCheckedDurably(const QString &path,
-                    const std::function<Result<>(const ByteSink &sink, const ByteSink &copies)> &produce,
+                    const std::function<Result<>(const ByteSink &sink, const PartsSink &parts)> &produce,
                     const FileCheck &check)
 {
     const auto produceAll = [&produce](PieceWriter &writer) {
         return produce([&writer](QByteArrayView bytes) { return writer.append(bytes); },
-                       [&writer](QByteArrayView bytes) { return writer.appendCopy(bytes); });
+                       [&writer](const FileParts &parts) { return writer.appendParts(parts); });
     };
     return write(path, produceAll, check);
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "base/FileParts.h"
 #include "base/Result.h"
 
 #include <QByteArrayView>
@@ -15,8 +16,11 @@ namespace tavrin {
 /// system refused; stop then.
 using ByteSink = std::function<bool(QByteArrayView)>;
 
-/// Looks at what was written, but for what was copied, before the file takes its place; behind the bytes
-/// stand as many zero bytes as SharedBytes has.
+/// The same for a stretch that is made in parts.
+using PartsSink = std::function<bool(const FileParts &)>;
+
+/// Looks at what was written, but for what was made in parts, before the file takes its place; behind the
+/// bytes stand as many zero bytes as SharedBytes has.
 using FileCheck = std::function<Result<>(QByteArrayView written)>;
 
 /// Writes a file so that at every moment `path` holds the old bytes or the new ones, whole.
@@ -29,12 +33,11 @@ using FileCheck = std::function<Result<>(QByteArrayView written)>;
 /// `produce` writes the content; the Result it returns decides whether the file takes its place.
 Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce);
 
-/// The same, and the file is read again before it takes its place, while the disk takes it. The second sink
-/// is for copies of bytes that were checked before, and that stay where they are until this returns: they are
-/// compared. All else, joined, is for `check` to judge.
+/// The same, and the file is read again before it takes its place. The parts are judged one by one, and all
+/// else, joined, by `check`.
 Result<>
 writeCheckedDurably(const QString &path,
-                    const std::function<Result<>(const ByteSink &sink, const ByteSink &copies)> &produce,
+                    const std::function<Result<>(const ByteSink &sink, const PartsSink &parts)> &produce,
                     const FileCheck &check);
 
 /// The same for bytes that are at hand.

@@ -3,27 +3,16 @@
 
 #pragma once
 
+#include "base/FileParts.h"
 #include "base/SharedBytes.h"
 
 #include <vector>
 
 namespace tavrin {
 
-class Descriptor;
-
-/// What was copied into a file, and where.
-struct CopiedPiece
-{
-    qint64 offset;
-    QByteArrayView bytes;
-};
-
-/// Reads a file that was just written. The pieces that were copied, in the order of their places, are
-/// compared with what they were copied from; the rest comes back, joined. Io, also where a piece is not the
-/// same.
-///
-/// A copy takes no memory, so comparing it costs little more than reading it.
+/// Reads a file that was just written, but for some stretches of it, in the order of their places: what is
+/// left, joined. Io.
 Result<SharedBytes>
-readBack(const Descriptor &file, const QString &path, const std::vector<CopiedPiece> &copied);
+readBack(const Descriptor &file, const QString &path, const std::vector<FileStretch> &without);
 
 } // namespace tavrin

@@ -85,4 +85,34 @@ ssize_t readSomeAt(const Descriptor &descriptor, char *destination, qsizetype si
     return got;
 }
 
+bool readAllAt(const Descriptor &descriptor, char *destination, qsizetype size, qint64 offset)
+{
+    while (size > 0) {
+        const ssize_t got = readSomeAt(descriptor, destination, size, offset);
+        if (got == 0)
+            errno = EIO; // It was cut short.
+        if (got <= 0)
+            return false;
+        destination += got;
+        offset += got;
+        size -= got;
+    }
+    return true;
+}
+
+bool writeAllAt(const Descriptor &descriptor, QByteArrayView bytes, qint64 offset)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t written =
+            ::pwrite(descriptor.value(), bytes.data(), static_cast<size_t>(bytes.size()), offset);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        bytes = bytes.sliced(written);
+        offset += written;
+    }
+    return true;
+}
+
 } // namespace tavrin

@@ -7,6 +7,8 @@
 
 #include "base/Result.h"
 
+#include <QByteArrayView>
+
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -52,5 +54,10 @@ Descriptor openToRead(const QString &path);
 ssize_t readSome(const Descriptor &descriptor, char *destination, qsizetype size);
 /// The same from a place in the file.
 ssize_t readSomeAt(const Descriptor &descriptor, char *destination, qsizetype size, qint64 offset);
+
+/// So many bytes from a place in the file; false with errno, also where the file ends before.
+bool readAllAt(const Descriptor &descriptor, char *destination, qsizetype size, qint64 offset);
+/// All the bytes to a place in the file; false with errno.
+bool writeAllAt(const Descriptor &descriptor, QByteArrayView bytes, qint64 offset);
 
 } // namespace tavrin

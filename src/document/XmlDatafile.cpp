@@ -192,9 +192,7 @@ std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes
     return std::move(reader.contents());
 }
 
-Result<> checkXmlDatafile(QByteArrayView bytes,
-                          const DatafileSnapshot &snapshot,
-                          std::span<const RecordsSnapshot::Entry> records)
+Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot)
 {
     if (!plist::isValidUtf8(bytes))
         return notAsWritten(u"not valid UTF-8"_s);
@@ -202,7 +200,7 @@ Result<> checkXmlDatafile(QByteArrayView bytes,
     if (!reader.read())
         return notAsWritten(reader.isRefused() ? reader.error().detail : u"an unusual datafile"_s);
     const DatafileContents &contents = reader.contents();
-    if (!hasSameRecords(reader.records(), *contents.identifiers, snapshot.records, records))
+    if (reader.records().count() != 0)
         return notAsWritten(u"other records"_s);
     if (contents.catalog.size() != countOfWritten(snapshot.catalog))
         return notAsWritten(u"another catalog"_s);
@@ -210,6 +208,33 @@ Result<> checkXmlDatafile(QByteArrayView bytes,
     const Result<plist::Value> settings = plist::readXml(plist::toXml(snapshot.settings));
     if (!settings || !(contents.settings == *settings))
         return notAsWritten(u"other settings"_s);
+    return {};
+}
+
+Result<> checkXmlRecords(QByteArrayView bytes,
+                         const RecordsSnapshot &snapshot,
+                         std::span<const RecordsSnapshot::Entry> records)
+{
+    // As deep in other containers as they stand in the datafile.
+    constexpr QByteArrayView before("<plist><dict><key>Records</key><dict>");
+    constexpr QByteArrayView behind("</dict></dict></plist>");
+    QByteArray room;
+    room.reserve(before.size() + bytes.size() + behind.size() + SharedBytes::padding);
+    room.append(before).append(bytes).append(behind);
+    const QByteArrayView text(room);
+    room.append(SharedBytes::padding, '\0');
+    if (!plist::isValidUtf8(text))
+        return notAsWritten(u"not valid UTF-8"_s);
+    plist::XmlCursor cursor(text);
+    XmlRecords written(SharedBytes::unowned(text), text);
+    IdentifierTable identifiers;
+    const bool isWhole = cursor.enterRoot() && cursor.enter() && cursor.nextKey() && cursor.nextValue()
+                         && written.index(cursor, identifiers) == XmlRecords::Outcome::Indexed
+                         && !cursor.nextKey() && !cursor.hasFailed() && cursor.leaveRoot();
+    if (!isWhole)
+        return notAsWritten(cursor.hasFailed() ? cursor.error().detail : u"unusual records"_s);
+    if (!hasSameRecords(written, identifiers, snapshot, records))
+        return notAsWritten(u"other records"_s);
     return {};
 }
 

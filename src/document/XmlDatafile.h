@@ -20,11 +20,15 @@ struct DatafileSnapshot;
 /// that then decides what is wrong with it, if anything is.
 std::optional<Result<DatafileContents>> readXmlDatafile(const SharedBytes &bytes, const QString &fileName);
 
-/// Whether the bytes, which are followed by SharedBytes::padding zero bytes, hold what the snapshot does, and
-/// of its records those: Corrupt when they do not. Records that were copied are compared byte by byte, of
-/// those that were written anew it is checked that they are there.
-Result<> checkXmlDatafile(QByteArrayView bytes,
-                          const DatafileSnapshot &snapshot,
-                          std::span<const RecordsSnapshot::Entry> records);
+/// Whether the bytes hold what the snapshot does but for its records, and none of those; Corrupt when they do
+/// not. They are followed by SharedBytes::padding zero bytes.
+Result<> checkXmlDatafile(QByteArrayView bytes, const DatafileSnapshot &snapshot);
+
+/// Whether the bytes, which are to stand in a dictionary of records, hold those records and nothing else;
+/// Corrupt when they do not. Records that were copied are compared byte by byte, of those that were written
+/// anew it is checked that they are there.
+Result<> checkXmlRecords(QByteArrayView bytes,
+                         const RecordsSnapshot &snapshot,
+                         std::span<const RecordsSnapshot::Entry> records);
 
 } // namespace tavrin

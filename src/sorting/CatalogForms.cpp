@@ -5,6 +5,7 @@
 
 #include "plist/KeyRow.h"
 #include "plist/XmlReader.h"
+#include "plist/XmlWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -172,6 +173,23 @@ plist::Value CatalogForms::valueOf(const CatalogEntry &entry) const
     for (const Part part : orders[entry.form()])
         value.insert(keys[part], parts[part]);
     return value;
+}
+
+// Without making a dictionary of each: a large datafile has a million of them.
+void CatalogForms::write(const CatalogEntry &entry, plist::XmlWriter &writer, int level) const
+{
+    if (entry.form() >= orderCount) {
+        writer.writeValue(g_forms[entry.form() - orderCount], level);
+        return;
+    }
+    const std::array<plist::Value, partCount> parts{
+        entry.currentlySelected(), g_identifiers->text(entry.identifier()), entry.previouslySelected()};
+    writer.beginContainer("dict", level);
+    for (const Part part : orders[entry.form()]) {
+        writer.writeKey(keys[part], level + 1);
+        writer.writeValue(parts[part], level + 1);
+    }
+    writer.endContainer("dict", level);
 }
 
 bool CatalogForms::readEntries(plist::XmlCursor &cursor, std::vector<CatalogEntry> &entries)

@@ -12,6 +12,10 @@
 
 namespace tavrin {
 
+namespace plist {
+class XmlWriter;
+}
+
 /// How the entries of a catalog are stored: makes entries of what is stored, and gives it back.
 ///
 /// A usual entry has its three keys, in any order. Any other (more keys, flags that are strings, no
@@ -34,6 +38,8 @@ public:
 
     CatalogEntry entryWithValue(const plist::Value &stored);
     plist::Value valueOf(const CatalogEntry &entry) const;
+    /// The same value, as it stands in an array of so many containers.
+    void write(const CatalogEntry &entry, plist::XmlWriter &writer, int level) const;
 
     /// The entries of the array at which the cursor is, all of them checked. False when the cursor failed.
     bool readEntries(plist::XmlCursor &cursor, std::vector<CatalogEntry> &entries);

@@ -4,6 +4,7 @@
 #include "document/DatafileContents.h"
 #include "document/DatafileFixture.h"
 #include "document/DatafileSnapshot.h"
+#include "document/RecordRows.h"
 #include "document/XmlDatafile.h"
 #include "model/RecordKey.h"
 #include "plist/Reader.h"
@@ -281,17 +282,29 @@ void DatafileStoreTest::aWrongCopyIsNoticed()
                               RecordsSnapshot::ofSource(contents->records, contents->identifiers),
                               {contents->catalogForms, {}}};
     snapshot.catalog.order.assign(contents->catalog);
-    const auto isGood = [&snapshot](const QByteArray &written) {
-        return checkXmlDatafile(SharedBytes::copyOf(written)->view(), snapshot, snapshot.records.entries)
-            .has_value();
-    };
-    QVERIFY(isGood(own));
+    const RecordRows rows(snapshot.records);
+    QCOMPARE(rows.count(), size_t(1));
+    QByteArray room;
+    const QByteArray row = rows.bytes(0, room).toByteArray();
+    QVERIFY(own.contains(row) && rows.check(0, row));
     for (const auto &[what, other] : std::initializer_list<std::pair<const char *, const char *>>{
-             {"plain", "plaid"}, {"<key>R-2<", "<key>R-9<"}, {"</plist>", "</plis>"}, {"2.5", "3.5"}}) {
-        QByteArray wrong = own;
+             {"plain", "plaid"}, {"<key>R-2<", "<key>R-9<"}, {"</dict>", "</dict></dict>"}}) {
+        QByteArray wrong = row;
+        QVERIFY(!rows.check(0, wrong.replace(what, other)));
+    }
+    QVERIFY(!rows.check(0, row + row) && !rows.check(0, row.chopped(9)) && !rows.check(0, {}));
+
+    const auto isGood = [&snapshot](const QByteArray &written) {
+        return checkXmlDatafile(SharedBytes::copyOf(written)->view(), snapshot).has_value();
+    };
+    QByteArray rest = own;
+    rest.remove(own.indexOf(row), row.size());
+    QVERIFY(isGood(rest) && !isGood(own) && !isGood(rest.chopped(200)));
+    for (const auto &[what, other] : std::initializer_list<std::pair<const char *, const char *>>{
+             {"</plist>", "</plis>"}, {"<key>Records<", "<key>Cords<"}, {"2.5", "3.5"}}) {
+        QByteArray wrong = rest;
         QVERIFY(!isGood(wrong.replace(what, other)));
     }
-    QVERIFY(!isGood(own.chopped(200)));
 }
 
 void DatafileStoreTest::whatXmlCannotHoldIsSavedAsItCan()

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Tavrin authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "base/Result.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+namespace tavrin {
+
+class Descriptor;
+
+/// A stretch of a file that is made, written and checked part by part, on several threads at once.
+class FileParts
+{
+public:
+    FileParts() = default;
+    FileParts(const FileParts &) = delete;
+    FileParts &operator=(const FileParts &) = delete;
+    virtual ~FileParts() = default;
+
+    virtual size_t count() const = 0;
+
+    /// The bytes of a part, on any thread: put into the room, whose content is whatever was there before, or
+    /// somewhere else where they stay.
+    virtual QByteArrayView bytes(size_t part, QByteArray &room) const = 0;
+
+    /// Judges those bytes, on any thread.
+    virtual Result<> check(size_t part, QByteArrayView bytes) const = 0;
+};
+
+/// Where a stretch of a file lies.
+struct FileStretch
+{
+    qint64 offset;
+    qint64 size;
+};
+
+/// Writes the parts into the file, one behind the other from `offset` on, and reads each again to compare it
+/// with what was made. Io, also where something else comes back, or what a part's check says.
+///
+/// A part is still in the processor's cache when it is written, read and checked, and no memory is needed for
+/// the file as a whole.
+Result<FileStretch>
+writeParts(const FileParts &parts, const Descriptor &file, const QString &path, qint64 offset);
+
+} // namespace tavrin
