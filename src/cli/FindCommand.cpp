@@ -137,13 +137,7 @@ ExitStatus narrowSelection(Call &call)
         return ExitStatus::Failed;
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());
-    const qint64 selected = document.datafileCatalog().countSelected();
-    const qint64 records = document.datafileRecords().count();
-    if (call.wantsJson())
-        writeJson(call.output, {{u"selected"_s, selected}, {u"records"_s, records}});
-    else
-        call.output.writeLine(Cli::tr("%1 of %2 records are selected.")
-                                  .arg(QString::number(selected), QString::number(records)));
+    writeSelected(call, document);
     return ExitStatus::Done;
 }
 

@@ -5,6 +5,7 @@
 
 #include "cli/Json.h"
 #include "cli/Table.h"
+#include "io/RecordFiles.h"
 
 #include <QJsonArray>
 
@@ -173,17 +174,23 @@ QJsonObject recordObject(const PlacedRecord &placed, const QList<NamedField> &fi
     QJsonArray values;
     for (const NamedField &field : fields)
         values.append(QJsonValue(field.contentIn(record)));
-    return {{u"number"_s, placed.number ? QJsonValue(*placed.number) : QJsonValue()},
-            {u"identifier"_s, placed.identifier},
-            {u"selected"_s, placed.number.has_value()},
-            {u"locked"_s, record.recordLocked()},
-            {u"needsSync"_s, record.needsSync()},
-            {u"isSum"_s, record.isSum()},
-            {u"created"_s, isoText(record.createdDate())},
-            {u"modified"_s, isoText(record.modifiedDate())},
-            {u"viewed"_s, isoText(record.viewedDate())},
-            {u"values"_s, values},
-            {u"text"_s, record.textString().toString()}};
+    QJsonObject object = jsonOfState(record);
+    object.insert(u"number"_s, placed.number ? QJsonValue(*placed.number) : QJsonValue());
+    object.insert(u"identifier"_s, placed.identifier);
+    object.insert(u"selected"_s, placed.number.has_value());
+    object.insert(u"values"_s, values);
+    object.insert(u"text"_s, record.textString().toString());
+    return object;
+}
+
+void writeSelected(const Call &call, const DatafileDocument &document)
+{
+    const qint64 selected = document.datafileCatalog().countSelected();
+    const qint64 records = document.datafileRecords().count();
+    if (call.wantsJson())
+        writeJson(call.output, {{u"selected"_s, selected}, {u"records"_s, records}});
+    else
+        call.output.writeLine(Cli::tr("Selected: %1 of %2.").arg(selected).arg(records));
 }
 
 void writeRecord(const Call &call, const PlacedRecord &placed, const DatafileSettingsData &settings)

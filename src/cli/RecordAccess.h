@@ -47,6 +47,9 @@ std::vector<PlacedRecord> recordsOfCatalog(const DatafileDocument &document, boo
 /// A record as `list` gives it.
 QJsonObject recordObject(const PlacedRecord &placed, const QList<NamedField> &fields);
 
+/// How many records are selected, as the commands that select give it.
+void writeSelected(const Call &call, const DatafileDocument &document);
+
 /// A record as the commands that change one give it: as `list` does, or whole for people.
 void writeRecord(const Call &call, const PlacedRecord &placed, const DatafileSettingsData &settings);
 void writeRecordForPeople(Output &output, const PlacedRecord &placed, const DatafileSettingsData &settings);

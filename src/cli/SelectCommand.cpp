@@ -253,12 +253,7 @@ ExitStatus runSelect(Call &call)
         return ExitStatus::Failed;
     if (const Result<> written = edit->write(); !written)
         return call.failed(written.error());
-    const qint64 selected = document.datafileCatalog().countSelected();
-    const qint64 records = document.datafileRecords().count();
-    if (call.wantsJson())
-        writeJson(call.output, {{u"selected"_s, selected}, {u"records"_s, records}});
-    else
-        call.output.writeLine(Cli::tr("Selected: %1 of %2.").arg(selected).arg(records));
+    writeSelected(call, document);
     return ExitStatus::Done;
 }
 

@@ -6,6 +6,7 @@
 #include "io/RecordLoop.h"
 #include "io/TextSink.h"
 #include "model/RecordKey.h"
+#include "plist/ScalarText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -19,11 +20,6 @@ namespace {
 const QString fieldNamesKey = u"fieldNames"_s;
 const QString valuesKey = u"values"_s;
 const QString rtfdKey = u"textRTFD"_s;
-
-QString isoText(Date date)
-{
-    return date.toDateTime().toUTC().toString(Qt::ISODate);
-}
 
 Error noJson(const QString &detail)
 {
@@ -130,6 +126,17 @@ ReadRecords ofOthers(const QJsonArray &array)
 
 } // namespace
 
+QJsonObject jsonOfState(const RecordView &record)
+{
+    const auto iso = [](Date date) { return QString::fromLatin1(plist::formatDate(date)); };
+    return {{u"locked"_s, record.recordLocked()},
+            {u"needsSync"_s, record.needsSync()},
+            {u"isSum"_s, record.isSum()},
+            {u"created"_s, iso(record.createdDate())},
+            {u"modified"_s, iso(record.modifiedDate())},
+            {u"viewed"_s, iso(record.viewedDate())}};
+}
+
 QJsonObject jsonOfRecord(const ExportedRecords &records, qsizetype index)
 {
     const RecordView record = records.record(index);
@@ -138,20 +145,15 @@ QJsonObject jsonOfRecord(const ExportedRecords &records, qsizetype index)
         const TextView value = record.fieldValue(key);
         values.append(value.isAbsent() ? QJsonValue(u""_s) : QJsonValue(value.toString()));
     }
-    QJsonObject object{{u"identifier"_s, record.value(RecordKey::identifier).toText()},
-                       {u"selected"_s, true},
-                       {u"locked"_s, record.recordLocked()},
-                       {u"needsSync"_s, record.needsSync()},
-                       {u"isSum"_s, record.isSum()},
-                       {u"created"_s, isoText(record.createdDate())},
-                       {u"modified"_s, isoText(record.modifiedDate())},
-                       {u"viewed"_s, isoText(record.viewedDate())},
-                       {u"createdBy"_s, record.createdBy()},
-                       {u"modifiedBy"_s, record.modifiedBy()},
-                       {u"viewedBy"_s, record.viewedBy()},
-                       {u"name"_s, record.name()},
-                       {valuesKey, values},
-                       {u"text"_s, record.textString().toString()}};
+    QJsonObject object = jsonOfState(record);
+    object.insert(u"identifier"_s, record.value(RecordKey::identifier).toText());
+    object.insert(u"selected"_s, true);
+    object.insert(u"createdBy"_s, record.createdBy());
+    object.insert(u"modifiedBy"_s, record.modifiedBy());
+    object.insert(u"viewedBy"_s, record.viewedBy());
+    object.insert(u"name"_s, record.name());
+    object.insert(valuesKey, values);
+    object.insert(u"text"_s, record.textString().toString());
     if (const QByteArray rtfd = record.textRTFD(); !rtfd.isEmpty())
         object.insert(rtfdKey, QString::fromLatin1(rtfd.toBase64()));
     return object;

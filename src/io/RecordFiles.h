@@ -43,6 +43,8 @@ exportMarkdown(const ExportedRecords &records, const QString &folder, bool repla
 /// Reads the Markdown files of a folder, in the order of their numbers or else of their names. NotFound, Io.
 Result<ReadRecords> readMarkdownFolder(const QString &folder, Progress &progress);
 
+/// The flags and dates of a record, as JSON has them.
+QJsonObject jsonOfState(const RecordView &record);
 /// A record as JSON has it, without number.
 QJsonObject jsonOfRecord(const ExportedRecords &records, qsizetype index);
 /// The bookkeeping and the texts that such an object holds, put into the record. Fields are not.
