@@ -4,6 +4,7 @@
 #include "editor/EditorSaving.h"
 
 #include "base/FilledIn.h"
+#include "document/DatafileBackups.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
 #include "editor/EditorWindowController.h"
@@ -68,13 +69,15 @@ void EditorSaving::ask(std::unique_ptr<AlertSheetController> alert,
 
 void EditorSaving::askForFile(const QString &title, const std::function<void(const QString &path)> &chosen)
 {
-    const QFileInfo present(g_document.filePath());
+    const DatafileBackups backups(g_document);
+    const QString path = g_document.filePath();
+    const QFileInfo present(backups.isOfBackup() ? backups.pathForCopyOf(path) : path);
     const QString extension = extensionOf(g_document.kind());
     const QString name = present.completeBaseName();
     FileSheetController::Request request;
     request.purpose = FileSheetController::Purpose::SaveFile;
     request.title = title;
-    request.folder = g_document.filePath().isEmpty() ? QString() : present.absolutePath();
+    request.folder = path.isEmpty() ? QString() : present.absolutePath();
     request.suggestedName = (name.isEmpty() ? g_document.displayName() : name) + u'.' + extension;
     request.requiredExtension = extension;
     request.nameFilters = {u"%1 (*.%2)"_s.arg(typeNameOf(g_document.kind()), extension)};
@@ -103,7 +106,8 @@ void EditorSaving::saveDocument()
 
 void EditorSaving::autoSave()
 {
-    if (!g_document.isMobile() && !g_document.openedReadOnly() && !g_document.filePath().isEmpty())
+    if (g_document.isModified() && !g_document.isMobile() && !g_document.openedReadOnly()
+        && !g_document.filePath().isEmpty())
         saveQuietly();
 }
 
@@ -180,9 +184,12 @@ void EditorSaving::writeToOwnFile(const Written &done)
         break;
     case SaveOutcome::NotByThisCommand:
         Q_EMIT g_window.statusMessage(tr("A Tavrin Mobile datafile is saved with Save As."));
+        done(!g_document.isModified());
+        break;
+    case SaveOutcome::NothingToSave:
+        Q_EMIT g_window.statusMessage(tr("There are no changes to save."));
         [[fallthrough]];
     case SaveOutcome::Saved:
-    case SaveOutcome::NothingToSave:
         done(!g_document.isModified());
         break;
     }
