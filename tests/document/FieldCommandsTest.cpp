@@ -370,6 +370,7 @@ void FieldCommandsTest::deletedFieldsTakeTheirContentsAlong()
     Progress progress;
     use.run(progress);
     QCOMPARE(use.counts(), (QHash<QString, qint64>{{u"f"_s, 2}, {u"g"_s, 1}}));
+    QCOMPARE(use.lockedCounts(), (QHash<QString, qint64>{{u"f"_s, 1}, {u"g"_s, 0}}));
 
     FieldOperations(*document).remove(u"f"_s);
     QCOMPARE(contents(*document), u"|x|;||"_s);
