@@ -5,6 +5,7 @@
 
 #include "app/ImportController.h"
 #include "app/NewDatafileSheetController.h"
+#include "document/DatafileBackups.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
 #include "editor/EditorRecords.h"
@@ -151,7 +152,7 @@ void MainController::openDatafile(const QString &path, const QString &firstRecor
     for (const OpenDatafile &open : g_open) {
         if (canonicalPath(open.document->filePath()) == canonical) {
             open.window->bringToFront();
-            g_recentDatafiles.remember(canonical);
+            remember(*open.document);
             return;
         }
     }
@@ -228,25 +229,28 @@ void MainController::showDocument(std::unique_ptr<DatafileDocument> document, co
     g_open.push_back({std::move(document), std::move(window), shown.correctedCatalog()});
     g_lastDatafileClosing = false;
 
-    // A backup is there to be looked at. What is not there has no path, like a datafile without a file.
-    const QString backups = QFileInfo(g_datafilesFolder->path() + u"/Backups"_s).canonicalFilePath();
-    if (!backups.isEmpty() && QFileInfo(shown.filePath()).canonicalPath() == backups)
+    if (DatafileBackups(shown).isOfBackup())
         shown.setOpenedReadOnly(true);
     followDocument(shown);
     followWindow(shown, controller);
     saveCorrectedCatalog(shown);
     shown.datafileSettings().setDatafileSettingsDidChange(false);
-    if (!shown.filePath().isEmpty())
-        g_recentDatafiles.remember(canonicalPath(shown.filePath()));
+    remember(shown);
     Q_EMIT openDatafilesChanged();
+}
+
+/// A backup was only looked at.
+void MainController::remember(DatafileDocument &document)
+{
+    if (!document.filePath().isEmpty() && !DatafileBackups(document).isOfBackup())
+        g_recentDatafiles.remember(canonicalPath(document.filePath()));
 }
 
 void MainController::followDocument(DatafileDocument &document)
 {
     connect(&document, &DatafileDocument::fileWritten, &g_menuTimer, qOverload<>(&QTimer::start));
     connect(&document, &DatafileDocument::fileChanged, this, [this, &document] {
-        if (!document.filePath().isEmpty())
-            g_recentDatafiles.remember(canonicalPath(document.filePath()));
+        remember(document);
         Q_EMIT openDatafilesChanged();
     });
 }

@@ -124,6 +124,7 @@ private:
     void askToCorrectCatalog(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
     void showDocument(std::unique_ptr<DatafileDocument> document, const QString &firstRecord);
     void followDocument(DatafileDocument &document);
+    void remember(DatafileDocument &document);
     void followWindow(DatafileDocument &document, EditorWindowController &controller);
     void saveCorrectedCatalog(const DatafileDocument &document);
 

@@ -39,8 +39,10 @@ void writeOutcome(const Call &call, const DatafileDocument &document, const Cont
     for (const ContentWork::Sample &sample : work.samples()) {
         const QString identifier = document.datafileRecords().identifiers().text(sample.record);
         const qint64 index = document.datafileCatalog().indexOfSelectedIdentifier(identifier);
-        samples.append(
-            QJsonObject{{u"number"_s, index + 1}, {u"before"_s, sample.before}, {u"after"_s, sample.after}});
+        samples.append(QJsonObject{{u"number"_s, index + 1},
+                                   {u"field"_s, sample.field.isNull() ? u"Text"_s : sample.field},
+                                   {u"before"_s, sample.before},
+                                   {u"after"_s, sample.after}});
     }
     if (call.wantsJson()) {
         QJsonObject object{{u"changed"_s, work.changedContents()},

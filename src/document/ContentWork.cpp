@@ -7,9 +7,37 @@
 #include "model/FieldText.h"
 #include "sorting/WorkSteps.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tavrin {
+
+namespace {
+
+/// The line of a text in which a place is; empty behind its end.
+QString lineAt(QStringView text, qsizetype place)
+{
+    if (place > text.size())
+        return {};
+    const qsizetype start = place == 0 ? 0 : text.lastIndexOf(u'\n', place - 1) + 1;
+    const qsizetype end = text.indexOf(u'\n', place);
+    return text.sliced(start, (end < 0 ? text.size() : end) - start).toString();
+}
+
+/// The first line in which two texts differ, in one and in the other.
+std::pair<QString, QString> differingLines(QStringView before, QStringView after)
+{
+    const qsizetype place = std::ranges::mismatch(before, after).in1 - before.begin();
+    std::pair<QString, QString> lines{lineAt(before, place), lineAt(after, place)};
+    if (lines.first == lines.second) // Lines came behind it, or went.
+        return {lineAt(before, place + 1), lineAt(after, place + 1)};
+    if (const qsizetype end = before.indexOf(u'\n', place);
+        end >= 0 && lines.second == lineAt(before, end + 1))
+        lines.second.clear(); // The line went, and the next one stands there now.
+    return lines;
+}
+
+} // namespace
 
 ContentWork::ContentWork(const DatafileDocument &document, const QString &name)
     : g_name(name)
@@ -52,9 +80,22 @@ void ContentWork::take(quint32 number)
     change(record, changed);
     if (changed.isEmpty())
         return;
+    if (g_samples.size() < mostSamples)
+        takeSamples(record, changed);
     g_changedContents += changed.fields.size() + (changed.text ? 1 : 0);
     ++g_changedRecords;
     g_changes.push_back(std::move(changed));
+}
+
+void ContentWork::takeSamples(const RecordView &record, const Change &changed)
+{
+    for (const auto &[field, content] : changed.fields)
+        g_samples.push_back({changed.number, field, record.fieldValue(field).toString(), content});
+    if (!changed.text)
+        return;
+    const auto [before, after] = differingLines(record.textString().toString(), changed.text->plain);
+    if (before != after)
+        g_samples.push_back({changed.number, {}, before, after});
 }
 
 void ContentWork::setField(const QString &field, const QString &before, const QString &after, Change &change)
@@ -62,8 +103,6 @@ void ContentWork::setField(const QString &field, const QString &before, const QS
     const QString cleaned = singleLineFieldText(after);
     if (cleaned == before)
         return;
-    if (g_samples.size() < mostSamples)
-        g_samples.push_back({change.number, before, cleaned});
     change.fields.append({field, cleaned});
 }
 

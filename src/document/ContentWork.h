@@ -26,10 +26,12 @@ class ContentWork
     Q_DECLARE_TR_FUNCTIONS(ContentWork)
 
 public:
-    /// One content before and after, for a look at what would be done.
+    /// One content before and after, for a look at what would be done. Of a text, the first line that
+    /// differs.
     struct Sample
     {
         quint32 record;
+        QString field; ///< Null: the text.
         QString before;
         QString after;
     };
@@ -85,6 +87,7 @@ protected:
 
 private:
     void take(quint32 record);
+    void takeSamples(const RecordView &record, const Change &changed);
 
     QString g_name;
     StoredTexts g_texts;

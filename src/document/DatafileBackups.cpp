@@ -87,12 +87,33 @@ QString fullDateTime(const QDateTime &dateTime, const QLocale &locale)
     return text;
 }
 
+QString DatafileBackups::parentFolder() const
+{
+    return g_document.services().preferences ? datafilesFolderPath(g_document.services().preferences)
+                                             : QFileInfo(g_document.filePath()).path();
+}
+
 QString DatafileBackups::folder() const
 {
-    const QString parent = g_document.services().preferences
-                               ? datafilesFolderPath(g_document.services().preferences)
-                               : QFileInfo(g_document.filePath()).path();
-    return stringByResolvingSymlinksInPath(parent + u"/Backups"_s);
+    return stringByResolvingSymlinksInPath(parentFolder() + u"/Backups"_s);
+}
+
+bool DatafileBackups::isOfBackup() const
+{
+    // What is not there has no path, like a datafile without a file.
+    const QString backups = QFileInfo(folder()).canonicalFilePath();
+    return !backups.isEmpty() && QFileInfo(g_document.filePath()).canonicalPath() == backups;
+}
+
+QString DatafileBackups::pathForCopyOf(const QString &backup) const
+{
+    const QFileInfo file(backup);
+    // The stamp has no blanks.
+    const QString name = file.completeBaseName().section(u' ', 0, -2);
+    const QString origin = BackupOrigins(folder()).originOf(file.fileName());
+    const QString place = origin.isEmpty() ? parentFolder() : QFileInfo(origin).path();
+    return place + u'/' + tr("%1 restored").arg(name.isEmpty() ? file.completeBaseName() : name) + u'.'
+           + file.suffix();
 }
 
 QString DatafileBackups::title() const
@@ -137,6 +158,7 @@ void DatafileBackups::didWrite(const QString &path) const
         if (const Result<> added = BackupOrigins(folder()).add(path, g_document.filePath()); !added)
             qCWarning(log) << "A backup will not be known again:" << added.error().detail;
     }
+    Q_EMIT g_document.fileWritten();
     removeOld();
 }
 

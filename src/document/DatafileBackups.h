@@ -55,12 +55,19 @@ public:
     /// Of this datafile and those of which it is not known, the newest first.
     QList<Backup> list() const;
 
+    /// The document is a backup itself: there to be looked at.
+    bool isOfBackup() const;
+    /// Where a copy of a backup belongs: beside the datafile of which it is, or in the datafiles folder where
+    /// that is not known.
+    QString pathForCopyOf(const QString &backup) const;
+
     /// Copies a backup, whole or not at all, in the place of what may be there. Refused where that is the
     /// backup itself or one of the files in use, by whatever name; NotFound or Io.
     static Result<> restore(const QString &backup, const QString &target, const QStringList &filesInUse);
 
 private:
     void removeOld() const;
+    QString parentFolder() const;
     QString title() const;
     QString extension() const;
 

@@ -118,6 +118,8 @@ public:
     Result<> saveCopyAs(const QString &path, plist::Format format = plist::Format::Xml);
     /// As saveCopyAs(), on another thread; savingFinished() follows unless this fails.
     Result<> beginSavingCopy(const QString &path);
+    /// Writes a copy of what the document holds now, whenever and on whatever thread it is called.
+    std::function<Result<>()> copyWriting(const QString &path);
 
     /// Rereads the document's file and announces it.
     Result<> revertToContents();

@@ -212,9 +212,12 @@ Result<> DatafileDocument::beginSavingNormally()
 /// Writes the document as it is now, whenever it runs.
 DatafileDocument::Write DatafileDocument::snapshotWrite(const QString &path)
 {
-    return [saved = snapshot(), path] {
-        return stampedAs(writeDatafile(saved, path, plist::Format::Xml), path);
-    };
+    return [write = copyWriting(path), path] { return stampedAs(write(), path); };
+}
+
+std::function<Result<>()> DatafileDocument::copyWriting(const QString &path)
+{
+    return [saved = snapshot(), path] { return writeDatafile(saved, path, plist::Format::Xml); };
 }
 
 void DatafileDocument::beginWriting(Write write, const Written &ended)

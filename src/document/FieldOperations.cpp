@@ -265,16 +265,23 @@ void FieldUse::run(Progress &progress)
     const QStringList identifiers = g_texts.fieldIdentifiers();
     const std::vector<FieldKey> fields(identifiers.begin(), identifiers.end());
     std::vector<qint64> counts(fields.size());
+    std::vector<qint64> lockedCounts(fields.size());
     for (const quint32 record : g_records) {
         if (!steps.goOn())
             break;
         const RecordView view = g_texts.view(record);
-        for (size_t i = 0; i < fields.size(); ++i)
-            counts[i] += view.fieldValue(fields[i]).isEmpty() ? 0 : 1;
+        const bool isLocked = view.recordLocked();
+        for (size_t i = 0; i < fields.size(); ++i) {
+            const bool isUsed = !view.fieldValue(fields[i]).isEmpty();
+            counts[i] += isUsed ? 1 : 0;
+            lockedCounts[i] += isUsed && isLocked ? 1 : 0;
+        }
     }
     g_wasCancelled = steps.isStopped();
-    for (size_t i = 0; i < fields.size(); ++i)
+    for (size_t i = 0; i < fields.size(); ++i) {
         g_counts.insert(fields[i].text, counts[i]);
+        g_lockedCounts.insert(fields[i].text, lockedCounts[i]);
+    }
 }
 
 } // namespace tavrin

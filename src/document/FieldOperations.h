@@ -136,11 +136,14 @@ public:
     bool wasCancelled() const { return g_wasCancelled; }
     /// By field identifier.
     const QHash<QString, qint64> &counts() const { return g_counts; }
+    /// Those of them that are locked.
+    const QHash<QString, qint64> &lockedCounts() const { return g_lockedCounts; }
 
 private:
     StoredTexts g_texts;
     std::vector<quint32> g_records;
     QHash<QString, qint64> g_counts;
+    QHash<QString, qint64> g_lockedCounts;
     bool g_wasCancelled = false;
 };
 

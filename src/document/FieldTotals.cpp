@@ -9,6 +9,7 @@
 #include "document/RecordAdding.h"
 #include "sorting/WorkSteps.h"
 #include "text/NumberReader.h"
+#include "text/UrlScanner.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,6 +35,14 @@ bool isMinus(QChar character, const QLocale &locale)
     return character == u'-' || character == minus || locale.negativeSign() == character;
 }
 
+/// "https://example.com/44" names a place, and no amount.
+bool isInAddress(QStringView content, qsizetype place)
+{
+    return std::ranges::any_of(
+        text::linksIn(content, text::UrlPlace::Field),
+        [place](const text::Link &link) { return link.range.location <= place && place < link.range.end(); });
+}
+
 /// What stands before the number ("$12") is passed over, but for its sign ("-$12"). A stroke or a point that
 /// joins it to a word or another number ("A-3", "No.5") is no part of it.
 std::optional<double>
@@ -54,6 +63,8 @@ numberIn(const QString &content, const text::NumberReader &numbers, const QLocal
         --sign;
     const bool isNegative = sign >= 0 && isMinus(text[sign], locale) && beginsAt(sign);
     const std::optional<double> number = numbers.read(text.sliced(start));
+    if (number && start > 0 && isInAddress(text, start))
+        return {};
     return number && isNegative ? -*number : number;
 }
 

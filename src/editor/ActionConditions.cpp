@@ -103,6 +103,12 @@ bool mayEditText(const EditorWindowController &window)
     return window.isFreeformTextEditable();
 }
 
+bool mayPaste(const EditorWindowController &window)
+{
+    return hasRecord(window)
+           && (window.view().focus() == EditorFocus::Elsewhere || !window.currentRecordLocked());
+}
+
 bool mayChangeFont(const EditorWindowController &window)
 {
     return hasRecord(window) && !window.currentRecordLocked();

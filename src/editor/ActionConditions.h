@@ -28,6 +28,7 @@ bool mayWrapFields(const EditorWindowController &window);
 bool entersFindClassically(const EditorWindowController &window);
 bool mayEditText(const EditorWindowController &window);
 bool mayChangeFont(const EditorWindowController &window);
+bool mayPaste(const EditorWindowController &window);
 bool mayFormat(const EditorWindowController &window);
 bool mayFormatTable(const EditorWindowController &window);
 bool mayInsertTable(const EditorWindowController &window);

@@ -126,7 +126,7 @@ constexpr std::array actionRules{
     ActionRule{"insertAmpersand:"_L1, entersFindClassically},
     ActionRule{"insertDateTime:"_L1, hasRecord},
     ActionRule{"openCloneWindow:"_L1, always},
-    ActionRule{"pasteAsPlainText:"_L1, hasRecord},
+    ActionRule{"pasteAsPlainText:"_L1, mayPaste},
     ActionRule{"removeBlankLines:"_L1, mayEditText},
     ActionRule{"showRecordInfo:"_L1, always},
     ActionRule{"toggleHighlighter:"_L1, mayEditText},

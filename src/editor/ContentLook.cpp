@@ -25,12 +25,21 @@ FormSheetController::Preview ContentLook::preview() const
         preview.summary += u' '
                            + filledIn(EditorFields::tr("Locked records to be skipped: %lu."),
                                       {QString::number(work.lockedRecords())});
-    preview.headings = {EditorFields::tr("Record"), EditorFields::tr("Before"), EditorFields::tr("After")};
+    preview.headings = {EditorFields::tr("Record"),
+                        EditorFields::tr("Field"),
+                        EditorFields::tr("Before"),
+                        EditorFields::tr("After")};
+    const DatafileSettingsData &settings = g_document.datafileSettings();
     for (const ContentWork::Sample &sample : work.samples()) {
         const QString identifier = g_document.datafileRecords().identifiers().text(sample.record);
         const qint64 index = g_document.datafileCatalog().indexOfSelectedIdentifier(identifier);
-        preview.rows.append(
-            {index == NotFound ? QString() : QString::number(index + 1), sample.before, sample.after});
+        const FieldDefinition *field = settings.fieldWithIdentifier(sample.field);
+        preview.rows.append({index == NotFound ? QString() : QString::number(index + 1),
+                             sample.field.isNull() ? settings.textName()
+                             : field               ? field->name()
+                                                   : QString(),
+                             sample.before,
+                             sample.after});
     }
     return preview;
 }

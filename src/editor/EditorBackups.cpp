@@ -3,13 +3,14 @@
 
 // The dated copies of a datafile: writing one, which there are, and what can be done with them.
 
-#include "document/DatafileBackups.h"
+#include "document/BackupWriting.h"
 #include "document/DatafileContents.h"
 #include "editor/AlertSheetController.h"
 #include "editor/EditorRecords.h"
 #include "editor/EditorWindowController.h"
 #include "editor/FileSheetController.h"
 #include "editor/FormPreview.h"
+#include "editor/LongWork.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -49,36 +50,34 @@ private:
     std::optional<quint32> g_count;
 };
 
+class BackupWork : public LongWork
+{
+public:
+    explicit BackupWork(DatafileDocument &document) : g_writing(document) {}
+
+    QString title() const override { return EditorRecords::tr("Writing a backup…"); }
+    void run(Progress &progress) override { g_writing.run(progress); }
+    BackupWriting &writing() { return g_writing; }
+
+private:
+    BackupWriting g_writing;
+};
+
 } // namespace
 
 void EditorRecords::backUp(const std::function<void()> &done)
 {
-    DatafileDocument &document = g_window.document();
-    const Result<QString> path = DatafileBackups(document).newPath();
-    const Result<> begun = path ? document.beginSavingCopy(*path) : Result<>(path.error());
-    if (!begun) {
-        tellBackupFailure(begun.error().message);
-        return;
-    }
-    Q_EMIT g_window.statusMessage(tr("Writing a backup…"));
-    g_backup = std::make_unique<QObject>();
-    connect(&document,
-            &DatafileDocument::savingFinished,
-            g_backup.get(),
-            [this, done, path = *path](const Result<> &saved) {
-                g_backup.release()->deleteLater();
-                if (!saved) {
-                    tellBackupFailure(saved.error().message);
-                    return;
-                }
-                DatafileBackups(g_window.document()).didWrite(path);
-                done();
-            });
-}
-
-void EditorRecords::tellBackupFailure(const QString &message)
-{
-    showAlert(g_sheets, tr("The backup could not be written."), message);
+    auto work = std::make_unique<BackupWork>(g_window.document());
+    connect(work.get(), &LongWork::ended, this, [this, done, work = work.get()] {
+        const Result<QString> written = work->writing().finish();
+        if (written)
+            done();
+        else if (written.error().kind == Error::Kind::Cancelled)
+            Q_EMIT g_window.statusMessage(tr("No backup was written."));
+        else
+            showAlert(g_sheets, tr("The backup could not be written."), written.error().message);
+    });
+    g_work.begin(std::move(work));
 }
 
 void EditorRecords::saveCurrentDatafileToBackups()
@@ -129,8 +128,9 @@ void EditorRecords::restoreBackup(const QString &path)
     request.purpose = FileSheetController::Purpose::SaveFile;
     request.title = tr("Restore as a Copy");
     request.acceptLabel = tr("Restore");
-    request.folder = QFileInfo(g_window.document().filePath()).path();
-    request.suggestedName = QFileInfo(path).fileName();
+    const QFileInfo copy(DatafileBackups(g_window.document()).pathForCopyOf(path));
+    request.folder = copy.path();
+    request.suggestedName = copy.fileName();
     request.requiredExtension = QFileInfo(path).suffix();
     auto panel = std::make_unique<FileSheetController>(request);
     connect(panel.get(), &QVSheetController::finished, this, [this, path, panel = panel.get()](int code) {

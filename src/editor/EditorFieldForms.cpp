@@ -67,7 +67,7 @@ void EditorFields::fillEmptyFields()
     if (!hasFields())
         return;
     enum class With { Text, Number, Date };
-    auto owned = makeForm(tr("Fill Empty Fields"), tr("&Fill"));
+    auto owned = makeForm(tr("Fill Empty Fields"), tr("Fi&ll"));
     FormSheetController &form = *owned;
     QList<CodedItem> fields = fieldItems();
     fields.append({tr("All Fields"), 0, {}});

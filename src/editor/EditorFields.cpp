@@ -166,31 +166,32 @@ void EditorFields::showModifyFields(const std::function<void(ModifyFieldsSheetCo
                                                           work->use().counts(),
                                                           document.services().environment.identifier);
         fill(*sheet);
-        connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int code) {
+        const auto accepted = [this, sheet = sheet.get(), locked = work->use().lockedCounts()](int code) {
             if (code == QVSheetController::FirstButton)
-                acceptFields(*sheet);
-        });
+                acceptFields(*sheet, locked);
+        };
+        connect(sheet.get(), &QVSheetController::finished, this, accepted);
         g_sheets.begin(std::move(sheet));
     });
     g_work.begin(std::move(work));
 }
 
-void EditorFields::acceptFields(const ModifyFieldsSheetController &sheet)
+void EditorFields::acceptFields(const ModifyFieldsSheetController &sheet,
+                                const QHash<QString, qint64> &locked)
 {
     const QList<FieldDefinition> fields = sheet.fields();
     const QString textName = sheet.textName();
-    QStringList names;
-    QList<qint64> uses;
+    QList<DeletedField> deleted;
     for (const FieldDefinition &field : g_window.document().datafileSettings().fields()) {
         const bool stays = std::ranges::any_of(fields, [&field](const FieldDefinition &other) {
             return other.identifier() == field.identifier();
         });
         if (stays || sheet.use().value(field.identifier()) == 0)
             continue;
-        names.append(field.name());
-        uses.append(sheet.use().value(field.identifier()));
+        deleted.append(
+            {field.name(), sheet.use().value(field.identifier()), locked.value(field.identifier())});
     }
-    askToDelete(names, uses, [this, fields, textName](bool agreed) {
+    askToDelete(deleted, [this, fields, textName](bool agreed) {
         if (!agreed) {
             showModifyFields(
                 [fields, textName](ModifyFieldsSheetController &again) { again.goOnWith(fields, textName); });
@@ -243,23 +244,26 @@ void EditorFields::tellPartner()
 }
 
 /// One field after the other, until one is to stay.
-void EditorFields::askToDelete(QStringList names,
-                               QList<qint64> uses,
-                               const std::function<void(bool agreed)> &answered)
+void EditorFields::askToDelete(QList<DeletedField> fields, const std::function<void(bool agreed)> &answered)
 {
-    if (names.isEmpty()) {
+    if (fields.isEmpty()) {
         answered(true);
         return;
     }
-    auto alert = std::make_unique<AlertSheetController>(
-        filledIn(tr("Delete the field \"%@\"?"), {names.takeFirst()}),
+    const DeletedField field = fields.takeFirst();
+    QString consequence =
         filledIn(tr("%lu record(s) have contents in this field. The contents will be deleted as well."),
-                 {QString::number(uses.takeFirst())}),
-        QStringList{tr("Delete"), tr("Cancel")});
+                 {QString::number(field.records)});
+    if (field.locked > 0)
+        consequence += u'\n' + filledIn(tr("Locked ones among them: %lu."), {QString::number(field.locked)});
+    auto alert =
+        std::make_unique<AlertSheetController>(filledIn(tr("Delete the field \"%@\"?"), {field.name}),
+                                               consequence,
+                                               QStringList{tr("Delete"), tr("Cancel")});
     alert->setDestructiveButton(0);
-    connect(alert.get(), &QVSheetController::finished, this, [this, names, uses, answered](int code) {
+    connect(alert.get(), &QVSheetController::finished, this, [this, fields, answered](int code) {
         if (code == QVSheetController::FirstButton)
-            askToDelete(names, uses, answered);
+            askToDelete(fields, answered);
         else
             answered(false);
     });

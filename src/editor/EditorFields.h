@@ -65,12 +65,20 @@ private:
                               ///< too.
     };
 
+    /// A field that goes, and how many records hold something in it.
+    struct DeletedField
+    {
+        QString name;
+        qint64 records;
+        qint64 locked;
+    };
+
     void showModifyFields(const std::function<void(ModifyFieldsSheetController &)> &fill);
-    void acceptFields(const ModifyFieldsSheetController &sheet);
+    void acceptFields(const ModifyFieldsSheetController &sheet, const QHash<QString, qint64> &locked);
     void setFields(const NewFields &wanted);
     void changeFields(const NewFields &wanted, FieldContents &contents);
     void tellPartner();
-    void askToDelete(QStringList names, QList<qint64> uses, const std::function<void(bool agreed)> &answered);
+    void askToDelete(QList<DeletedField> fields, const std::function<void(bool agreed)> &answered);
 
     /// Asks with a form whose work is previewed, and then does it.
     void ask(std::unique_ptr<FormSheetController> form,

@@ -71,8 +71,11 @@ void EditorWindowController::goToRecordNumber()
 {
     if (!isNavigable() || nowSyncing())
         return;
-    auto sheet = std::make_unique<GotoRecordSheetController>(
-        countSelected(), GotoRecordSheetController::Purpose::GoTo, std::make_unique<TitleSearch>(g_document));
+    const FieldDefinition *titles = settings().fieldWithIdentifier(settings().titleField());
+    auto sheet = std::make_unique<GotoRecordSheetController>(countSelected(),
+                                                             GotoRecordSheetController::Purpose::GoTo,
+                                                             std::make_unique<TitleSearch>(g_document),
+                                                             titles ? titles->name() : textName());
     connect(sheet.get(), &QVSheetController::finished, this, [this, sheet = sheet.get()](int returnCode) {
         const qint64 index = sheet->index();
         if (returnCode != QVSheetController::FirstButton || index == indexOfCurrentRecord())

@@ -79,9 +79,8 @@ private:
     void lockAll(RecordLocking::Kind kind);
     void beginRemovingDuplicates();
     void removeDuplicates(const DuplicateRemoval &removal);
-    /// Begins to write a backup; then `done`, or an alert.
+    /// Begins to write a backup; then `done`, or a word on why there is none.
     void backUp(const std::function<void()> &done);
-    void tellBackupFailure(const QString &message);
     void restoreBackup(const QString &path);
 
     EditorWindowController &g_window;
@@ -89,7 +88,6 @@ private:
     WorkHost &g_work;
     std::unique_ptr<FormPreview> g_preview;
     std::function<QStringList()> g_openFiles;
-    std::unique_ptr<QObject> g_backup; ///< While one is being written.
 };
 
 } // namespace tavrin

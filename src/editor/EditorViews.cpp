@@ -183,6 +183,12 @@ void EditorWindowController::followDocument()
     });
     if (isClone())
         return;
+    // Commands are refused there. What is typed can be saved elsewhere, which is good to know early.
+    connect(&g_document, &DatafileDocument::modifiedChanged, this, [this](bool modified) {
+        if (modified && g_document.openedReadOnly())
+            Q_EMIT statusMessage(
+                tr("This datafile is read-only: your changes can only be saved by Save As."));
+    });
     connect(&g_document, &DatafileDocument::selectionWouldBeEmptyError, this, [this] {
         showAlert(g_sheets,
                   tr("Selection Did Not Change"),

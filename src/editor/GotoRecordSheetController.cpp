@@ -11,10 +11,12 @@ namespace tavrin {
 
 GotoRecordSheetController::GotoRecordSheetController(qint64 maximum,
                                                      Purpose purpose,
-                                                     std::unique_ptr<TitleSearch> search)
+                                                     std::unique_ptr<TitleSearch> search,
+                                                     const QString &titleName)
     : g_maximum(maximum)
     , g_purpose(purpose)
     , g_search(std::move(search))
+    , g_titleName(titleName)
 {
     if (g_search)
         connect(g_search.get(), &TitleSearch::found, this, &GotoRecordSheetController::searched);
@@ -48,9 +50,9 @@ qint64 GotoRecordSheetController::index() const
 QString GotoRecordSheetController::problem() const
 {
     if (g_isSearching)
-        return tr("Looking for a title that begins so…");
+        return tr("Looking for “%1” that begins so…").arg(g_titleName);
     if (g_notFound)
-        return tr("No selected record has a title that begins so.");
+        return tr("In no selected record “%1” begins so.").arg(g_titleName);
     const std::optional<qint64> entered = number();
     const bool isTitle = g_search && !entered;
     return g_entry.trimmed().isEmpty() || isTitle || index() >= 0

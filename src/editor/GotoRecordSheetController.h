@@ -22,12 +22,14 @@ class GotoRecordSheetController : public QVSheetController
 public:
     enum class Purpose { GoTo, MoveAfter };
 
-    /// Without a search, only a number is accepted.
+    /// Without a search, only a number is accepted. The name is that of the field with the titles.
     explicit GotoRecordSheetController(qint64 maximum,
                                        Purpose purpose = Purpose::GoTo,
-                                       std::unique_ptr<TitleSearch> search = {});
+                                       std::unique_ptr<TitleSearch> search = {},
+                                       const QString &titleName = {});
 
     Purpose purpose() const { return g_purpose; }
+    QString titleName() const { return g_titleName; }
     qint64 maximum() const { return g_maximum; }
 
     QString entry() const { return g_entry; }
@@ -51,6 +53,7 @@ private:
     qint64 g_maximum;
     Purpose g_purpose;
     std::unique_ptr<TitleSearch> g_search;
+    QString g_titleName;
     qint64 g_found = -1;
     bool g_isSearching = false;
     bool g_notFound = false;

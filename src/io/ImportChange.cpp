@@ -6,6 +6,7 @@
 #include "document/DatafileArrangement.h"
 #include "document/DatafileDocument.h"
 #include "document/DuplicateRemoval.h"
+#include "document/RecordChanges.h"
 #include "io/ReadProgress.h"
 #include "io/TableImport.h"
 
@@ -13,36 +14,13 @@
 
 namespace tavrin {
 
-ImportChange::ImportChange(const DatafileDocument &document, std::vector<quint32> added)
-    : g_selectionBefore(document)
-    , g_added(PresenceChange::added(std::move(added), {}))
-{}
-
 QString ImportChange::name() const
 {
     return QCoreApplication::translate("Import", "Import");
 }
 
-void ImportChange::remove(DatafileDocument &document, const std::vector<quint32> &records)
+void ImportChange::didMake(DatafileDocument &document)
 {
-    if (!records.empty())
-        g_removed = PresenceChange::removing(document, records, {});
-}
-
-// Duplicates may be among the records that were added.
-void ImportChange::undo(DatafileDocument &document)
-{
-    if (g_removed)
-        g_removed->undo(document);
-    g_added->undo(document);
-    g_selectionBefore.restore(document);
-}
-
-void ImportChange::redo(DatafileDocument &document)
-{
-    g_added->redo(document);
-    if (g_removed)
-        g_removed->redo(document);
     DatafileArrangement(document).selectAll();
 }
 
@@ -53,8 +31,9 @@ RecordsAddition::RecordsAddition(DatafileDocument &document,
     , g_destination(destination)
     , g_catalogBefore(document.datafileCatalog().snapshot(document.datafileRecords().sharedIdentifiers()))
     , g_criteriaBefore(document.datafileCatalog().criteria())
-    , g_change(std::make_unique<ImportChange>(document, addBatch(document, batch)))
+    , g_change(std::make_unique<ImportChange>(document))
 {
+    g_change->append(PresenceChange::added(addBatch(document, batch), {}));
     if (destination != ImportDestination::Merge)
         return;
     document.datafileCatalog().selectAll();
@@ -80,8 +59,10 @@ Result<quint64> RecordsAddition::finish()
     }
     quint64 removed = 0;
     if (g_duplicates) {
-        g_change->remove(g_document, g_duplicates->duplicates());
+        // Some may be among the records that were added.
         removed = g_duplicates->duplicates().size();
+        if (removed > 0)
+            g_change->append(PresenceChange::removing(g_document, g_duplicates->duplicates(), {}));
     }
     DatafileArrangement(g_document).selectAll();
     if (g_destination != ImportDestination::NewDatafile) {

@@ -3,33 +3,31 @@
 
 #pragma once
 
+#include "document/ChangeSequence.h"
 #include "document/KeptSelection.h"
-#include "document/RecordChanges.h"
 #include "io/TableImport.h"
+#include "sorting/SubsetSortedData.h"
 
 namespace tavrin {
 
 class DuplicateRemoval;
 
-/// Records that were imported into a datafile, and duplicates that went because of them. All are selected
-/// afterwards; who takes it back finds the selection of before.
-class ImportChange : public UndoStep
+/// What an import did to the records of a datafile. All are selected afterwards; who takes it back finds the
+/// selection of before.
+class ImportChange : public ChangeSequence
 {
 public:
-    /// Nothing was selected because of them yet.
-    ImportChange(const DatafileDocument &document, std::vector<quint32> added);
-
-    /// Removes those records as part of the same step.
-    void remove(DatafileDocument &document, const std::vector<quint32> &records);
+    /// Nothing was selected because of it yet.
+    explicit ImportChange(const DatafileDocument &document) : g_selectionBefore(document) {}
 
     QString name() const override;
-    void undo(DatafileDocument &document) override;
-    void redo(DatafileDocument &document) override;
+
+protected:
+    void didMake(DatafileDocument &document) override;
+    void didTakeBack(DatafileDocument &document) override { g_selectionBefore.restore(document); }
 
 private:
     KeptSelection g_selectionBefore;
-    std::unique_ptr<PresenceChange> g_added;
-    std::unique_ptr<PresenceChange> g_removed; ///< Null when nothing was.
 };
 
 /// The adding of records to a datafile, in three steps: it is made and finished on the document's thread, and

@@ -5,57 +5,17 @@
 
 #include "document/DatafileArrangement.h"
 #include "document/DatafileDocument.h"
-#include "document/KeptSelection.h"
 #include "document/RecordChanges.h"
+#include "io/ImportChange.h"
 #include "model/FieldText.h"
 #include "sorting/WorkSteps.h"
 
-#include <QCoreApplication>
 #include <QHash>
 
 #include <algorithm>
 #include <utility>
 
 namespace tavrin {
-
-namespace {
-
-/// Records that were changed and others that came, as one step.
-class UpdateChange : public UndoStep
-{
-public:
-    /// Of what was just done; all are not selected yet.
-    UpdateChange(const DatafileDocument &document,
-                 std::unique_ptr<ContentChange> contents,
-                 std::unique_ptr<PresenceChange> added)
-        : g_selectionBefore(document)
-        , g_contents(std::move(contents))
-        , g_added(std::move(added))
-    {}
-
-    QString name() const override { return QCoreApplication::translate("Import", "Import"); }
-    void undo(DatafileDocument &document) override
-    {
-        if (g_added)
-            g_added->undo(document);
-        g_contents->undo(document);
-        g_selectionBefore.restore(document);
-    }
-    void redo(DatafileDocument &document) override
-    {
-        g_contents->redo(document);
-        if (g_added)
-            g_added->redo(document);
-        DatafileArrangement(document).selectAll();
-    }
-
-private:
-    KeptSelection g_selectionBefore;
-    std::unique_ptr<ContentChange> g_contents;
-    std::unique_ptr<PresenceChange> g_added; ///< Null when none came.
-};
-
-} // namespace
 
 RecordUpdating::RecordUpdating(const DatafileDocument &document,
                                ReadTable table,
@@ -143,7 +103,10 @@ Result<> RecordUpdating::apply(DatafileDocument &document)
     }
     auto contents = std::make_unique<ContentChange>(QString(), std::exchange(g_changes, {}));
     contents->exchange(document);
-    auto change = std::make_unique<UpdateChange>(document, std::move(contents), std::move(added));
+    auto change = std::make_unique<ImportChange>(document);
+    change->append(std::move(contents));
+    if (added)
+        change->append(std::move(added));
     DatafileArrangement(document).selectAll();
     document.undoHistory().push(std::move(change));
     document.updateChangeCount(DatafileDocument::ChangeCount::Done);

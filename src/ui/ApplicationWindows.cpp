@@ -58,6 +58,9 @@ std::unique_ptr<DatafileWindow> ApplicationWindows::makeWindow(DatafileDocument 
     connect(window.get(), &EditorWindow::datafilesDropped, g_controller, &MainController::openDatafiles);
     connect(window.get(), &EditorWindow::activated, g_findAndReplace.get(), [this, window = window.get()] {
         g_findAndReplace->setDatafileWindowController(&window->controller());
+        g_searchedWindow = window;
+        if (g_findAndReplacePanel)
+            g_findAndReplacePanel->standBefore(*window);
     });
     if (!g_recordInfoPalette)
         g_recordInfoPalette = std::make_unique<RecordInfoPalette>(g_recordInfo);
@@ -72,6 +75,8 @@ void ApplicationWindows::openFindAndReplaceDialog()
 {
     if (!g_findAndReplacePanel)
         g_findAndReplacePanel = std::make_unique<FindAndReplacePanel>(*g_findAndReplace);
+    if (g_searchedWindow)
+        g_findAndReplacePanel->standBefore(*g_searchedWindow);
     g_findAndReplacePanel->openFindAndReplaceDialog();
 }
 

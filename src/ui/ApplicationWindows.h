@@ -10,6 +10,8 @@
 #include "ui/WidgetWorkHost.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 #include <memory>
 
@@ -67,6 +69,7 @@ private:
     std::unique_ptr<RecordInfoPalette> g_recordInfoPalette;
     std::unique_ptr<StartWindow> g_startWindow;
     std::unique_ptr<FindAndReplaceController> g_findAndReplace;
+    QPointer<QWidget> g_searchedWindow; ///< By the panel: the one that was active last.
     // Windows that are null until they were asked for.
     std::unique_ptr<FindAndReplacePanel> g_findAndReplacePanel;
     std::unique_ptr<MultiFileFindController> g_multiFileFind;

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace tavrin {
 
@@ -44,6 +45,12 @@ FindAndReplacePanel::FindAndReplacePanel(FindAndReplaceController &controller) :
     connect(&controller, &Controller::beep, this, [] { QApplication::beep(); });
     updateTarget();
     updateButtons();
+}
+
+void FindAndReplacePanel::standBefore(QWidget &window)
+{
+    winId(); // From now on it has a handle.
+    windowHandle()->setTransientParent(window.windowHandle());
 }
 
 void FindAndReplacePanel::openFindAndReplaceDialog()

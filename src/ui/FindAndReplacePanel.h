@@ -23,6 +23,10 @@ public:
     /// The controller outlives it.
     explicit FindAndReplacePanel(FindAndReplaceController &controller);
 
+    /// Keeps it in front of the window that it searches, whatever that window shows. On a window of the
+    /// desktop's own only.
+    void standBefore(QWidget &window);
+
     /// Shows it, ready to be typed into.
     void openFindAndReplaceDialog();
 

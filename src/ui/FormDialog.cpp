@@ -50,7 +50,7 @@ FormDialog::FormDialog(FormSheetController &sheet, QWidget *parent) : QDialog(pa
     layout->addWidget(makeSheetButtons(sheet, sheet.acceptLabel(), this));
     connect(&sheet, &QVSheetController::changed, this, &FormDialog::showSheet);
     showSheet();
-    const int width = fontMetrics().averageCharWidth() * 80;
+    const int width = fontMetrics().averageCharWidth() * (sheet.hasPreview() ? 110 : 80);
     resize(sizeHint().expandedTo(QSize(width, sheet.hasPreview() ? fontMetrics().lineSpacing() * 28 : 0)));
     if (!g_rows.isEmpty())
         g_rows.constFirst()->setFocus();
@@ -124,10 +124,12 @@ void FormDialog::showPreview()
         for (int column = 0; column < g_preview->columnCount(); ++column)
             g_preview->setItem(row, column, new QTableWidgetItem(preview.rows.at(row).value(column)));
     }
-    g_preview->resizeColumnToContents(0);
-    constexpr int columnsWithWidth = 3;
-    if (g_preview->columnCount() == columnsWithWidth)
-        g_preview->setColumnWidth(1, fontMetrics().averageCharWidth() * 32);
+    // The last two, where there are more, are for contents.
+    const int contents = qMax(1, g_preview->columnCount() - 2);
+    for (int column = 0; column < contents; ++column)
+        g_preview->resizeColumnToContents(column);
+    if (contents < g_preview->columnCount() - 1)
+        g_preview->setColumnWidth(contents, fontMetrics().averageCharWidth() * 32);
 }
 
 } // namespace tavrin

@@ -196,12 +196,13 @@ makeEntryDialog(QVSheetController &sheet, const QString &title, const QString &l
 QDialog *makeGotoRecord(GotoRecordSheetController &sheet, QWidget *parent)
 {
     const bool goes = sheet.purpose() == GotoRecordSheetController::Purpose::GoTo;
-    const QString label = goes ? translated("Number (1 to %1), or start of a title:")
+    const QString label = goes ? translated("Number (1 to %1), or start of “%2”:")
                                : translated("Move behind record number (1 to %1):");
+    const QString maximum = QLocale().toString(sheet.maximum());
     const EntryDialog made =
         makeEntryDialog(sheet,
                         goes ? translated("Go to Record") : translated("Move After Record Number"),
-                        label.arg(QLocale().toString(sheet.maximum())),
+                        goes ? label.arg(maximum, sheet.titleName()) : label.arg(maximum),
                         parent);
     QLabel *note = makeNoteLabel(made.dialog);
     static_cast<QFormLayout *>(made.dialog->layout())->insertRow(1, note);

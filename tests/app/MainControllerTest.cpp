@@ -103,6 +103,19 @@ private Q_SLOTS:
         QCOMPARE(app.g_controller.recentDatafiles(), QStringList{app.path(u"a.tv3"_s)});
     }
 
+    void aBackupIsOnlyLookedAt()
+    {
+        AppFixture app;
+        app.g_preferences.setObject(app.path(u"."_s), u"DatafilesFolderPath"_s);
+        QVERIFY(QDir().mkpath(app.path(u"Backups"_s)));
+        QVERIFY(QFile::copy(app.path(u"a.tv3"_s), app.path(u"Backups/a 1.tv3"_s)));
+        for (const QString &name : {u"b.tv3"_s, u"Backups/a 1.tv3"_s, u"Backups/a 1.tv3"_s})
+            app.g_controller.openDatafile(app.path(name));
+        QVERIFY(!app.g_controller.documents()[0]->openedReadOnly());
+        QVERIFY(app.g_controller.documents()[1]->openedReadOnly());
+        QCOMPARE(app.g_controller.recentDatafiles(), QStringList{app.path(u"b.tv3"_s)});
+    }
+
     void aCatalogThatDisagreesIsCorrectedWhenThePersonSaysSo_data()
     {
         QTest::addColumn<QString>("button");

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void contentsChangeAndComeBack_data();
     void contentsChangeAndComeBack();
     void lockedAndOmittedRecordsStay();
+    void samplesShowTheLineThatChanges();
     void workOnRecordsThatHaveChangedIsRefused();
     void theRestOfAFormattedTextKeepsItsStyles();
     void whatWouldLoseFormattingIsLeft();
@@ -180,6 +181,25 @@ void FieldCommandsTest::contentsChangeAndComeBack()
     QTEST(contents(*document), "after");
 }
 
+void FieldCommandsTest::samplesShowTheLineThatChanges()
+{
+    using Transfer = TransferFieldContents;
+    const auto samplesOf = [](const ContentWork &work) {
+        QStringList samples;
+        for (const ContentWork::Sample &sample : work.samples())
+            samples.append(sample.field + u':' + sample.before + u">"_s + sample.after);
+        return samples;
+    };
+    const auto document = opened({{u"v"_s, u""_s, u"one\ntwo"_s}, {u""_s, u""_s, u"x\nnew\nend"_s}});
+    const auto appending = [](const QString &separator) {
+        return maker<Transfer>(Transfer::Transfer{u"f"_s, u"Text"_s, false, FilledTarget::Append, separator});
+    };
+    QCOMPARE(samplesOf(*ran(*document, appending(u", "_s))), QStringList{u":two>two, v"_s});
+    QCOMPARE(samplesOf(*ran(*document, appending(u"\n"_s))), QStringList{u":>v"_s});
+    const auto moved = ran(*document, maker<MoveTextIntoFields>(MoveTextIntoFields::Lines::InOrder));
+    QCOMPARE(samplesOf(*moved), (QStringList{u"g:>two"_s, u":two>"_s, u"f:>x"_s, u"g:>new"_s, u":x>end"_s}));
+}
+
 void FieldCommandsTest::lockedAndOmittedRecordsStay()
 {
     const auto document = opened({{u""_s, u""_s, u""_s}, {u""_s, u""_s, u""_s}, {u""_s, u""_s, u""_s}});
@@ -274,6 +294,8 @@ void FieldCommandsTest::aNumberIsFoundInItsContent()
         {u" 7 "_s, english, 7},
         {u"\u0663"_s, english, 3}, // Of another script.
         {u"2026-03"_s, english, {}},
+        {u"https://example.com/44"_s, english, {}},
+        {u"see www.example.com/$4"_s, english, {}},
         {u"-"_s, english, {}}};
     for (const auto &[content, locale, number] : cases) {
         const auto document = opened({{content, u""_s, u""_s}});
@@ -348,6 +370,7 @@ void FieldCommandsTest::deletedFieldsTakeTheirContentsAlong()
     Progress progress;
     use.run(progress);
     QCOMPARE(use.counts(), (QHash<QString, qint64>{{u"f"_s, 2}, {u"g"_s, 1}}));
+    QCOMPARE(use.lockedCounts(), (QHash<QString, qint64>{{u"f"_s, 1}, {u"g"_s, 0}}));
 
     FieldOperations(*document).remove(u"f"_s);
     QCOMPARE(contents(*document), u"|x|;||"_s);

@@ -214,7 +214,7 @@ void EditorNavigationTest::goingToATitle()
     };
     enter(u"nowhere"_s);
     QVERIFY(!asked->isAcceptable());
-    QTRY_COMPARE(asked->problem(), u"No selected record has a title that begins so."_s);
+    QTRY_COMPARE(asked->problem(), u"In no selected record “A” begins so."_s);
     // What was looked for first no longer counts.
     enter(u"BEGIN"_s);
     enter(u"\u00e9t"_s);

@@ -122,11 +122,15 @@ void EditorRecordsTest::allSelectedGoAfterABackup()
     useBackupsIn(editor, editor.folder.path());
     editor.open(u"r1"_s);
     editor.view.type(*editor.window, u"typed"_s);
-    QSignalSpy saved(editor.document.get(), &DatafileDocument::savingFinished);
-    editor.sheets.answerAlert(yes);
-    editor.window->records().deleteAllSelectedRecords();
-    QCOMPARE(editor.identifiers().size(), 3); // Not before the backup stands.
-    QVERIFY(saved.wait());
+    editor.work.g_holds = true;
+    for (const bool cancelled : {true, false}) {
+        editor.sheets.answerAlert(yes);
+        editor.window->records().deleteAllSelectedRecords();
+        QCOMPARE(editor.identifiers().size(), 3); // Not before the backup stands.
+        editor.work.finishNext(cancelled);
+        QCOMPARE(DatafileBackups(*editor.document).list().isEmpty(), cancelled);
+        QCOMPARE(editor.identifiers().size(), cancelled ? 3 : 1);
+    }
     QCOMPARE(editor.identifiers(), QStringList{u"r3"_s});
     QCOMPARE(editor.shown(), u"r3"_s);
 
@@ -240,13 +244,29 @@ void EditorRecordsTest::backupsAreRestoredAsCopies()
         form.choose(1, 1);
         form.accept();
     });
-    editor.sheets.answerNext<FileSheetController>([&copy](FileSheetController &panel) {
+    const auto isProposed = [&editor](const FileSheetController &panel) {
+        return panel.request().folder == editor.folder.path()
+               && panel.request().suggestedName == u"Test restored.tv3"_s;
+    };
+    editor.sheets.answerNext<FileSheetController>([&](FileSheetController &panel) {
+        QVERIFY(isProposed(panel));
         panel.setPaths({copy});
         panel.accept();
     });
     editor.window->records().browseBackups();
     QCOMPARE(wanted.first().first().toString(), copy);
     QVERIFY(QFile::exists(copy) && QFile::exists(backup));
+
+    // What is saved of a backup does not go among the backups either.
+    editor.use(std::move(*DatafileDocument::open(
+        {editor.environment, &editor.preferences}, backup, SelectionOnOpening::AllSelected)));
+    editor.window->setCanSaveChanges();
+    editor.sheets.answerNext<FileSheetController>([&](FileSheetController &panel) {
+        QVERIFY(isProposed(panel));
+        panel.cancel();
+    });
+    editor.window->saveDocumentAs();
+    QVERIFY(editor.sheets.allAnswered());
 }
 
 // Fields.

@@ -58,6 +58,8 @@ void EditorSavingTest::savingTakesOverWhatIsOnTheScreen()
     QCOMPARE(editor.view.resumedCell, std::pair(0, 1));
     QVERIFY(!editor.document->isModified());
     QVERIFY(message.value(0).value(0).toString().startsWith(u"Saved at "_s));
+    editor.window->saveDocument();
+    QCOMPARE(message.last().first().toString(), u"There are no changes to save."_s);
 }
 
 void EditorSavingTest::leavingARecordSavesWhenTheSettingsSaySo_data()
@@ -132,10 +134,12 @@ void EditorSavingTest::aReadOnlyDatafileIsSavedElsewhere()
     EditorFixture editor;
     editor.open();
     editor.document->setOpenedReadOnly(true);
+    const QSignalSpy told(editor.window.get(), &EditorWindowController::statusMessage);
     editor.view.typeInCell(*editor.window, editor.basic(), 0, 1, u"mine"_s);
     const QString elsewhere = editor.folder.filePath(u"Other"_s);
     chooseFile(editor, elsewhere);
     editor.sheets.answerAlert(1000);
+    QCOMPARE(told.size(), 1);
 
     editor.window->saveDocument();
     editor.document->waitForSaving();

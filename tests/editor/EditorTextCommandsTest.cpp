@@ -198,6 +198,12 @@ void EditorTextCommandsTest::allSelectedRecordsGetTheDefaultFontAndBack()
     QVERIFY(editor.document->isModified());
     editor.window->undo();
     QCOMPARE(editor.record(u"r0"_s).textRTFD(), before);
+
+    // Nor is anything pasted there.
+    QVERIFY(editor.window->validateAction(u"pasteAsPlainText:"_s));
+    editor.window->goToNextRecord();
+    editor.view.setFocus(EditorFocus::FreeformText);
+    QVERIFY(!editor.window->validateAction(u"pasteAsPlainText:"_s));
 }
 
 void EditorTextCommandsTest::textScaleFollowsItsTags()

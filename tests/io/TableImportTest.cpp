@@ -4,7 +4,7 @@
 #include "io/TableImport.h"
 
 #include "document/DatafileFixture.h"
-#include "document/UndoHistory.h"
+#include "document/SteppedChange.h"
 #include "model/ElementSource.h"
 #include "model/RecordKey.h"
 #include "plist/XmlWriter.h"
@@ -95,6 +95,7 @@ private Q_SLOTS:
     void appendingIsOneStep();
     void takingBackRestoresTheSelection();
     void mergingLeavesNoDuplicates();
+    void anImportIsTakenBackInParts();
     void aCancelledMergeLeavesAllAsItWas();
     void nothingLeavesTheDatafileAlone();
     void theSieveSeesImportedTexts();
@@ -256,6 +257,32 @@ void TableImportTest::mergingLeavesNoDuplicates()
     QVERIFY(!document->undoHistory().canUndo());
     document->undoHistory().redo();
     QCOMPARE(rowsOf(*document), merged);
+}
+
+void TableImportTest::anImportIsTakenBackInParts()
+{
+    const auto document = datafileWith({u"A"_s}, {u"x"_s});
+    const ImportOptions options{.destination = ImportDestination::Merge};
+    Progress progress;
+    QVERIFY(importTable(*document, *tableOf("x\ny\ny\n", options), options, progress));
+    const Rows merged = rowsOf(*document);
+    const auto change = std::dynamic_pointer_cast<SteppedChange>(document->undoHistory().stepToUndo());
+    QVERIFY(change);
+    const auto makeParts = [&](size_t count) {
+        change->begin(*document);
+        for (size_t part = 0; part < count; ++part)
+            change->makeParts(*document, part, part + 1);
+    };
+    for (const Rows &goal : {Rows{{u"x"_s}}, merged}) {
+        const Rows before = rowsOf(*document);
+        makeParts(change->reversiblePartCount());
+        change->unmakeParts(*document, 0, change->reversiblePartCount());
+        QCOMPARE(rowsOf(*document), before);
+        makeParts(change->partCount());
+        change->conclude(*document);
+        QCOMPARE(rowsOf(*document), goal);
+        QCOMPARE(document->datafileRecords().count(), goal.size());
+    }
 }
 
 void TableImportTest::aCancelledMergeLeavesAllAsItWas()
