@@ -102,6 +102,7 @@ void ImportController::importRichText(const QString &path, const ImportWindow &w
                                                          QFileInfo(path).fileName(),
                                                          textContentOf(text->text().toUtf8()),
                                                          importTargetOf(window));
+    sheet->setHasFormats();
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
         if (code != QVSheetController::FirstButton)
             return;
@@ -187,10 +188,10 @@ void ImportController::importRecords(const ImportJob &job,
 void ImportController::readRecords(const ImportJob &job, const ReadFiles &read, const Read &next)
 {
     g_adding.inBackground<ReadRecords>(job, read, [next, this](const Result<ReadRecords> &records) {
-        if (records)
+        if (records && records->count > 0)
             next(*records);
         else
-            g_adding.tell(records.error());
+            g_adding.tell(records ? nothingImported() : records.error());
     });
 }
 

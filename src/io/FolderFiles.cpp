@@ -69,6 +69,7 @@ Result<std::optional<FileText>> readFile(const QString &path, Progress &progress
 ReadRecords recordsOf(const QList<FileText> &texts, bool includingNames)
 {
     ReadRecords records;
+    records.count = texts.size();
     if (includingNames)
         records.fieldNames = {QCoreApplication::translate("Import", "File Name")};
     records.make = [texts, includingNames](const QStringList &fields,

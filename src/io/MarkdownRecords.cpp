@@ -207,6 +207,7 @@ Result<ReadRecords> readMarkdownFolder(const QString &folder, Progress &progress
     std::ranges::stable_sort(read, {}, &MarkdownRecord::number);
     ReadRecords records;
     records.fieldNames = fieldNamesOf(read);
+    records.count = read.size();
     records.skippedCount = files->skippedCount;
     if (!read.isEmpty())
         records.textName = read.first().textName;

@@ -19,7 +19,8 @@ namespace tavrin {
 struct ReadRecords
 {
     QStringList fieldNames;
-    QString textName = {};      ///< Empty: the usual one.
+    QString textName = {}; ///< Empty: the usual one.
+    qsizetype count = 0;
     qsizetype skippedCount = 0; ///< Files that were passed over.
     /// The records, their values in fields of those identifiers, in the order of the names. `taken`
     /// identifiers are not used again.
