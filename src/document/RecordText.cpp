@@ -50,6 +50,7 @@ withReplaced(const RecordText &text, const TextPart &part, const QString &replac
             richtext::CharacterFormat format =
                 part.start < rich.size() ? rich.characterFormatAt(part.start) : richtext::CharacterFormat();
             format.link.clear();
+            format.attachment.reset();
             rich.remove(part.start, part.length);
             rich.insert(part.start, replacement, format);
         });
