@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
@@ -62,12 +63,17 @@ void ImportAssistantDialog::addColumns(QVBoxLayout *layout)
                              this);
     label->setWordWrap(true);
     label->setBuddy(g_preview);
-    layout->addWidget(label);
+    auto *targets = new QLabel(tr("&Fields:"), this);
+    targets->setBuddy(g_targets);
     preparePreview(g_preview, tr("Columns and first rows"));
     g_targets->setAccessibleName(tr("Where columns go"));
-    auto *halves = new QHBoxLayout;
-    halves->addWidget(g_targets, 1);
-    halves->addWidget(g_preview, 3);
+    auto *halves = new QGridLayout;
+    halves->addWidget(targets, 0, 0, Qt::AlignBottom);
+    halves->addWidget(label, 0, 1);
+    halves->addWidget(g_targets, 1, 0);
+    halves->addWidget(g_preview, 1, 1);
+    halves->setColumnStretch(0, 1);
+    halves->setColumnStretch(1, 3);
     layout->addLayout(halves, 1);
     // A change makes both halves anew, so not from inside of their own events.
     const auto setTarget = [this](int column, int target) { g_sheet.setTarget(column, target); };
@@ -103,7 +109,7 @@ void ImportAssistantDialog::addDestinations(QFormLayout *form)
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     const QString title = g_sheet.targetTitle().replace(u'&', QStringLiteral("&&"));
     const QString current = g_sheet.hasTarget() ? tr("“%1”").arg(title) : tr("the current datafile");
-    const QStringList texts = {tr("&Create a new datafile"),
+    const QStringList texts = {tr("Crea&te a new datafile"),
                                tr("&Append to %1").arg(current),
                                tr("&Merge into it, without duplicates"),
                                tr("&Update its records")};
