@@ -226,17 +226,23 @@ void ImportController::addRecords(const ReadRecords &records,
     const bool isNew = destination == ImportDestination::NewDatafile;
     if (!isNew && !window)
         return;
-    auto made = isNew ? g_adding.newDatafile(records.fieldNames) : nullptr;
-    const Result<RecordBatch> batch = batchOf(isNew ? *made : window->document(), records, destination);
-    if (!batch) {
-        g_adding.tell(batch.error());
-        return;
-    }
-    const ImportedRecords imported{.batch = *batch, .kind = kind, .skipped = records.skippedCount};
-    if (isNew)
-        g_adding.showNewDatafile(std::move(made), name, imported);
-    else
-        g_adding.addTo(window, imported, destination);
+    // A function can be copied, so what it holds has to be shared.
+    const auto made = std::make_shared<std::unique_ptr<DatafileDocument>>(
+        isNew ? g_adding.newDatafile(records.fieldNames) : nullptr);
+    const RecordsGoal goal = goalOf(isNew ? **made : window->document(), records, destination);
+    const auto next = [=, this, skipped = records.skippedCount](const Result<RecordBatch> &batch) {
+        if (!batch) {
+            g_adding.tell(batch.error());
+            return;
+        }
+        const ImportedRecords imported{.batch = *batch, .kind = kind, .skipped = skipped};
+        if (isNew)
+            g_adding.showNewDatafile(std::move(*made), name, imported);
+        else
+            g_adding.addTo(window, imported, destination);
+    };
+    const auto make = [=](Progress &progress) { return records.make(goal, progress); };
+    g_adding.inBackground<RecordBatch>({tr("Importing records…")}, make, next);
 }
 
 } // namespace tavrin

@@ -119,19 +119,13 @@ ReadRecords ofOurs(const QJsonArray &array)
     }
     while (read.fieldNames.size() < width)
         read.fieldNames.append(QString::number(read.fieldNames.size() + 1));
-    read.make =
-        [array](const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
-            BatchBuilder builder(environment);
-            builder.setTaken(taken);
-            for (const QJsonValue &element : array) {
-                RecordData record = builder.newRecord();
-                const QJsonObject object = element.toObject();
-                takeBookkeeping(object, record);
-                takeValues(object.value(valuesKey).toArray(), fields, record);
-                builder.add(std::move(record));
-            }
-            return builder.finish();
-        };
+    read.make = [array](const RecordsGoal &goal, Progress &progress) {
+        return batchOfEach(array, goal, progress, [&goal](const QJsonValue &element, RecordData &record) {
+            const QJsonObject object = element.toObject();
+            takeBookkeeping(object, record);
+            takeValues(object.value(valuesKey).toArray(), goal.fields, record);
+        });
+    };
     return read;
 }
 
@@ -140,22 +134,16 @@ ReadRecords ofOthers(const QJsonArray &array, const QStringList &keys)
     ReadRecords read;
     read.count = array.size();
     read.fieldNames = keys;
-    read.make =
-        [array, keys](const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
-            BatchBuilder builder(environment);
-            builder.setTaken(taken);
-            for (const QJsonValue &element : array) {
-                RecordData record = builder.newRecord();
-                const QJsonObject object = element.toObject();
-                for (qsizetype i = 0; i < std::min(keys.size(), fields.size()); ++i) {
-                    const QJsonValue value = object.value(keys[i]);
-                    if (!value.isNull() && !value.isUndefined())
-                        record.setFieldValue(singleLineFieldText(textOf(value)), fields[i]);
-                }
-                builder.add(std::move(record));
+    read.make = [array, keys](const RecordsGoal &goal, Progress &progress) {
+        return batchOfEach(array, goal, progress, [&](const QJsonValue &element, RecordData &record) {
+            const QJsonObject object = element.toObject();
+            for (qsizetype i = 0; i < std::min(keys.size(), goal.fields.size()); ++i) {
+                const QJsonValue value = object.value(keys[i]);
+                if (!value.isNull() && !value.isUndefined())
+                    record.setFieldValue(singleLineFieldText(textOf(value)), goal.fields[i]);
             }
-            return builder.finish();
-        };
+        });
+    };
     return read;
 }
 
