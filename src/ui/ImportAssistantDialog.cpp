@@ -25,6 +25,21 @@
 
 namespace tavrin {
 
+namespace {
+
+void showItems(QComboBox *box, const QStringList &items)
+{
+    QStringList shown;
+    for (int i = 0; i < box->count(); ++i)
+        shown.append(box->itemText(i));
+    if (shown == items)
+        return;
+    box->clear();
+    box->addItems(items);
+}
+
+} // namespace
+
 ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &sheet, QWidget *parent)
     : QDialog(parent)
     , g_sheet(sheet)
@@ -140,6 +155,18 @@ void ImportAssistantDialog::showSheet()
     setNote(g_note, g_sheet.note());
 }
 
+// It stays when the row is shown anew: somebody may be choosing with the keyboard.
+QComboBox *ImportAssistantDialog::targetBox(int column)
+{
+    if (auto *box = qobject_cast<QComboBox *>(g_preview->cellWidget(0, column)))
+        return box;
+    auto *box = new QComboBox(g_preview);
+    g_preview->setCellWidget(0, column, box);
+    connect(
+        box, &QComboBox::activated, &g_sheet, [this, column](int item) { g_sheet.setTarget(column, item); });
+    return box;
+}
+
 // The first row of the table says where each column goes.
 void ImportAssistantDialog::showColumns()
 {
@@ -148,20 +175,12 @@ void ImportAssistantDialog::showColumns()
         names.append(column.name);
     showRows(g_preview, names, QList<QStringList>{QStringList()} + g_sheet.previewRows());
     for (int column = 0; column < names.size(); ++column) {
-        auto *target = new QComboBox(g_preview);
-        target->addItems(g_sheet.targetItems(column));
+        QComboBox *target = targetBox(column);
+        showItems(target, g_sheet.targetItems(column));
         target->setCurrentIndex(static_cast<int>(g_sheet.columns()[column].target));
         target->setAccessibleName(tr("Where column “%1” goes").arg(names[column]));
-        g_preview->setCellWidget(0, column, target);
         g_preview->setColumnWidth(column,
                                   std::max(target->sizeHint().width(), g_preview->columnWidth(column)));
-        // Its change makes this row anew, so not from inside of its own signal.
-        connect(
-            target,
-            &QComboBox::activated,
-            &g_sheet,
-            [this, column](int item) { g_sheet.setTarget(column, item); },
-            Qt::QueuedConnection);
     }
     g_preview->resizeRowToContents(0);
     const int current = g_targets->currentRow();

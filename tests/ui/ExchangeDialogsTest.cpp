@@ -86,6 +86,13 @@ private Q_SLOTS:
         auto *columns = dialog.findChild<ColumnTable *>();
         drop(columns, u"target"_s, 2, columns->visualItemRect(columns->item(1, 0)).center());
         QTRY_COMPARE(sheet.columns()[0].target, qsizetype(2));
+        // By the keyboard, from key to key.
+        QWidget *first = columns->cellWidget(0, 0);
+        first->setFocus();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Up);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Up);
+        QCOMPARE(sheet.columns()[0].target, qsizetype(0));
+        QCOMPARE(dialog.focusWidget(), first);
     }
 
     void eachControlHasALetterOfItsOwn()
