@@ -253,6 +253,9 @@ ImportDifferencesSheetController::ImportDifferencesSheetController(const RecordU
                          tr("unchanged: %1").arg(locale.toString(updating.unchangedCount()))};
     if (updating.lockedCount() > 0)
         parts.append(tr("locked and left unchanged: %1").arg(locale.toString(updating.lockedCount())));
+    if (updating.repeatedCount() > 0)
+        parts.append(tr("passed over because their key comes again: %1")
+                         .arg(locale.toString(updating.repeatedCount())));
     g_summary = parts.join(u", "_s) + u'.';
 }
 

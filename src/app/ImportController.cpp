@@ -102,6 +102,7 @@ void ImportController::importRichText(const QString &path, const ImportWindow &w
                                                          QFileInfo(path).fileName(),
                                                          textContentOf(text->text().toUtf8()),
                                                          importTargetOf(window));
+    sheet->setHasFormats();
     connect(sheet.get(), &QVSheetController::finished, this, [=, this, sheet = sheet.get()](int code) {
         if (code != QVSheetController::FirstButton)
             return;
@@ -187,10 +188,10 @@ void ImportController::importRecords(const ImportJob &job,
 void ImportController::readRecords(const ImportJob &job, const ReadFiles &read, const Read &next)
 {
     g_adding.inBackground<ReadRecords>(job, read, [next, this](const Result<ReadRecords> &records) {
-        if (records)
+        if (records && records->count > 0)
             next(*records);
         else
-            g_adding.tell(records.error());
+            g_adding.tell(records ? nothingImported() : records.error());
     });
 }
 
@@ -225,17 +226,23 @@ void ImportController::addRecords(const ReadRecords &records,
     const bool isNew = destination == ImportDestination::NewDatafile;
     if (!isNew && !window)
         return;
-    auto made = isNew ? g_adding.newDatafile(records.fieldNames) : nullptr;
-    const Result<RecordBatch> batch = batchOf(isNew ? *made : window->document(), records, destination);
-    if (!batch) {
-        g_adding.tell(batch.error());
-        return;
-    }
-    const ImportedRecords imported{.batch = *batch, .kind = kind, .skipped = records.skippedCount};
-    if (isNew)
-        g_adding.showNewDatafile(std::move(made), name, imported);
-    else
-        g_adding.addTo(window, imported, destination);
+    // A function can be copied, so what it holds has to be shared.
+    const auto made = std::make_shared<std::unique_ptr<DatafileDocument>>(
+        isNew ? g_adding.newDatafile(records.fieldNames) : nullptr);
+    const RecordsGoal goal = goalOf(isNew ? **made : window->document(), records, destination);
+    const auto next = [=, this, skipped = records.skippedCount](const Result<RecordBatch> &batch) {
+        if (!batch) {
+            g_adding.tell(batch.error());
+            return;
+        }
+        const ImportedRecords imported{.batch = *batch, .kind = kind, .skipped = skipped};
+        if (isNew)
+            g_adding.showNewDatafile(std::move(*made), name, imported);
+        else
+            g_adding.addTo(window, imported, destination);
+    };
+    const auto make = [=](Progress &progress) { return records.make(goal, progress); };
+    g_adding.inBackground<RecordBatch>({tr("Importing records…")}, make, next);
 }
 
 } // namespace tavrin

@@ -34,7 +34,7 @@ ImportSheetController::ImportSheetController(TableKind kind,
     , g_target(std::move(target))
 {
     g_options.kind = kind;
-    readPreview();
+    readContent();
 }
 
 QString ImportSheetController::title() const
@@ -77,7 +77,7 @@ void ImportSheetController::setEncoding(TextEncoding encoding)
 {
     if (const Result<TextContent> content = textContent(g_content.source, encoding))
         g_content = *content;
-    readPreview();
+    readContent();
     Q_EMIT changed();
 }
 
@@ -89,6 +89,14 @@ QString ImportSheetController::note() const
     if (g_content.isGuessed)
         return tr("The encoding could not be told for certain. Choose another one if letters look wrong.");
     return {};
+}
+
+void ImportSheetController::readContent()
+{
+    const bool isSeparated = g_options.kind == TableKind::Csv || g_options.kind == TableKind::Ssv;
+    g_offersAssistant =
+        isSeparated && isBetterReadAsStandard(g_content, g_options.kind == TableKind::Csv ? ',' : ';');
+    readPreview();
 }
 
 void ImportSheetController::readPreview()
@@ -116,9 +124,6 @@ void ImportSheetController::readPreview()
             texts.append(shortened(text));
         g_previewRows.append(texts);
     }
-    const bool isSeparated = g_options.kind == TableKind::Csv || g_options.kind == TableKind::Ssv;
-    g_offersAssistant =
-        isSeparated && isBetterReadAsStandard(g_content, g_options.kind == TableKind::Csv ? ',' : ';');
 }
 
 } // namespace tavrin

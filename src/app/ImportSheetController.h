@@ -40,6 +40,9 @@ public:
     void setNamesInFirstRecord(bool on);
     QString delimiterText() const { return g_options.delimiter; }
     void setDelimiterText(const QString &delimiter);
+    /// Rich text says itself how it is encoded.
+    void setHasFormats() { g_hasFormats = true; }
+    bool asksForEncoding() const { return !g_hasFormats; }
     TextEncoding encoding() const { return g_content.encoding; }
     void setEncoding(TextEncoding encoding);
 
@@ -54,6 +57,7 @@ public:
     const TextContent &content() const { return g_content; }
 
 private:
+    void readContent();
     void readPreview();
 
     QString g_fileName;
@@ -64,6 +68,7 @@ private:
     QList<QStringList> g_previewRows;
     bool g_fitsTarget = false;
     bool g_offersAssistant = false;
+    bool g_hasFormats = false;
 };
 
 } // namespace tavrin

@@ -193,8 +193,8 @@ Command exportCommand()
             2,
             Cli::tr("Writes the selected records in another form."),
             Cli::tr("The folder forms make a folder inside OUT, with one file for each record; markdown\n"
-                    "makes the folder OUT. What stands at "
-                    "OUT is\nreplaced, but a folder only with --force."),
+                    "makes the folder OUT. What stands at OUT is replaced, but a folder only with\n"
+                    "--force, and one that is no RTFD document never by rtfd."),
             {{u"-o"_s, u"OUT"_s, Cli::tr("Where to write.")},
              {u"--line-end"_s, u"lf|cr|crlf"_s, Cli::tr("How rows end, for csv and tab; lf without this.")},
              {u"--utf16"_s, {}, Cli::tr("Write UTF-16 instead of UTF-8, for csv and tab.")},

@@ -6,7 +6,6 @@
 #include "richtext/Rtfd.h"
 
 #include <functional>
-#include <ranges>
 
 namespace tavrin {
 
@@ -34,8 +33,8 @@ std::optional<RecordText> changed(const RecordText &text,
 std::optional<RecordText> withoutParts(const RecordText &text, std::span<const TextPart> parts)
 {
     const auto remove = [parts](auto &from) {
-        for (const TextPart &part : std::views::reverse(parts))
-            from.remove(part.start, part.length);
+        for (auto part = parts.rbegin(); part != parts.rend(); ++part)
+            from.remove(part->start, part->length);
     };
     return changed(text, remove, remove);
 }
@@ -50,6 +49,7 @@ withReplaced(const RecordText &text, const TextPart &part, const QString &replac
             richtext::CharacterFormat format =
                 part.start < rich.size() ? rich.characterFormatAt(part.start) : richtext::CharacterFormat();
             format.link.clear();
+            format.attachment.reset();
             rich.remove(part.start, part.length);
             rich.insert(part.start, replacement, format);
         });

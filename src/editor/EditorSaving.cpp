@@ -77,7 +77,7 @@ void EditorSaving::askForFile(const QString &title, const std::function<void(con
     FileSheetController::Request request;
     request.purpose = FileSheetController::Purpose::SaveFile;
     request.title = title;
-    request.folder = path.isEmpty() ? QString() : present.absolutePath();
+    request.folder = path.isEmpty() ? datafilesFolderPath(&g_window.preferences()) : present.absolutePath();
     request.suggestedName = (name.isEmpty() ? g_document.displayName() : name) + u'.' + extension;
     request.requiredExtension = extension;
     request.nameFilters = {u"%1 (*.%2)"_s.arg(typeNameOf(g_document.kind()), extension)};

@@ -9,6 +9,14 @@
 
 namespace tavrin {
 
+QString folderAroundDocuments(const QString &folder)
+{
+    QFileInfo around(folder);
+    while (around.suffix().compare(QLatin1StringView("rtfd"), Qt::CaseInsensitive) == 0)
+        around = QFileInfo(around.absolutePath());
+    return around.absoluteFilePath();
+}
+
 void FileSheetController::keepFolder(Preferences &preferences, const QString &key)
 {
     const QString last = preferences.stringForKey(key);
@@ -18,11 +26,8 @@ void FileSheetController::keepFolder(Preferences &preferences, const QString &ke
         if (code != FirstButton || path().isEmpty())
             return;
         const bool isFolder = g_request.purpose == Purpose::OpenFolder;
-        QFileInfo folder(isFolder ? path() : QFileInfo(path()).absolutePath());
-        // A folder that is a document is no place for others.
-        while (folder.suffix().compare(QLatin1StringView("rtfd"), Qt::CaseInsensitive) == 0)
-            folder = QFileInfo(folder.absolutePath());
-        preferences.setObject(folder.absoluteFilePath(), key);
+        const QString folder = isFolder ? path() : QFileInfo(path()).absolutePath();
+        preferences.setObject(folderAroundDocuments(folder), key);
     });
 }
 

@@ -11,6 +11,9 @@ namespace tavrin {
 
 class Preferences;
 
+/// The folder itself, or that around it when it is an RTFD document: that is no place for other files.
+QString folderAroundDocuments(const QString &folder);
+
 /// Which file to open, or where to save.
 class FileSheetController : public QVSheetController
 {

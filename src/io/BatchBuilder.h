@@ -3,10 +3,13 @@
 
 #pragma once
 
+#include "io/ReadProgress.h"
 #include "io/RecordBatch.h"
 #include "model/RecordData.h"
+#include "sorting/WorkSteps.h"
 
 #include <QSet>
+#include <QStringList>
 
 #include <vector>
 
@@ -36,5 +39,31 @@ private:
     QByteArray g_identifiers;
     QSet<QString> g_taken;
 };
+
+/// The datafile for which records are made, as far as they need it.
+struct RecordsGoal
+{
+    QStringList fields;  ///< Identifiers of the fields that take values, in the order of the values.
+    QSet<QString> taken; ///< Identifiers of records that are not used again.
+    Environment environment;
+};
+
+/// The records of things, each filled from one of them by `fill(thing, record)`. Io, Cancelled.
+template <typename Things, typename Fill>
+Result<RecordBatch>
+batchOfEach(const Things &things, const RecordsGoal &goal, Progress &progress, const Fill &fill)
+{
+    BatchBuilder builder(goal.environment);
+    builder.setTaken(goal.taken);
+    WorkSteps steps(progress, static_cast<size_t>(things.size()));
+    for (const auto &thing : things) {
+        if (!steps.goOn())
+            return cancelled();
+        RecordData record = builder.newRecord();
+        fill(thing, record);
+        builder.add(std::move(record));
+    }
+    return builder.finish();
+}
 
 } // namespace tavrin

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace tavrin {
 
@@ -72,15 +73,20 @@ DetectedDialect detectDialect(const TextContent &text)
 
 bool isBetterReadAsStandard(const TextContent &text, char separator)
 {
-    const TextContent head = text.head(lookedAt);
+    // Quotes may be rare. So much is read before anybody notices.
+    constexpr qsizetype readAhead = qsizetype(4) << 20;
+    constexpr qint64 allRows = std::numeric_limits<qint64>::max();
+    const TextContent head = text.head(readAhead);
+    // The last row of a part is cut.
+    const quint64 cutRows = head.utf8.size() < text.utf8.size() ? 1 : 0;
     Progress progress;
-    const Result<ReadTable> given = readSeparated(head, separator, lookedAtRows, progress);
-    const bool isBad = given && (given->literalCount > 0 || given->malformedCount > 0);
+    const Result<ReadTable> given = readSeparated(head, separator, allRows, progress);
+    const bool isBad = given && (given->literalCount > 0 || given->malformedCount > cutRows);
     if (!isBad)
         return false;
-    const Result<ReadTable> standard = readStandard(head, {separator, '"'}, lookedAtRows, progress);
+    const Result<ReadTable> standard = readStandard(head, {separator, '"'}, allRows, progress);
     return standard && standard->table->width() > 1
-           && (standard->malformedCount == 0 || given->literalCount > 0);
+           && (standard->malformedCount <= cutRows || given->literalCount > 0);
 }
 
 } // namespace tavrin

@@ -3,13 +3,13 @@
 
 #include "io/ExportFolder.h"
 
+#include "base/SystemFile.h"
 #include "io/RecordLoop.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <utility>
 
@@ -19,43 +19,35 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Error cannotWrite(const QString &detail)
+Error nameIsTaken(const QString &path)
 {
-    return {
-        Error::Kind::Io, QCoreApplication::translate("Export", "The folder could not be written."), detail};
+    return {Error::Kind::Refused,
+            QCoreApplication::translate("Export", "A folder of that name exists already."),
+            path};
 }
 
 } // namespace
 
-ExportFolder::ExportFolder(QString path, std::unique_ptr<QTemporaryDir> folder, bool replaces)
-    : g_path(std::move(path))
-    , g_folder(std::move(folder))
+ExportFolder::ExportFolder(PendingFolder folder, bool replaces)
+    : g_folder(std::move(folder))
     , g_replaces(replaces)
 {}
-
-ExportFolder::ExportFolder(ExportFolder &&) noexcept = default;
-ExportFolder &ExportFolder::operator=(ExportFolder &&) noexcept = default;
-ExportFolder::~ExportFolder() = default;
 
 Result<ExportFolder> ExportFolder::begin(const QString &path, bool replaces)
 {
     if (!replaces && QFileInfo::exists(path))
-        return Error{Error::Kind::Refused,
-                     QCoreApplication::translate("Export", "A folder of that name exists already."),
-                     path};
-    const QString parent = QFileInfo(path).path();
-    if (!QDir().mkpath(parent))
-        return cannotWrite(parent);
-    // Hidden, for as long as it is not whole.
-    auto folder = std::make_unique<QTemporaryDir>(parent + u"/.export-XXXXXX"_s);
-    if (!folder->isValid())
-        return cannotWrite(folder->errorString());
-    return ExportFolder(path, std::move(folder), replaces);
+        return nameIsTaken(path);
+    if (!QDir().mkpath(QFileInfo(QDir::cleanPath(path)).path()))
+        return systemError(path);
+    Result<PendingFolder> folder = PendingFolder::beside(path);
+    if (!folder)
+        return folder.error();
+    return ExportFolder(std::move(*folder), replaces);
 }
 
 QString ExportFolder::pathOf(const QString &name) const
 {
-    return g_folder->path() + u'/' + name;
+    return g_folder.path() + u'/' + name;
 }
 
 Result<> ExportFolder::writeFile(const QString &name, const QByteArray &bytes) const
@@ -63,31 +55,16 @@ Result<> ExportFolder::writeFile(const QString &name, const QByteArray &bytes) c
     QFile file(pathOf(name));
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || file.write(bytes) != bytes.size()
         || !file.flush())
-        return cannotWrite(name + u": "_s + file.errorString());
+        return systemError(name);
     return {};
 }
 
 Result<> ExportFolder::finish()
 {
-    const QString old = g_folder->path() + u".old"_s;
-    const bool hasOld = QFileInfo::exists(g_path);
-    if (hasOld && (!g_replaces || !QFile::rename(g_path, old)))
-        return cannotWrite(g_path);
-    const QFile::Permissions usual = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup
-                                     | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-    QFile::setPermissions(g_folder->path(), usual);
-    if (!QDir().rename(g_folder->path(), g_path)) {
-        if (hasOld)
-            QFile::rename(old, g_path);
-        return cannotWrite(g_path);
-    }
-    g_folder->setAutoRemove(false);
-    const bool isFolder = QFileInfo(old).isDir() && !QFileInfo(old).isSymLink();
-    if (hasOld && isFolder)
-        QDir(old).removeRecursively();
-    else if (hasOld)
-        QFile::remove(old);
-    return {};
+    // It may have come while the files were written.
+    if (!g_replaces && QFileInfo::exists(g_folder.place()))
+        return nameIsTaken(g_folder.place());
+    return g_folder.takePlace();
 }
 
 Result<qsizetype>

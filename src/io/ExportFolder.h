@@ -3,43 +3,35 @@
 
 #pragma once
 
+#include "base/PendingFolder.h"
 #include "base/Progress.h"
 #include "base/Result.h"
 
 #include <QString>
 
 #include <functional>
-#include <memory>
-
-class QTemporaryDir;
 
 namespace tavrin {
 
 class ExportedRecords;
 
-/// A folder that is filled beside its place and put there when it is whole. Until then, and when it goes
-/// before that, nothing of it is left.
+/// A folder for exported files, which is there only when it is whole.
 class ExportFolder
 {
 public:
     /// Refused when there is something at the path and it is not to be replaced; Io.
     static Result<ExportFolder> begin(const QString &path, bool replaces);
 
-    ExportFolder(ExportFolder &&) noexcept;
-    ExportFolder &operator=(ExportFolder &&) noexcept;
-    ~ExportFolder();
-
     /// Where a file of that name goes for now.
     QString pathOf(const QString &name) const;
     Result<> writeFile(const QString &name, const QByteArray &bytes) const;
-    /// Puts it in its place. What was there before is back when that fails.
+    /// Puts it in its place. What was there before is back when that fails. Refused, Io.
     Result<> finish();
 
 private:
-    ExportFolder(QString path, std::unique_ptr<QTemporaryDir> folder, bool replaces);
+    ExportFolder(PendingFolder folder, bool replaces);
 
-    QString g_path;
-    std::unique_ptr<QTemporaryDir> g_folder;
+    PendingFolder g_folder;
     bool g_replaces;
 };
 

@@ -69,22 +69,16 @@ Result<std::optional<FileText>> readFile(const QString &path, Progress &progress
 ReadRecords recordsOf(const QList<FileText> &texts, bool includingNames)
 {
     ReadRecords records;
+    records.count = texts.size();
     if (includingNames)
         records.fieldNames = {QCoreApplication::translate("Import", "File Name")};
-    records.make = [texts, includingNames](const QStringList &fields,
-                                           const QSet<QString> &taken,
-                                           const Environment &environment) {
-        BatchBuilder builder(environment);
-        builder.setTaken(taken);
-        for (const FileText &text : texts) {
-            RecordData record = builder.newRecord();
+    records.make = [texts, includingNames](const RecordsGoal &goal, Progress &progress) {
+        return batchOfEach(texts, goal, progress, [&](const FileText &text, RecordData &record) {
             record.setTextString(text.text);
             record.setTextRTFD(text.textRTFD);
-            if (includingNames && !fields.isEmpty())
-                record.setFieldValue(text.name, fields.first());
-            builder.add(std::move(record));
-        }
-        return builder.finish();
+            if (includingNames && !goal.fields.isEmpty())
+                record.setFieldValue(text.name, goal.fields.first());
+        });
     };
     return records;
 }

@@ -5,6 +5,7 @@
 #include "io/RecordFiles.h"
 #include "io/RecordLoop.h"
 #include "io/TextSink.h"
+#include "model/FieldText.h"
 #include "model/RecordKey.h"
 #include "plist/ScalarText.h"
 
@@ -57,18 +58,45 @@ void takeValues(const QJsonArray &values, const QStringList &identifiers, Record
     }
 }
 
-/// Of any objects: all keys, in the order in which they come.
-QStringList keysOf(const QJsonArray &objects)
+/// Where the string that begins there has ended, in valid JSON.
+qsizetype endOfString(QByteArrayView json, qsizetype at)
 {
+    for (++at; at < json.size() && json[at] != '"'; ++at) {
+        if (json[at] == '\\')
+            ++at;
+    }
+    return at + 1;
+}
+
+bool isKey(QByteArrayView behind)
+{
+    return behind.trimmed().startsWith(':');
+}
+
+/// The keys of an array's objects, in the order in which they come. Qt's objects are sorted by them.
+QStringList keysOf(QByteArrayView json)
+{
+    constexpr int insideOfAnObject = 2;
     QStringList keys;
-    QSet<QString> known;
-    for (const QJsonValue &element : objects) {
-        for (const QString &key : element.toObject().keys()) {
-            if (!known.contains(key)) {
-                known.insert(key);
-                keys.append(key);
-            }
-        }
+    QSet<QByteArray> known;
+    int depth = 0;
+    for (qsizetype at = 0; at < json.size(); ++at) {
+        depth += json[at] == '{' || json[at] == '[' ? 1 : 0;
+        depth -= json[at] == '}' || json[at] == ']' ? 1 : 0;
+        if (json[at] != '"')
+            continue;
+        const qsizetype end = endOfString(json, at);
+        const QByteArrayView text = json.sliced(at, end - at);
+        at = end - 1;
+        if (depth != insideOfAnObject || !isKey(json.sliced(end)))
+            continue;
+        const QByteArray string = text.toByteArray();
+        if (known.contains(string))
+            continue;
+        known.insert(string);
+        const QString key = QJsonDocument::fromJson("[" + string + "]").array().first().toString();
+        if (!keys.contains(key))
+            keys.append(key);
     }
     return keys;
 }
@@ -76,6 +104,7 @@ QStringList keysOf(const QJsonArray &objects)
 ReadRecords ofOurs(const QJsonArray &array)
 {
     ReadRecords read;
+    read.count = array.size();
     qsizetype width = 0;
     for (const QJsonValue &element : array) {
         for (const QJsonValue &name : element.toObject().value(fieldNamesKey).toArray())
@@ -86,40 +115,30 @@ ReadRecords ofOurs(const QJsonArray &array)
     }
     while (read.fieldNames.size() < width)
         read.fieldNames.append(QString::number(read.fieldNames.size() + 1));
-    read.make =
-        [array](const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
-            BatchBuilder builder(environment);
-            builder.setTaken(taken);
-            for (const QJsonValue &element : array) {
-                RecordData record = builder.newRecord();
-                const QJsonObject object = element.toObject();
-                takeBookkeeping(object, record);
-                takeValues(object.value(valuesKey).toArray(), fields, record);
-                builder.add(std::move(record));
-            }
-            return builder.finish();
-        };
+    read.make = [array](const RecordsGoal &goal, Progress &progress) {
+        return batchOfEach(array, goal, progress, [&goal](const QJsonValue &element, RecordData &record) {
+            const QJsonObject object = element.toObject();
+            takeBookkeeping(object, record);
+            takeValues(object.value(valuesKey).toArray(), goal.fields, record);
+        });
+    };
     return read;
 }
 
-ReadRecords ofOthers(const QJsonArray &array)
+ReadRecords ofOthers(const QJsonArray &array, const QStringList &keys)
 {
     ReadRecords read;
-    read.fieldNames = keysOf(array);
-    read.make = [array, keys = read.fieldNames](
-                    const QStringList &fields, const QSet<QString> &taken, const Environment &environment) {
-        BatchBuilder builder(environment);
-        builder.setTaken(taken);
-        for (const QJsonValue &element : array) {
-            RecordData record = builder.newRecord();
+    read.count = array.size();
+    read.fieldNames = keys;
+    read.make = [array, keys](const RecordsGoal &goal, Progress &progress) {
+        return batchOfEach(array, goal, progress, [&](const QJsonValue &element, RecordData &record) {
             const QJsonObject object = element.toObject();
-            QJsonArray values;
-            for (const QString &key : keys)
-                values.append(object.value(key));
-            takeValues(values, fields, record);
-            builder.add(std::move(record));
-        }
-        return builder.finish();
+            for (qsizetype i = 0; i < std::min(keys.size(), goal.fields.size()); ++i) {
+                const QJsonValue value = object.value(keys[i]);
+                if (!value.isNull() && !value.isUndefined())
+                    record.setFieldValue(singleLineFieldText(textOf(value)), goal.fields[i]);
+            }
+        });
     };
     return read;
 }
@@ -226,7 +245,7 @@ Result<ReadRecords> readJson(QByteArrayView bytes)
             return noJson(u"an element is no object"_s);
     }
     const bool isOurs = !array.isEmpty() && array.first().toObject().value(valuesKey).isArray();
-    return isOurs ? ofOurs(array) : ofOthers(array);
+    return isOurs ? ofOurs(array) : ofOthers(array, keysOf(bytes));
 }
 
 } // namespace tavrin

@@ -159,8 +159,10 @@ QStringList fieldNamesOf(const QList<MarkdownRecord> &records)
     return names;
 }
 
-RecordData
-madeOf(const MarkdownRecord &source, const QStringList &names, const QStringList &fields, RecordData record)
+void fill(RecordData &record,
+          const MarkdownRecord &source,
+          const QStringList &names,
+          const QStringList &fields)
 {
     takeBookkeeping(source.bookkeeping, record);
     QList<bool> isTaken(names.size());
@@ -173,7 +175,6 @@ madeOf(const MarkdownRecord &source, const QStringList &names, const QStringList
         isTaken[at] = true;
         record.setFieldValue(value, fields[at]);
     }
-    return record;
 }
 
 } // namespace
@@ -207,17 +208,14 @@ Result<ReadRecords> readMarkdownFolder(const QString &folder, Progress &progress
     std::ranges::stable_sort(read, {}, &MarkdownRecord::number);
     ReadRecords records;
     records.fieldNames = fieldNamesOf(read);
+    records.count = read.size();
     records.skippedCount = files->skippedCount;
     if (!read.isEmpty())
         records.textName = read.first().textName;
-    records.make = [read, names = records.fieldNames](const QStringList &fields,
-                                                      const QSet<QString> &taken,
-                                                      const Environment &environment) {
-        BatchBuilder builder(environment);
-        builder.setTaken(taken);
-        for (const MarkdownRecord &record : read)
-            builder.add(madeOf(record, names, fields, builder.newRecord()));
-        return builder.finish();
+    records.make = [read, names = records.fieldNames](const RecordsGoal &goal, Progress &making) {
+        return batchOfEach(read, goal, making, [&](const MarkdownRecord &source, RecordData &record) {
+            fill(record, source, names, goal.fields);
+        });
     };
     return records;
 }

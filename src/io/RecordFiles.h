@@ -5,8 +5,8 @@
 
 #include "base/Progress.h"
 #include "base/Result.h"
+#include "io/BatchBuilder.h"
 #include "io/ExportedRecords.h"
-#include "io/RecordBatch.h"
 
 #include <QJsonObject>
 #include <QStringList>
@@ -19,13 +19,11 @@ namespace tavrin {
 struct ReadRecords
 {
     QStringList fieldNames;
-    QString textName = {};      ///< Empty: the usual one.
+    QString textName = {}; ///< Empty: the usual one.
+    qsizetype count = 0;
     qsizetype skippedCount = 0; ///< Files that were passed over.
-    /// The records, their values in fields of those identifiers, in the order of the names. `taken`
-    /// identifiers are not used again.
-    std::function<Result<RecordBatch>(
-        const QStringList &fieldIdentifiers, const QSet<QString> &taken, const Environment &environment)>
-        make;
+    /// The records themselves, on any thread. Io, Cancelled.
+    std::function<Result<RecordBatch>(const RecordsGoal &goal, Progress &progress)> make;
 };
 
 /// Writes an array of records, each as `tavrin-cli list --json` gives it with what else is stored of it, one

@@ -196,19 +196,18 @@ Result<ImportOutcome> importTable(DatafileDocument &document,
                          .removed = *removed};
 }
 
-Result<RecordBatch>
-batchOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination)
+RecordsGoal goalOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination)
 {
     DatafileSettingsData &settings = document.datafileSettings();
-    QSet<QString> taken;
+    RecordsGoal goal{{}, {}, document.services().environment};
     if (destination != ImportDestination::NewDatafile) {
         const QStringList identifiers = document.datafileRecords().allIdentifiers();
-        taken = QSet<QString>(identifiers.begin(), identifiers.end());
+        goal.taken = QSet<QString>(identifiers.begin(), identifiers.end());
     } else if (!records.textName.isEmpty()) {
         settings.setTextName(records.textName);
     }
-    return records.make(
-        fieldIdentifiersFor(records.fieldNames, settings), taken, document.services().environment);
+    goal.fields = fieldIdentifiersFor(records.fieldNames, settings);
+    return goal;
 }
 
 Result<ImportOutcome> importRecords(DatafileDocument &document,
@@ -216,7 +215,7 @@ Result<ImportOutcome> importRecords(DatafileDocument &document,
                                     ImportDestination destination,
                                     Progress &progress)
 {
-    const Result<RecordBatch> batch = batchOf(document, records, destination);
+    const Result<RecordBatch> batch = records.make(goalOf(document, records, destination), progress);
     if (!batch)
         return batch.error();
     if (batch->count() == 0)

@@ -90,9 +90,8 @@ Result<ImportOutcome> importRecords(DatafileDocument &document,
                                     ImportDestination destination,
                                     Progress &progress);
 
-/// The records alone, for a datafile. A new one takes the name of the text, too.
-Result<RecordBatch>
-batchOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination);
+/// What such records need of a datafile to be made. A new one takes the name of the text, too.
+RecordsGoal goalOf(DatafileDocument &document, const ReadRecords &records, ImportDestination destination);
 
 /// Puts records behind the others and selects all. When the datafile is no new one it is one step of Undo,
 /// with the removal of duplicates that belongs to merging. How many were removed. When it fails (Cancelled),

@@ -24,6 +24,22 @@ quint64 startOf(const FieldKey &field)
 
 } // namespace
 
+TextView textOfRow(const TextTable &table, quint32 row, std::span<const quint32> columns)
+{
+    if (columns.size() == 1) {
+        const TextView text = table.cell(row, columns.front());
+        return text.isAbsent() ? TextView(QStringLiteral("")) : text;
+    }
+    QString joined = QStringLiteral("");
+    for (const quint32 column : columns) {
+        const TextView text = table.cell(row, column);
+        if (!joined.isEmpty() && !text.isEmpty())
+            joined.append(u'\n');
+        joined.append(text.toString());
+    }
+    return TextView(joined);
+}
+
 TableRecords::TableRecords(std::shared_ptr<const TextTable> table,
                            TableMapping mapping,
                            plist::Dictionary pattern,
@@ -56,18 +72,7 @@ TextView TableRecords::fieldValue(quint32 place, const FieldKey &field) const
 
 TextView TableRecords::textString(quint32 place) const
 {
-    if (g_mapping.textColumns.size() == 1) {
-        const TextView text = g_table->cell(rowOf(place), g_mapping.textColumns.front());
-        return text.isAbsent() ? TextView(QStringLiteral("")) : text;
-    }
-    QString joined = QStringLiteral("");
-    for (const quint32 column : g_mapping.textColumns) {
-        const TextView text = g_table->cell(rowOf(place), column);
-        if (!joined.isEmpty() && !text.isEmpty())
-            joined.append(u'\n');
-        joined.append(text.toString());
-    }
-    return TextView(joined);
+    return textOfRow(*g_table, rowOf(place), g_mapping.textColumns);
 }
 
 plist::Dictionary TableRecords::fields(quint32 place) const

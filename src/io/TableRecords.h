@@ -9,6 +9,7 @@
 #include "model/ElementSource.h"
 
 #include <memory>
+#include <span>
 
 namespace tavrin {
 
@@ -34,6 +35,9 @@ inline quint32 rowCountOf(const TextTable &table, const TableMapping &mapping)
     return mapping.rows.empty() ? table.rowCount() - mapping.firstRow
                                 : static_cast<quint32>(mapping.rows.size());
 }
+
+/// The text that is in those columns of a row, joined by line ends; never absent.
+TextView textOfRow(const TextTable &table, quint32 row, std::span<const quint32> columns);
 
 /// The rows of a table as records, without anything being made of a row until somebody asks for it.
 class TableRecords : public ElementSource

@@ -2,20 +2,19 @@
 // SPDX-License-Identifier: MIT
 
 #include "base/DurableFile.h"
+#include "base/PendingFolder.h"
 #include "base/SystemFile.h"
 #include "richtext/AttachmentName.h"
 #include "richtext/RtfReader.h"
 #include "richtext/RtfWriter.h"
 #include "richtext/Rtfd.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QTemporaryDir>
 
 #include <cerrno>
-#include <cstdio>
 
 namespace tavrin::richtext {
 
@@ -37,36 +36,11 @@ QByteArray fileInFolder(const QDir &folder, const QString &name)
     return bytes.value_or(QByteArray());
 }
 
-bool renamed(const QString &from, const QString &to)
+/// Whether something is there that must not go for a document: a folder with other things in it.
+bool isAnotherFolder(const QString &path)
 {
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
-}
-
-void removeWhatIs(const QString &path)
-{
-    const QFileInfo found(path);
-    if (found.isDir() && !found.isSymLink())
-        QDir(path).removeRecursively();
-    else
-        QFile::remove(path);
-}
-
-/// Puts the finished folder in the place of whatever is there, by way of a name that nobody else has.
-Result<> takePlace(const QString &finished, const QString &path)
-{
-    const QFileInfo place(path);
-    if (!place.exists() && !place.isSymLink())
-        return renamed(finished, path) ? Result<>() : systemError(path);
-    const QString away = finished + u".old"_s;
-    if (!renamed(path, away))
-        return systemError(path);
-    if (!renamed(finished, path)) {
-        const Error error = systemError(path);
-        renamed(away, path);
-        return error;
-    }
-    removeWhatIs(away);
-    return {};
+    const QDir folder(path);
+    return folder.exists() && !folder.isEmpty() && !QFileInfo(folder.filePath(nameOfText)).isFile();
 }
 
 } // namespace
@@ -92,14 +66,16 @@ Result<AttributedText> readRtfdFolder(const QString &path)
 
 Result<> writeRtfdFolder(const QString &path, const AttributedText &text)
 {
-    const QString place = QFileInfo(path).absoluteFilePath();
-    QTemporaryDir folder(place + u".XXXXXX"_s);
-    if (!folder.isValid())
-        return systemError(place);
-    // What was made for nobody else becomes a folder like any other.
-    QFile::setPermissions(folder.path(), QFileInfo(QFileInfo(place).absolutePath()).permissions());
-    const Result<> written = writeDurably(folder.filePath(nameOfText), writeRtf(text));
-    if (!written)
+    if (isAnotherFolder(path))
+        return Error{
+            Error::Kind::Unsupported,
+            QCoreApplication::translate("RichText", "A folder that is no RTFD document is in the way."),
+            path};
+    Result<PendingFolder> pending = PendingFolder::beside(path);
+    if (!pending)
+        return pending.error();
+    const QDir folder(pending->path());
+    if (const Result<> written = writeDurably(folder.filePath(nameOfText), writeRtf(text)); !written)
         return written;
     const AttachmentFiles attachments(text);
     for (const AttachmentFiles::File &file : attachments.files()) {
@@ -108,10 +84,7 @@ Result<> writeRtfdFolder(const QString &path, const AttributedText &text)
         if (const Result<> copied = writeDurably(folder.filePath(file.key), file.bytes); !copied)
             return copied;
     }
-    const Result<> placed = takePlace(folder.path(), place);
-    if (placed)
-        folder.setAutoRemove(false);
-    return placed;
+    return pending->takePlace();
 }
 
 } // namespace tavrin::richtext

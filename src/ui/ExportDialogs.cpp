@@ -42,7 +42,7 @@ void ExportDialog::addTableOptions()
     auto *encoding = new QComboBox(this);
     encoding->addItem(tr("UTF-8"));
     encoding->addItem(tr("UTF-16"));
-    form->addRow(tr("En&coding:"), encoding);
+    form->addRow(tr("Enc&oding:"), encoding);
     connect(encoding, &QComboBox::currentIndexChanged, &g_sheet, [this](int index) {
         g_sheet.setUtf16(index == 1);
     });

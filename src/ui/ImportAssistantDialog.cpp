@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
@@ -23,6 +24,21 @@
 #include <algorithm>
 
 namespace tavrin {
+
+namespace {
+
+void showItems(QComboBox *box, const QStringList &items)
+{
+    QStringList shown;
+    for (int i = 0; i < box->count(); ++i)
+        shown.append(box->itemText(i));
+    if (shown == items)
+        return;
+    box->clear();
+    box->addItems(items);
+}
+
+} // namespace
 
 ImportAssistantDialog::ImportAssistantDialog(ImportAssistantSheetController &sheet, QWidget *parent)
     : QDialog(parent)
@@ -62,12 +78,17 @@ void ImportAssistantDialog::addColumns(QVBoxLayout *layout)
                              this);
     label->setWordWrap(true);
     label->setBuddy(g_preview);
-    layout->addWidget(label);
+    auto *targets = new QLabel(tr("&Fields:"), this);
+    targets->setBuddy(g_targets);
     preparePreview(g_preview, tr("Columns and first rows"));
     g_targets->setAccessibleName(tr("Where columns go"));
-    auto *halves = new QHBoxLayout;
-    halves->addWidget(g_targets, 1);
-    halves->addWidget(g_preview, 3);
+    auto *halves = new QGridLayout;
+    halves->addWidget(targets, 0, 0, Qt::AlignBottom);
+    halves->addWidget(label, 0, 1);
+    halves->addWidget(g_targets, 1, 0);
+    halves->addWidget(g_preview, 1, 1);
+    halves->setColumnStretch(0, 1);
+    halves->setColumnStretch(1, 3);
     layout->addLayout(halves, 1);
     // A change makes both halves anew, so not from inside of their own events.
     const auto setTarget = [this](int column, int target) { g_sheet.setTarget(column, target); };
@@ -103,7 +124,7 @@ void ImportAssistantDialog::addDestinations(QFormLayout *form)
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     const QString title = g_sheet.targetTitle().replace(u'&', QStringLiteral("&&"));
     const QString current = g_sheet.hasTarget() ? tr("“%1”").arg(title) : tr("the current datafile");
-    const QStringList texts = {tr("&Create a new datafile"),
+    const QStringList texts = {tr("Crea&te a new datafile"),
                                tr("&Append to %1").arg(current),
                                tr("&Merge into it, without duplicates"),
                                tr("&Update its records")};
@@ -134,6 +155,18 @@ void ImportAssistantDialog::showSheet()
     setNote(g_note, g_sheet.note());
 }
 
+// It stays when the row is shown anew: somebody may be choosing with the keyboard.
+QComboBox *ImportAssistantDialog::targetBox(int column)
+{
+    if (auto *box = qobject_cast<QComboBox *>(g_preview->cellWidget(0, column)))
+        return box;
+    auto *box = new QComboBox(g_preview);
+    g_preview->setCellWidget(0, column, box);
+    connect(
+        box, &QComboBox::activated, &g_sheet, [this, column](int item) { g_sheet.setTarget(column, item); });
+    return box;
+}
+
 // The first row of the table says where each column goes.
 void ImportAssistantDialog::showColumns()
 {
@@ -142,20 +175,12 @@ void ImportAssistantDialog::showColumns()
         names.append(column.name);
     showRows(g_preview, names, QList<QStringList>{QStringList()} + g_sheet.previewRows());
     for (int column = 0; column < names.size(); ++column) {
-        auto *target = new QComboBox(g_preview);
-        target->addItems(g_sheet.targetItems(column));
+        QComboBox *target = targetBox(column);
+        showItems(target, g_sheet.targetItems(column));
         target->setCurrentIndex(static_cast<int>(g_sheet.columns()[column].target));
         target->setAccessibleName(tr("Where column “%1” goes").arg(names[column]));
-        g_preview->setCellWidget(0, column, target);
         g_preview->setColumnWidth(column,
                                   std::max(target->sizeHint().width(), g_preview->columnWidth(column)));
-        // Its change makes this row anew, so not from inside of its own signal.
-        connect(
-            target,
-            &QComboBox::activated,
-            &g_sheet,
-            [this, column](int item) { g_sheet.setTarget(column, item); },
-            Qt::QueuedConnection);
     }
     g_preview->resizeRowToContents(0);
     const int current = g_targets->currentRow();

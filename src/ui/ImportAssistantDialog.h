@@ -33,6 +33,7 @@ private:
     void addDestinations(QFormLayout *form);
     void showSheet();
     void showColumns();
+    QComboBox *targetBox(int column);
 
     ImportAssistantSheetController &g_sheet;
     QButtonGroup *g_destinations;

@@ -58,7 +58,7 @@ ImportDialog::ImportDialog(ImportSheetController &sheet, QWidget *parent)
 
 void ImportDialog::addDestinations(QFormLayout *form)
 {
-    const QStringList texts = {tr("&Create new datafile"),
+    const QStringList texts = {tr("Crea&te new datafile"),
                                tr("&Append to current datafile"),
                                tr("&Merge into current datafile, without duplicates")};
     for (int i = 0; i < texts.size(); ++i) {
@@ -89,6 +89,8 @@ void ImportDialog::addOptions(QFormLayout *form)
         form->addRow(QString(), names);
         connect(names, &QCheckBox::toggled, &g_sheet, &ImportSheetController::setNamesInFirstRecord);
     }
+    if (!g_sheet.asksForEncoding())
+        return;
     const auto choose = [this](TextEncoding encoding) { g_sheet.setEncoding(encoding); };
     form->addRow(tr("&Encoding:"), makeEncodingBox(g_sheet.encoding(), this, choose));
 }

@@ -110,7 +110,11 @@ public:
     FilePanel(QWidget *parent, const FileSheetController::Request &request)
         : QFileDialog(parent, request.title, request.folder)
         , g_extension(request.requiredExtension)
-    {}
+    {
+        // Without a folder, Qt begins where its last panel of any kind was.
+        if (request.folder.isEmpty())
+            setDirectory(folderAroundDocuments(directory().absolutePath()));
+    }
 
 protected:
     void accept() override
@@ -119,12 +123,27 @@ protected:
         const bool isDocument = acceptMode() == AcceptSave && !g_extension.isEmpty() && chosen.isDir()
                                 && chosen.suffix() == g_extension;
         if (isDocument)
-            QDialog::accept();
+            askWhetherToReplace(chosen.fileName());
         else
             QFileDialog::accept();
     }
 
 private:
+    void askWhetherToReplace(const QString &name)
+    {
+        // In the words in which Qt asks for a file.
+        const QString text = tr("%1 already exists.\nDo you want to replace it?").arg(name);
+        auto *question = new QMessageBox(
+            QMessageBox::Warning, windowTitle(), text, QMessageBox::Yes | QMessageBox::No, this);
+        question->setDefaultButton(QMessageBox::No);
+        question->setAttribute(Qt::WA_DeleteOnClose);
+        connect(question, &QDialog::finished, this, [this](int answer) {
+            if (answer == QMessageBox::Yes)
+                QDialog::accept();
+        });
+        question->open();
+    }
+
     QString g_extension;
 };
 

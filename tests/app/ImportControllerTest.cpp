@@ -110,6 +110,14 @@ private Q_SLOTS:
         app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) { sheet.cancel(); });
         app.g_controller.imports().importTabDelimited(nullptr);
         QCOMPARE(app.g_controller.openDatafileCount(), qsizetype(0));
+
+        // Where the records of an empty array go is not asked.
+        EditorWindowController &window = opened(app, "x,y\n");
+        chooseFile(app, "[]");
+        app.answer(u"OK"_s);
+        app.g_controller.imports().importJSON(&window);
+        QCOMPARE(app.g_sheets.alerts().size(), qsizetype(2));
+        QVERIFY(app.g_sheets.allAnswered());
     }
 
     void namesAloneMakeADatafileWithAnEmptyRecord()
@@ -166,7 +174,7 @@ private Q_SLOTS:
     void theAssistantIsOfferedForWhatTheGrammarReadsBadly()
     {
         AppFixture app;
-        chooseFile(app, "name,notes\na,\"one\ntwo\"\nb,\"three\"\n");
+        chooseFile(app, "name,notes\n" + QByteArray("x,y\n").repeated(1000) + "a,\"one\ntwo\"\n");
         app.g_sheets.answerNext<ImportSheetController>([](auto &sheet) {
             QVERIFY(sheet.offersAssistant());
             sheet.finish(QVSheetController::ThirdButton);
@@ -181,9 +189,9 @@ private Q_SLOTS:
         app.g_controller.imports().importCSV(nullptr);
 
         const DatafileDocument &made = *app.g_controller.documents().first();
-        QCOMPARE(rowsOf(made), QList<QStringList>({{u"a"_s}, {u"b"_s}}));
-        const QString first = made.datafileCatalog().identifierAtIndex(0);
-        QCOMPARE(made.datafileRecords().view(first)->textString().toString(), u"one\ntwo"_s);
+        QCOMPARE(rowsOf(made).last(), QStringList{u"a"_s});
+        const QString last = made.datafileCatalog().identifierAtIndex(1000);
+        QCOMPARE(made.datafileRecords().view(last)->textString().toString(), u"one\ntwo"_s);
     }
 
     void recordsAreUpdatedByTheirKey()
@@ -195,16 +203,18 @@ private Q_SLOTS:
             .recordForIdentifier(document.datafileCatalog().identifierAtIndex(2))
             ->setRecordLocked(true);
         const QList<QStringList> before = rowsOf(document);
-        chooseFile(app, "B;A\nnew;k1\nsame;k2\nfresh;k4\nother;k3\n");
+        // The second row of k1 counts.
+        chooseFile(app, "B;A;Text\nfirst;k1;\nnew;k1;told\nsame;k2;\nfresh;k4;\nother;k3;\n");
         app.g_sheets.answerNext<ImportAssistantSheetController>([](auto &sheet) {
             sheet.setNamesInFirstRecord(true);
             sheet.setDestination(ImportAssistantSheetController::Destination::Update);
             sheet.setKeyColumn(1);
+            sheet.setTarget(2, 2);
             QVERIFY2(sheet.isAcceptable(), qPrintable(sheet.note()));
             sheet.accept();
         });
         app.g_sheets.answerNext<ImportDifferencesSheetController>([](auto &sheet) {
-            QCOMPARE(sheet.differences().size(), qsizetype(1));
+            QCOMPARE(sheet.differences().size(), qsizetype(2));
             QCOMPARE(sheet.differences().first().newContent, u"new"_s);
             sheet.accept();
         });
@@ -215,8 +225,12 @@ private Q_SLOTS:
         after[0][1] = u"new"_s;
         after.append({u"k4"_s, u"fresh"_s});
         QCOMPARE(rowsOf(document), after);
+        const RecordData *first =
+            document.datafileRecords().recordForIdentifier(document.datafileCatalog().identifierAtIndex(0));
+        QCOMPARE(first->textString(), u"told"_s);
         window.undo();
         QCOMPARE(rowsOf(document), before);
+        QVERIFY(first->textString().isEmpty());
     }
 
     void exportsAskAndWrite()

@@ -216,6 +216,9 @@ void ExportTest::foldersHaveAFileForEachRecord()
     QCOMPARE(DatafileFixture::contentOf(folder + u"My Data_2.txt"_s), QByteArray("B:\ty\n\n"));
     QCOMPARE(richtext::readRtfdFolder(options.parent + u"/My Data RTFD Folder/My Data_1.rtfd"_s)->text(),
              u"A: a/b\nB: x\n\ntext"_s);
+    // The folders of the documents are for whoever may read the folder that they are in.
+    const QFileInfo made(options.parent + u"/My Data RTFD Folder"_s);
+    QCOMPARE(QFileInfo(made.filePath() + u"/My Data_1.rtfd"_s).permissions(), made.permissions());
     // A second time only when it may replace, and nothing is left beside it.
     QCOMPARE(exportTextFolder(records, options, progress).error().kind, Error::Kind::Refused);
     QVERIFY(exportTextFolder(records, {.parent = options.parent, .replacesFolder = true}, progress));
@@ -279,9 +282,10 @@ void ExportTest::recordFilesLoseNothing()
 void ExportTest::foreignFilesAreRead()
 {
     const DatafileFixture fixture;
-    const auto json = importedFrom(readJson(R"([{"b": 1.5, "a": "x"}, {"c": [1, true], "a": null}])"));
+    const auto json = importedFrom(
+        readJson(R"([{"b": 1.5, "\"a\u0062": "x:{"}, {"c" : [1, {"n": 1}], "\"\u0061b": null}])"));
     QCOMPARE(tableText(ExportedRecords(*json), {.form = Form::Tab, .includingFieldNames = true}),
-             QByteArray("a\tb\tc\tFreeform Text Area\nx\t1.5\t\t\n\t\t[1,true]\t\n"));
+             QByteArray("b\t\"ab\tc\tFreeform Text Area\n1.5\tx:{\t\t\n\t\t[1,{\"n\":1}]\t\n"));
     for (const char *bad : {"{}", "[1]", "[", ""})
         QCOMPARE(readJson(bad).error().kind, Error::Kind::Corrupt);
 

@@ -137,7 +137,8 @@ void RtfdTest::foldersComeBack()
     QVERIFY(writeRtfdFolder(path, withAttachments({{u"b.bin"_s, bytes}, {u"gone"_s, {}}})));
     QCOMPARE(QDir(path).entryList(QDir::Files), QStringList({u"b.bin"_s, u"TXT.rtf"_s}));
     QCOMPARE(contents(path + u"/b.bin"_s), bytes);
-    QCOMPARE(QFileInfo(path).permissions(), QFileInfo(folder.path()).permissions());
+    QVERIFY(QDir(folder.path()).mkdir(u"usual"_s));
+    QCOMPARE(QFileInfo(path).permissions(), QFileInfo(folder.filePath(u"usual"_s)).permissions());
 }
 
 void RtfdTest::aFolderReachesNothingOutside()
@@ -172,6 +173,16 @@ void RtfdTest::aFolderThatCannotBeWrittenLeavesTheOldOne()
     QCOMPARE(readRtfdFolder(folder.filePath(u"a.rtfd"_s)).error().kind, Error::Kind::NotFound);
     QVERIFY(QDir().mkpath(folder.filePath(u"a.rtfd/TXT.rtf"_s)));
     QCOMPARE(readRtfdFolder(folder.filePath(u"a.rtfd"_s)).error().kind, Error::Kind::Io);
+    // A folder with other things in it is not taken for an old document.
+    QVERIFY(QDir(folder.path()).mkdir(u"mine"_s));
+    write(folder.filePath(u"mine/letter.txt"_s), "dear");
+    QCOMPARE(writeRtfdFolder(folder.filePath(u"mine/"_s), {}).error().kind, Error::Kind::Unsupported);
+    QVERIFY(QFileInfo::exists(folder.filePath(u"mine/letter.txt"_s)));
+    QVERIFY(writeRtfdFolder(folder.filePath(u"b.rtfd/"_s), AttributedText(u"one"_s)));
+    QVERIFY(writeRtfdFolder(folder.filePath(u"b.rtfd/"_s), AttributedText(u"two"_s)));
+    QCOMPARE(readRtfdFolder(folder.filePath(u"b.rtfd"_s))->text(), u"two"_s);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             (QStringList{u"a.rtfd"_s, u"b.rtfd"_s, u"mine"_s}));
 }
 
 QTEST_GUILESS_MAIN(RtfdTest)
