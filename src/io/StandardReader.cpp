@@ -69,8 +69,7 @@ Result<> StandardReader::read(qint64 mostRows, Progress &progress)
         readValue();
         while (!endLine())
             readValue();
-        g_table->endRow();
-        if (g_table->cellCount(g_table->rowCount() - 1) != g_table->cellCount(0))
+        if (g_table->endRow() != g_table->cellCount(0))
             ++g_malformedCount;
         if (g_table->isFull())
             return tooManyCells();

@@ -7,6 +7,7 @@
 #include "plist/Utf8.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrin {
 
@@ -28,17 +29,10 @@ QByteArray withSingleQuotes(QByteArrayView bytes)
 
 } // namespace
 
-TextTable::Cell TextTable::cellAt(qsizetype start, qsizetype size, Form form)
+TextTable::Cell TextTable::largeCell(qsizetype start, qsizetype size, Form form)
 {
-    if (size > largestSize) {
-        const QByteArrayView bytes = g_text.sliced(start, size);
-        return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
-    }
-    Cell cell;
-    cell.start = static_cast<quint64>(start) & 0xffffffffff;
-    cell.size = static_cast<quint64>(size) & 0x3fffff;
-    cell.form = static_cast<quint64>(form) & 3;
-    return cell;
+    const QByteArrayView bytes = g_text.sliced(start, size);
+    return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
 }
 
 TextTable::Cell TextTable::ownCell(QByteArrayView utf8)
@@ -63,11 +57,13 @@ QByteArrayView TextTable::ownBytes(Cell cell) const
     return QByteArrayView(g_own).sliced(static_cast<qsizetype>(cell.start), cell.size);
 }
 
-void TextTable::endRow()
+quint32 TextTable::endRow()
 {
     const auto end = static_cast<quint32>(g_cells.size());
+    const quint32 count = end - std::exchange(g_rowStart, end);
     g_rowEnds.append(end);
-    g_width = std::max(g_width, cellCount(rowCount() - 1));
+    g_width = std::max(g_width, count);
+    return count;
 }
 
 QByteArray TextTable::bytesOf(Cell cell) const

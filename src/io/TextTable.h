@@ -55,16 +55,25 @@ public:
 
     QByteArrayView text() const { return g_text; }
     bool isFull() const { return g_cells.size() >= mostCells; }
-    Cell cellAt(qsizetype start, qsizetype size, Form form);
+    Cell cellAt(qsizetype start, qsizetype size, Form form)
+    {
+        if (size > largestSize)
+            return largeCell(start, size, form);
+        return {static_cast<quint64>(start) & 0xffffffffff,
+                static_cast<quint64>(size) & 0x3fffff,
+                static_cast<quint64>(form) & 3};
+    }
     Cell ownCell(QByteArrayView utf8);
     QByteArray bytesOf(Cell cell) const; ///< Decoded.
     void appendCell(Cell cell) { g_cells.append(cell); }
-    void endRow();
+    /// How many cells the row has.
+    quint32 endRow();
 
 private:
     static constexpr quint64 mostCells = 0xfffffff0;
     static constexpr qsizetype largestSize = (qsizetype(1) << 22) - 1;
 
+    Cell largeCell(qsizetype start, qsizetype size, Form form);
     QByteArrayView ownBytes(Cell cell) const;
     quint32 firstCell(quint32 row) const { return row == 0 ? 0 : g_rowEnds[row - 1]; }
 
@@ -74,6 +83,7 @@ private:
     BlockList<quint32> g_rowEnds; ///< By row: the number of the cell behind its last one.
     QByteArray g_own;             ///< One behind the other, so that millions of them cost only their bytes.
     std::vector<QByteArray> g_largeOwn;
+    quint32 g_rowStart = 0; ///< The first cell of the row that is being read.
     quint32 g_width = 0;
 };
 
