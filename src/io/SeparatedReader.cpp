@@ -111,7 +111,7 @@ void SeparatedReader::cutQuoted(qsizetype start, qsizetype end)
     for (const SeparatedLineCutter::Field &field :
          g_cutter.cut(g_text.sliced(start, end - start), g_marked)) {
         const auto form = field.hasDoubled ? TextTable::Form::Encoded : TextTable::Form::Plain;
-        g_row.push_back(field.isOwn ? g_table->ownCell(field.own)
+        g_row.push_back(field.isOwn ? g_table->ownCell(g_cutter.bytesOf(field))
                                     : g_table->cellAt(start + field.start, field.size, form));
         g_literalCount += field.isOwn ? 1 : 0;
     }
