@@ -45,10 +45,11 @@ HWY_INLINE quint64 marksIn(const char *block, const Marks &marks)
     quint64 all = 0;
     for (std::size_t at = 0; at < blockSize; at += hn::Lanes(lanes)) {
         const auto bytes = hn::LoadU(lanes, reinterpret_cast<const std::uint8_t *>(block + at));
-        const auto left = hn::Or(hn::Or(is(bytes, marks[0]), is(bytes, marks[1])), is(bytes, marks[2]));
-        const auto right = hn::Or(hn::Or(is(bytes, marks[3]), is(bytes, marks[4])), is(bytes, marks[5]));
+        auto found = is(bytes, marks[0]);
+        for (std::size_t mark = 1; mark < marks.size(); ++mark)
+            found = hn::Or(found, is(bytes, marks[mark]));
         quint64 bits = 0;
-        hn::StoreMaskBits(lanes, hn::Or(left, right), reinterpret_cast<std::uint8_t *>(&bits));
+        hn::StoreMaskBits(lanes, found, reinterpret_cast<std::uint8_t *>(&bits));
         all |= bits << at;
     }
     return all;

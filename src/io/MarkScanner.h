@@ -11,7 +11,7 @@
 namespace tavrin {
 
 /// The bytes that a MarkScanner stops at. One that is not needed is given twice.
-using Marks = std::array<char, 6>;
+using Marks = std::array<char, 8>;
 
 /// Goes over a text from one of a few bytes to the next, with the widest vectors at hand.
 class MarkScanner

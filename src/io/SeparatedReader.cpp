@@ -48,7 +48,7 @@ private:
 
 Result<> SeparatedReader::read(qint64 mostRows, Progress &progress)
 {
-    MarkScanner scanner(g_text, {'"', g_separator, '\n', '\r', LineEnd::separatorLead, '\n'});
+    MarkScanner scanner(g_text, {'"', g_separator, '\n', '\r', LineEnd::separatorLead, '\n', '\n', '\n'});
     ReadProgress reported(g_text.size(), progress);
     qsizetype start = 0;
     while (start < g_text.size() && g_table->rowCount() < mostRows) {

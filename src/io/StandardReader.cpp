@@ -36,7 +36,9 @@ public:
                      '\n',
                      '\r',
                      '\t',
-                     LineEnd::separatorLead})
+                     LineEnd::separatorLead,
+                     '\n',
+                     '\n'})
         , g_table(std::make_shared<TextTable>(text.bytes, text.utf8))
     {}
 

@@ -80,30 +80,19 @@ QByteArray TextTable::bytesOf(Cell cell) const
     return g_text.sliced(static_cast<qsizetype>(cell.start), cell.size).toByteArray();
 }
 
-TextView TextTable::cell(quint32 row, quint32 column) const
+// Of a cell that is no plain one.
+TextView TextTable::storedText(Cell cell) const
 {
-    if (column >= cellCount(row))
-        return {};
-    const Cell cell = g_cells[firstCell(row) + size_t(column)];
-    switch (static_cast<Form>(cell.form)) {
-    case Form::Own:
-    case Form::LargeOwn:
+    if (cell.form != static_cast<quint64>(Form::Encoded))
         return {ownBytes(cell), false};
-    case Form::Encoded: {
-        const QString text = plist::fromUtf8(bytesOf(cell));
-        return TextView(text.isNull() ? QStringLiteral("") : text);
-    }
-    case Form::Plain:
-        break;
-    }
-    return {g_text.sliced(static_cast<qsizetype>(cell.start), cell.size), false};
+    const QString text = plist::fromUtf8(bytesOf(cell));
+    return TextView(text.isNull() ? QStringLiteral("") : text);
 }
 
-TextView TextTable::cellAsLine(quint32 row, quint32 column) const
+TextView TextTable::lineOf(Cell cell) const
 {
-    const TextView text = cell(row, column);
-    const bool isPlain =
-        text.isAbsent() || g_cells[firstCell(row) + size_t(column)].form == static_cast<quint64>(Form::Plain);
+    const TextView text = textOf(cell);
+    const bool isPlain = cell.form == static_cast<quint64>(Form::Plain);
     return isPlain ? text : TextView(singleLineFieldText(text.toString()));
 }
 

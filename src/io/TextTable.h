@@ -41,10 +41,36 @@ public:
     /// The cells of the longest row.
     quint32 width() const { return g_width; }
 
-    /// Absent where the row is too short.
-    TextView cell(quint32 row, quint32 column) const;
-    /// The same of a table read by readStandard() as a field holds it: line ends and tabs are blanks.
-    TextView cellAsLine(quint32 row, quint32 column) const;
+    /// The cells of one row, for whoever wants several of them.
+    class Row
+    {
+    public:
+        /// Absent where the row is too short.
+        TextView cell(quint32 column) const
+        {
+            return column < g_count ? g_table.textOf(g_table.g_cells[g_first + column]) : TextView();
+        }
+        /// The same of a table read by readStandard() as a field holds it: line ends and tabs are blanks.
+        TextView cellAsLine(quint32 column) const
+        {
+            return column < g_count ? g_table.lineOf(g_table.g_cells[g_first + column]) : TextView();
+        }
+
+    private:
+        friend class TextTable;
+        Row(const TextTable &table, quint32 row)
+            : g_table(table)
+            , g_first(table.firstCell(row))
+            , g_count(table.g_rowEnds[row] - table.firstCell(row))
+        {}
+
+        const TextTable &g_table;
+        size_t g_first;
+        quint32 g_count;
+    };
+
+    Row cells(quint32 row) const { return {*this, row}; }
+    TextView cell(quint32 row, quint32 column) const { return cells(row).cell(column); }
     QStringList row(quint32 row) const;
     /// Whether the texts of all cells of the row stand in the text as they are.
     bool isPlain(quint32 row) const;
@@ -75,6 +101,14 @@ private:
 
     Cell largeCell(qsizetype start, qsizetype size, Form form);
     QByteArrayView ownBytes(Cell cell) const;
+    TextView textOf(Cell cell) const
+    {
+        if (cell.form != static_cast<quint64>(Form::Plain))
+            return storedText(cell);
+        return {g_text.sliced(static_cast<qsizetype>(cell.start), cell.size), false};
+    }
+    TextView lineOf(Cell cell) const;
+    TextView storedText(Cell cell) const;
     quint32 firstCell(quint32 row) const { return row == 0 ? 0 : g_rowEnds[row - 1]; }
 
     SharedBytes g_bytes;
