@@ -40,7 +40,7 @@ void compareCutting(QByteArrayView line)
     SeparatedLineCutter cutter;
     std::vector<QByteArray> fields;
     for (const auto &field : cutter.cut(line, marked)) {
-        QByteArray text = field.isOwn ? field.own : line.sliced(field.start, field.size).toByteArray();
+        QByteArray text = cutter.bytesOf(field).toByteArray();
         fields.push_back(field.hasDoubled && !field.isOwn ? text.replace("\"\"", "\"") : text);
     }
     if (fields != cutLiterally(line, ','))

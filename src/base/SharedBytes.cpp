@@ -4,22 +4,20 @@
 #include "base/SharedBytes.h"
 
 #include "base/DurableFile.h"
+#include "base/LargeMemory.h"
 #include "base/Parallel.h"
 #include "base/SystemFile.h"
 
-#include <sys/mman.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <memory>
 
 namespace tavrin {
 
 namespace {
 
-constexpr qsizetype hugePage = qsizetype(2) << 20;
 constexpr qsizetype parallelFrom = qsizetype(32) << 20;
 
 /// Reads one part of a file, in pieces.
@@ -73,20 +71,13 @@ Error tooLittleMemory(const QString &path)
 
 } // namespace
 
-// In huge pages, because touching memory for the first time costs more than reading the file into it.
 std::shared_ptr<char> SharedBytes::allocated(qsizetype size)
 {
-    const auto wanted = static_cast<size_t>(size + padding + hugePage);
-    void *memory = ::mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED)
+    const auto wanted = static_cast<size_t>(size + padding);
+    void *memory = LargeMemory::allocate(wanted);
+    if (!memory)
         return nullptr;
-    void *aligned = memory;
-    size_t room = wanted;
-    std::align(static_cast<size_t>(hugePage), static_cast<size_t>(size + padding), aligned, room);
-#ifdef MADV_HUGEPAGE
-    ::madvise(aligned, static_cast<size_t>(size + padding), MADV_HUGEPAGE);
-#endif
-    return {static_cast<char *>(aligned), [memory, wanted](char *) { ::munmap(memory, wanted); }};
+    return {static_cast<char *>(memory), [wanted](char *start) { LargeMemory::release(start, wanted); }};
 }
 
 Result<SharedBytes> SharedBytes::copyOf(QByteArrayView bytes)

@@ -22,8 +22,6 @@ public:
 private:
     /// In one pass over the record's fields; none when that is not to be had.
     std::optional<size_t> inOnePass(const RecordView &record) const;
-    /// The place of a field that is probably the next one; that of none at the end.
-    size_t placeOf(QByteArrayView identifier, size_t next) const;
 
     const std::vector<FieldKey> &g_fields;
 };

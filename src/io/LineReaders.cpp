@@ -12,7 +12,7 @@ Result<ReadTable> readTabDelimited(const TextContent &text, qint64 mostRows, Pro
 {
     const QByteArrayView utf8 = text.utf8;
     const auto table = std::make_shared<TextTable>(text.bytes, utf8);
-    MarkScanner scanner(utf8, {'\t', '\n', '\r', LineEnd::separatorLead, '\n', '\n'});
+    MarkScanner scanner(utf8, {'\t', '\n', '\r', LineEnd::separatorLead, '\n', '\n', '\n', '\n'});
     ReadProgress reported(utf8.size(), progress);
     qsizetype lineStart = 0;
     qsizetype cellStart = 0;

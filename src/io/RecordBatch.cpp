@@ -65,6 +65,24 @@ void writeIdentifier(quint64 high, quint64 low, char *to)
     writeHex<6>(low, to);
 }
 
+/// In pieces, so that the memory brings what the table holds of a piece all at once.
+std::vector<quint32> numbersOf(const RecordBatch &batch, IdentifierTable &table)
+{
+    constexpr quint32 piece = 64;
+    table.reserve(table.count() + batch.count());
+    std::vector<quint32> numbers;
+    numbers.reserve(batch.count());
+    std::vector<IdentifierTable::Hashed> identifiers;
+    for (quint32 start = 0; start < batch.count(); start += piece) {
+        identifiers.clear();
+        for (quint32 place = start; place < std::min(batch.count(), start + piece); ++place)
+            table.fetch(identifiers.emplace_back(batch.identifier(place)));
+        for (const IdentifierTable::Hashed &identifier : identifiers)
+            numbers.push_back(table.add(identifier));
+    }
+    return numbers;
+}
+
 } // namespace
 
 Result<SharedBytes> newIdentifiers(quint32 count, const Environment &environment)
@@ -85,13 +103,8 @@ Result<SharedBytes> newIdentifiers(quint32 count, const Environment &environment
 std::vector<quint32> addBatch(DatafileDocument &document, const RecordBatch &batch)
 {
     DatafileRecordsData &records = document.datafileRecords();
-    IdentifierTable &identifiers = records.identifiers();
-    identifiers.keep(batch.identifiers);
-    identifiers.reserve(identifiers.count() + batch.count());
-    std::vector<quint32> numbers;
-    numbers.reserve(batch.count());
-    for (quint32 place = 0; place < batch.count(); ++place)
-        numbers.push_back(identifiers.add(batch.identifier(place)));
+    records.identifiers().keep(batch.identifiers);
+    const std::vector<quint32> numbers = numbersOf(batch, records.identifiers());
     records.addRecords(batch.records, numbers);
     document.datafileCatalog().insertNumbersAtEnd(numbers);
     return numbers;

@@ -4,6 +4,7 @@
 #include "io/SeparatedLine.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tavrin {
 
@@ -21,13 +22,12 @@ const std::vector<SeparatedLineCutter::Field> &SeparatedLineCutter::cut(QByteArr
     g_line = line;
     g_tokens.clear();
     g_fields.clear();
+    g_own.clear();
     g_position = 0;
     g_next = 0;
     g_isOpened = false;
-    tokenise(marked);
     g_lastOf = {};
-    for (size_t token = 0; token < g_tokens.size(); ++token)
-        g_lastOf[g_tokens[token].kind] = token + 1;
+    tokenise(marked);
     cutTokens();
     return g_fields;
 }
@@ -43,8 +43,36 @@ void SeparatedLineCutter::tokenise(const std::vector<qsizetype> &marked)
     }
 }
 
-// Of quotes and separators that stand side by side: the passes in their order, each from left to right.
+void SeparatedLineCutter::addToken(qsizetype start, qsizetype size, Kind kind)
+{
+    g_tokens.push_back({start, size, kind});
+    g_lastOf[kind] = g_tokens.size();
+}
+
+// Of quotes and separators that stand side by side.
 void SeparatedLineCutter::tokeniseRun(qsizetype start, qsizetype size)
+{
+    const auto kindAt = [&](qsizetype at) { return g_line[at] == '"' ? Quote : Separator; };
+    const Kind first = kindAt(start);
+    const Kind second = size == 2 ? kindAt(start + 1) : Separator;
+    if (size == 1) {
+        addToken(start, 1, first);
+    } else if (size > 2) {
+        tokeniseLongRun(start, size);
+    } else if (first == Separator && second == Separator) {
+        addToken(start, 1, Separator);
+        addToken(start + 1, 1, Separator);
+    } else {
+        addToken(start,
+                 2,
+                 first == Separator    ? SeparatorQuote
+                 : second == Separator ? QuoteSeparator
+                                       : DoubledQuote);
+    }
+}
+
+// The passes in their order, each from left to right.
+void SeparatedLineCutter::tokeniseLongRun(qsizetype start, qsizetype size)
 {
     struct Pass
     {
@@ -56,10 +84,6 @@ void SeparatedLineCutter::tokeniseRun(qsizetype start, qsizetype size)
                                                     {SeparatorQuote, ",\""},
                                                     {DoubledQuote, "\"\""}}};
     const auto isQuote = [&](qsizetype at) { return g_line[start + at] == '"'; };
-    if (size == 1) {
-        g_tokens.push_back({start, 1, isQuote(0) ? Quote : Separator});
-        return;
-    }
     g_run.assign(static_cast<size_t>(size), untaken);
     for (const auto &[kind, pattern] : passes) {
         const auto matches = [&, pattern = pattern](qsizetype at) {
@@ -80,11 +104,10 @@ void SeparatedLineCutter::tokeniseRun(qsizetype start, qsizetype size)
     }
     for (qsizetype at = 0; at < size;) {
         const quint8 taken = g_run[static_cast<size_t>(at)];
-        const Token token = taken == untaken
-                                ? Token{start + at, 1, isQuote(at) ? Quote : Separator}
-                                : Token{start + at, passes[taken].pattern.size(), static_cast<Kind>(taken)};
-        g_tokens.push_back(token);
-        at += token.size;
+        const qsizetype length = taken == untaken ? 1 : passes[taken].pattern.size();
+        const Kind single = isQuote(at) ? Quote : Separator;
+        addToken(start + at, length, taken == untaken ? single : static_cast<Kind>(taken));
+        at += length;
     }
 }
 
@@ -111,6 +134,19 @@ void SeparatedLineCutter::cutTokens()
         g_fields.push_back({g_line.size(), 0});
 }
 
+// The first token of one of the kinds from the position on; how many there are when there is none.
+template <Kind... kinds>
+size_t SeparatedLineCutter::nextOf() const
+{
+    // Most searches that find nothing are answered by this, so that a long line costs no more per byte.
+    if (((g_lastOf[kinds] <= g_next) && ...))
+        return g_tokens.size();
+    for (size_t token = g_next;; ++token) {
+        if (((g_tokens[token].kind == kinds) || ...))
+            return token;
+    }
+}
+
 // False when the field is a plain one.
 bool SeparatedLineCutter::cutStep()
 {
@@ -130,7 +166,7 @@ bool SeparatedLineCutter::cutFirstQuoted()
 {
     g_position = 1;
     g_next = 1;
-    const size_t end = nextOf({QuoteSeparatorQuote, QuoteSeparator});
+    const size_t end = nextOf<QuoteSeparatorQuote, QuoteSeparator>();
     if (end == g_tokens.size()) {
         g_fields.push_back({0, 0});
         g_isOpened = true;
@@ -144,9 +180,9 @@ bool SeparatedLineCutter::cutFirstQuoted()
 
 bool SeparatedLineCutter::cutOpened()
 {
-    size_t end = nextOf({QuoteSeparatorQuote, QuoteSeparator});
+    size_t end = nextOf<QuoteSeparatorQuote, QuoteSeparator>();
     if (end == g_tokens.size())
-        end = nextOf({Quote});
+        end = nextOf<Quote>();
     if (end == g_tokens.size()) {
         g_fields.push_back({g_position, 0});
         return true;
@@ -159,28 +195,16 @@ bool SeparatedLineCutter::cutOpened()
 
 bool SeparatedLineCutter::cutPlain()
 {
-    if (nextOf({Separator}) == g_tokens.size()) {
+    if (nextOf<Separator>() == g_tokens.size()) {
         emitUpTo(g_line.size(), g_tokens.size());
         g_position = g_line.size();
         return true;
     }
-    const size_t end = nextOf({Separator, SeparatorQuote});
+    const size_t end = nextOf<Separator, SeparatorQuote>();
     emitUpTo(g_tokens[end].start, end);
     moveBehind(end);
     g_isOpened = g_tokens[end].kind == SeparatorQuote;
     return true;
-}
-
-// The first token of one of the kinds from the position on; how many there are when there is none.
-size_t SeparatedLineCutter::nextOf(std::initializer_list<Kind> kinds) const
-{
-    // Most searches that find nothing are answered by this, so that a long line costs no more per byte.
-    if (std::ranges::all_of(kinds, [this](Kind kind) { return g_lastOf[kind] <= g_next; }))
-        return g_tokens.size();
-    for (size_t token = g_next;; ++token) {
-        if (std::ranges::find(kinds, g_tokens[token].kind) != kinds.end())
-            return token;
-    }
 }
 
 void SeparatedLineCutter::moveBehind(size_t token)
@@ -196,25 +220,28 @@ void SeparatedLineCutter::emitUpTo(qsizetype end, size_t endToken)
         field.hasDoubled = field.hasDoubled || g_tokens[token].kind == DoubledQuote;
         field.isOwn = g_tokens[token].kind < DoubledQuote;
     }
-    if (field.isOwn)
-        field.own = written(end, endToken);
-    g_fields.push_back(std::move(field));
+    if (field.isOwn) {
+        field.start = std::ssize(g_own);
+        write(end, endToken);
+        field.size = std::ssize(g_own) - field.start;
+    }
+    g_fields.push_back(field);
 }
 
 // The field with its tokens as they stand, but for doubled quotes.
-QByteArray SeparatedLineCutter::written(qsizetype end, size_t endToken) const
+void SeparatedLineCutter::write(qsizetype end, size_t endToken)
 {
-    QByteArray text;
+    const auto append = [this](QByteArrayView bytes) { g_own.append(bytes.begin(), bytes.end()); };
     qsizetype at = g_position;
     for (size_t token = g_next; token < endToken; ++token) {
         const auto &[start, size, kind] = g_tokens[token];
         if (kind == Quote || kind == Separator)
             continue;
-        text.append(g_line.sliced(at, start - at));
-        text.append(kind == DoubledQuote ? QByteArrayView("\"") : texts[kind]);
+        append(g_line.sliced(at, start - at));
+        append(kind == DoubledQuote ? QByteArrayView("\"") : texts[kind]);
         at = start + size;
     }
-    return text.append(g_line.sliced(at, end - at));
+    append(g_line.sliced(at, end - at));
 }
 
 bool mayHoldTokens(QByteArrayView text)

@@ -7,7 +7,7 @@
 #include <QByteArrayView>
 
 #include <array>
-#include <functional>
+#include <string>
 #include <vector>
 
 namespace tavrin {
@@ -36,12 +36,17 @@ public:
         qsizetype start = 0;
         qsizetype size = 0;
         bool hasDoubled = false; ///< Two quotes in it stand for one.
-        bool isOwn = false;
-        QByteArray own = {};
+        bool isOwn = false;      ///< It starts in the cutter's own bytes.
     };
 
     /// `marked` are the places of all quotes and separators of the line, in their order.
     const std::vector<Field> &cut(QByteArrayView line, const std::vector<qsizetype> &marked);
+
+    /// Of a field of the last line, as they stand there.
+    QByteArrayView bytesOf(const Field &field) const
+    {
+        return (field.isOwn ? QByteArrayView(g_own) : g_line).sliced(field.start, field.size);
+    }
 
 private:
     struct Token
@@ -53,20 +58,24 @@ private:
 
     void tokenise(const std::vector<qsizetype> &marked);
     void tokeniseRun(qsizetype start, qsizetype size);
+    void tokeniseLongRun(qsizetype start, qsizetype size);
+    void addToken(qsizetype start, qsizetype size, SeparatorToken::Kind kind);
     void cutTokens();
     bool cutStep();
     bool cutFirstQuoted();
     bool cutOpened();
     bool cutPlain();
-    size_t nextOf(std::initializer_list<SeparatorToken::Kind> kinds) const;
+    template <SeparatorToken::Kind... kinds>
+    size_t nextOf() const;
     void emitUpTo(qsizetype end, size_t endToken);
     void moveBehind(size_t token);
-    QByteArray written(qsizetype end, size_t endToken) const;
+    void write(qsizetype end, size_t endToken);
 
     QByteArrayView g_line;
     std::vector<Token> g_tokens;
     std::vector<quint8> g_run;
     std::vector<Field> g_fields;
+    std::string g_own; ///< Quicker than a QByteArray to append small pieces to.
     qsizetype g_position = 0;
     size_t g_next = 0; ///< The first token at the position or behind it.
     bool g_isOpened = false;

@@ -48,7 +48,7 @@ private:
 
 Result<> SeparatedReader::read(qint64 mostRows, Progress &progress)
 {
-    MarkScanner scanner(g_text, {'"', g_separator, '\n', '\r', LineEnd::separatorLead, '\n'});
+    MarkScanner scanner(g_text, {'"', g_separator, '\n', '\r', LineEnd::separatorLead, '\n', '\n', '\n'});
     ReadProgress reported(g_text.size(), progress);
     qsizetype start = 0;
     while (start < g_text.size() && g_table->rowCount() < mostRows) {
@@ -111,7 +111,7 @@ void SeparatedReader::cutQuoted(qsizetype start, qsizetype end)
     for (const SeparatedLineCutter::Field &field :
          g_cutter.cut(g_text.sliced(start, end - start), g_marked)) {
         const auto form = field.hasDoubled ? TextTable::Form::Encoded : TextTable::Form::Plain;
-        g_row.push_back(field.isOwn ? g_table->ownCell(field.own)
+        g_row.push_back(field.isOwn ? g_table->ownCell(g_cutter.bytesOf(field))
                                     : g_table->cellAt(start + field.start, field.size, form));
         g_literalCount += field.isOwn ? 1 : 0;
     }

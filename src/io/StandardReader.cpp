@@ -10,20 +10,35 @@ namespace tavrin {
 
 namespace {
 
+/// What a byte is to the reader. From Separator on it ends a value that does not stand between quotes.
+enum class Kind : quint8 { Text, Quote, Separator, LineEnd, TextEnd };
+
+std::array<Kind, 256> kindsOf(const StandardDialect &dialect)
+{
+    std::array<Kind, 256> kinds{};
+    kinds['\n'] = kinds['\r'] = Kind::LineEnd;
+    if (dialect.quote != 0)
+        kinds[static_cast<uchar>(dialect.quote)] = Kind::Quote;
+    kinds[static_cast<uchar>(dialect.separator)] = Kind::Separator;
+    return kinds;
+}
+
 class StandardReader
 {
 public:
     StandardReader(const TextContent &text, StandardDialect dialect)
         : g_text(text.utf8)
-        , g_separator(dialect.separator)
         , g_quote(dialect.quote)
+        , g_kinds(kindsOf(dialect))
         , g_scanner(text.utf8,
                     {dialect.separator,
                      dialect.quote ? dialect.quote : '\n',
                      '\n',
                      '\r',
                      '\t',
-                     LineEnd::separatorLead})
+                     LineEnd::separatorLead,
+                     '\n',
+                     '\n'})
         , g_table(std::make_shared<TextTable>(text.bytes, text.utf8))
     {}
 
@@ -31,22 +46,20 @@ public:
     ReadTable result() const { return {g_table, g_malformedCount}; }
 
 private:
-    bool isQuote(qsizetype at) const { return g_quote != 0 && at < g_text.size() && g_text[at] == g_quote; }
-    bool isLineEnd(qsizetype at) const { return g_text[at] == '\n' || g_text[at] == '\r'; }
-    bool endsValue(qsizetype at) const
+    Kind kindAt(qsizetype at) const
     {
-        return at >= g_text.size() || g_text[at] == g_separator || isLineEnd(at);
+        return at < g_text.size() ? g_kinds[static_cast<uchar>(g_text[at])] : Kind::TextEnd;
     }
     void next();
-    void readValue();
-    void readQuoted();
+    Kind readValue();
+    Kind readQuoted();
     void passMark();
+    void passEnd(Kind end);
     TextTable::Cell cellOf(qsizetype start, qsizetype end, bool hasDoubled);
-    bool endLine();
 
     QByteArrayView g_text;
-    char g_separator;
     char g_quote;
+    std::array<Kind, 256> g_kinds;
     MarkScanner g_scanner;
     std::shared_ptr<TextTable> g_table;
     qsizetype g_at = 0;   ///< Where the next value begins.
@@ -61,16 +74,16 @@ Result<> StandardReader::read(qint64 mostRows, Progress &progress)
     g_mark = g_scanner.next();
     while (g_at < g_text.size() && g_table->rowCount() < mostRows) {
         // An empty line.
-        if (g_mark == g_at && isLineEnd(g_at)) {
+        if (g_mark == g_at && kindAt(g_at) == Kind::LineEnd) {
             ++g_at;
-            next();
+            g_mark = g_scanner.next();
             continue;
         }
-        readValue();
-        while (!endLine())
-            readValue();
-        g_table->endRow();
-        if (g_table->cellCount(g_table->rowCount() - 1) != g_table->cellCount(0))
+        for (Kind end = Kind::Separator; end == Kind::Separator;) {
+            end = readValue();
+            passEnd(end);
+        }
+        if (g_table->endRow() != g_table->cellCount(0))
             ++g_malformedCount;
         if (g_table->isFull())
             return tooManyCells();
@@ -86,16 +99,15 @@ void StandardReader::next()
         g_mark = g_scanner.next();
 }
 
-/// Moves behind what ended a value. True when that ended the row too.
-bool StandardReader::endLine()
+// Moves behind what ended a value; that is the mark.
+void StandardReader::passEnd(Kind end)
 {
-    if (g_at >= g_text.size())
-        return true;
-    const bool isSeparator = g_text[g_at] == g_separator;
-    const bool isPair = g_text[g_at] == '\r' && g_at + 1 < g_text.size() && g_text[g_at + 1] == '\n';
+    if (end == Kind::TextEnd)
+        return;
+    const bool isPair =
+        end == Kind::LineEnd && g_text[g_at] == '\r' && g_at + 1 < g_text.size() && g_text[g_at + 1] == '\n';
     g_at += isPair ? 2 : 1;
     next();
-    return !isSeparator;
 }
 
 // A mark inside of the value.
@@ -107,38 +119,39 @@ void StandardReader::passMark()
 }
 
 // Leaves g_at at what ended the value.
-void StandardReader::readValue()
+Kind StandardReader::readValue()
 {
-    g_hasLineEnd = false;
-    if (isQuote(g_at)) {
-        readQuoted();
-        return;
-    }
-    // Inside of a value that does not begin with a quote, quotes are text.
     const qsizetype start = g_at;
-    while (g_mark < g_text.size() && !endsValue(g_mark))
+    Kind kind = kindAt(g_mark);
+    if (kind == Kind::Quote && g_mark == start)
+        return readQuoted();
+    g_hasLineEnd = false;
+    // Inside of a value that does not begin with a quote, quotes are text.
+    for (; kind < Kind::Separator; kind = kindAt(g_mark))
         passMark();
     const qsizetype size = g_mark - start;
     g_table->appendCell(g_hasLineEnd ? g_table->ownCell(g_text.sliced(start, size))
                                      : g_table->cellAt(start, size, TextTable::Form::Plain));
     g_at = g_mark;
+    return kind;
 }
 
-void StandardReader::readQuoted()
+Kind StandardReader::readQuoted()
 {
     const qsizetype start = ++g_at;
     bool hasDoubled = false;
-    next();
+    g_hasLineEnd = false;
+    g_mark = g_scanner.next();
     for (;;) {
-        while (g_mark < g_text.size() && !isQuote(g_mark))
+        while (g_mark < g_text.size() && kindAt(g_mark) != Kind::Quote)
             passMark();
         if (g_mark >= g_text.size()) {
             g_table->appendCell(cellOf(start, g_text.size(), hasDoubled));
             ++g_malformedCount;
             g_at = g_text.size();
-            return;
+            return Kind::TextEnd;
         }
-        if (!isQuote(g_mark + 1))
+        if (kindAt(g_mark + 1) != Kind::Quote)
             break;
         hasDoubled = true;
         g_at = g_mark + 2;
@@ -146,19 +159,21 @@ void StandardReader::readQuoted()
     }
     const qsizetype end = g_mark;
     g_at = end + 1;
-    next();
-    if (endsValue(g_at)) {
+    g_mark = g_scanner.next();
+    Kind kind = kindAt(g_at);
+    if (kind >= Kind::Separator) {
         g_table->appendCell(cellOf(start, end, hasDoubled));
-        return;
+        return kind;
     }
     // Text behind the closing quote belongs to the value; quotes in it are text.
-    while (g_mark < g_text.size() && !endsValue(g_mark))
+    for (kind = kindAt(g_mark); kind < Kind::Separator; kind = kindAt(g_mark))
         g_mark = g_scanner.next();
     QByteArray whole = g_table->bytesOf(cellOf(start, end, hasDoubled));
     whole.append(g_text.sliced(end + 1, g_mark - end - 1));
     g_table->appendCell(g_table->ownCell(whole));
     ++g_malformedCount;
     g_at = g_mark;
+    return kind;
 }
 
 // Of what stood between quotes.

@@ -4,7 +4,6 @@
 #include "io/TableElements.h"
 
 #include "io/TableRecords.h"
-#include "io/TextSink.h"
 #include "model/RecordKey.h"
 #include "plist/XmlWriter.h"
 
@@ -36,7 +35,7 @@ QByteArray written(Write write)
 void writeString(const TextView &text, plist::XmlWriter &writer)
 {
     QByteArray buffer;
-    writer.writeContent(utf8Of(text, buffer));
+    writer.writeContent(text.utf8(buffer));
     writer.writeBytes(stringEnd);
 }
 
@@ -91,9 +90,10 @@ void TableElements::write(const TableRecords &records, quint32 place, plist::Xml
 
 void TableElements::writeFields(const TableRecords &records, quint32 place, plist::XmlWriter &writer) const
 {
+    const TextTable::Row row = records.cells(place);
     bool isEmpty = true;
     for (const Field &field : g_fields) {
-        const TextView cell = records.fieldCell(place, field.column);
+        const TextView cell = records.fieldCell(row, field.column);
         if (cell.isAbsent())
             continue;
         if (std::exchange(isEmpty, false))

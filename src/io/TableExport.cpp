@@ -4,11 +4,14 @@
 #include "io/TableExport.h"
 
 #include "io/LineEnd.h"
+#include "io/MarkScanner.h"
 #include "io/RecordLoop.h"
 #include "io/TextSink.h"
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 namespace tavrin {
 
@@ -35,13 +38,7 @@ constexpr std::array<quint8, 256> byteClasses = [] {
     return classes;
 }();
 
-unsigned classesIn(QByteArrayView value)
-{
-    unsigned classes = 0;
-    for (const char byte : value)
-        classes |= byteClasses[static_cast<uchar>(byte)];
-    return classes;
-}
+constexpr Marks marks = {'\n', '\r', '\t', '"', ',', '#', LineEnd::separatorLead, '\n'};
 
 /// Of values that do not go out as they are.
 unsigned changedClassesOf(TableExportOptions::Form form)
@@ -97,7 +94,8 @@ QByteArrayView changed(QByteArrayView value, const Changes &changes, QByteArray 
     return {start, to};
 }
 
-/// Writes one row after the other.
+/// Writes one row after the other. A row is put together as if all values could go out as they are; then
+/// those that cannot are changed on its way into the sink.
 class TableWriter
 {
 public:
@@ -105,8 +103,9 @@ public:
         : g_records(records)
         , g_options(options)
         , g_sink(sink, options.utf16)
-        , g_separator(options.form == Form::Tab ? "\t" : ",")
+        , g_separator(options.form == Form::Tab ? '\t' : ',')
         , g_changedClasses(changedClassesOf(options.form))
+        , g_values(records.keys().size())
     {}
 
     void writeNames();
@@ -117,19 +116,20 @@ public:
 private:
     using Form = TableExportOptions::Form;
 
-    void writeValue(const TextView &value);
-    void writeBytes(QByteArrayView value);
+    void addValue(const TextView &value);
     void endRow();
+    void writeChanged(QByteArrayView value, unsigned classes);
 
     const ExportedRecords &g_records;
     const TableExportOptions &g_options;
     TextSink g_sink;
-    QByteArrayView g_separator;
+    char g_separator;
     unsigned g_changedClasses;
+    std::vector<TextView> g_values; ///< Of the fields of a record.
+    std::vector<char> g_row;        ///< With room behind what is in it.
+    std::vector<qsizetype> g_ends;  ///< In the row: of the values.
     QByteArray g_buffer;
     QByteArray g_line;
-    qsizetype g_column = 0;
-    bool g_isRowEmpty = true;
 };
 
 void TableWriter::writeNames()
@@ -141,40 +141,71 @@ void TableWriter::writeNames()
         names.append(g_records.textName());
     if (g_options.form == Form::Standard) {
         for (const QString &name : names)
-            writeValue(TextView(name));
+            addValue(TextView(name));
         endRow();
         return;
     }
     // As they stand.
-    g_sink.append(names.join(QLatin1StringView(g_separator)));
+    g_sink.append(names.join(QLatin1Char(g_separator)));
     g_sink.append(QByteArrayView(g_options.lineEnd));
 }
 
 void TableWriter::writeRecord(qsizetype index)
 {
     const RecordView record = g_records.record(index);
-    for (const FieldKey &key : g_records.keys())
-        writeValue(record.fieldValue(key));
+    record.fieldValues(g_records.keys(), g_values);
+    for (const TextView &value : g_values)
+        addValue(value);
     if (!g_options.fieldContentOnly)
-        writeValue(record.textString());
+        addValue(record.textString());
     endRow();
 }
 
-void TableWriter::writeValue(const TextView &value)
+void TableWriter::addValue(const TextView &value)
 {
-    if (g_column++ > 0)
-        g_sink.append(g_separator);
-    writeBytes(utf8Of(value, g_buffer));
+    const QByteArrayView bytes = value.utf8(g_buffer);
+    const qsizetype start = g_ends.empty() ? 0 : g_ends.back() + 1;
+    const qsizetype end = start + bytes.size();
+    if (std::ssize(g_row) < end + MarkScanner::blockSize)
+        g_row.resize(static_cast<size_t>(2 * end + MarkScanner::blockSize));
+    if (start > 0)
+        g_row[static_cast<size_t>(start - 1)] = g_separator;
+    std::copy(bytes.begin(), bytes.end(), g_row.begin() + start);
+    g_ends.push_back(end);
 }
 
-void TableWriter::writeBytes(QByteArrayView value)
+void TableWriter::endRow()
 {
-    g_isRowEmpty = g_isRowEmpty && value.isEmpty();
-    const unsigned classes = classesIn(value);
-    if ((classes & g_changedClasses) == 0) {
-        g_sink.append(value);
-        return;
+    const qsizetype size = g_ends.empty() ? 0 : g_ends.back();
+    const QByteArrayView row(g_row.data(), size);
+    MarkScanner scanner(row, marks);
+    qsizetype mark = scanner.next();
+    qsizetype written = 0;
+    qsizetype start = 0;
+    for (const qsizetype end : g_ends) {
+        unsigned classes = 0;
+        for (; mark < end; mark = scanner.next())
+            classes |= byteClasses[static_cast<uchar>(row[mark])];
+        if ((classes & g_changedClasses) != 0) {
+            g_sink.append(row.sliced(written, start - written));
+            writeChanged(row.sliced(start, end - start), classes);
+            written = end;
+        }
+        // The separator.
+        if (mark == end)
+            mark = scanner.next();
+        start = end + 1;
     }
+    g_sink.append(row.sliced(written));
+    // An empty line would be no row.
+    if (g_options.form == Form::Standard && g_ends.size() == 1 && size == 0)
+        g_sink.append(QByteArrayView("\"\""));
+    g_sink.append(QByteArrayView(g_options.lineEnd));
+    g_ends.clear();
+}
+
+void TableWriter::writeChanged(QByteArrayView value, unsigned classes)
+{
     QByteArray withoutToken;
     if (g_options.form == Form::Csv && (classes & Hash) != 0 && value.contains(quoteToken)) {
         withoutToken = value.toByteArray().replace(quoteToken, "\"");
@@ -185,16 +216,6 @@ void TableWriter::writeBytes(QByteArrayView value)
                           .doublesQuotes = g_options.form != Form::Tab,
                           .isQuoted = isStandard || (g_options.form == Form::Csv && (classes & Comma) != 0)};
     g_sink.append(changed(value, changes, g_line));
-}
-
-void TableWriter::endRow()
-{
-    // An empty line would be no row.
-    if (g_options.form == Form::Standard && g_column == 1 && g_isRowEmpty)
-        g_sink.append(QByteArrayView("\"\""));
-    g_sink.append(QByteArrayView(g_options.lineEnd));
-    g_column = 0;
-    g_isRowEmpty = true;
 }
 
 } // namespace

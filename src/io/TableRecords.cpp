@@ -54,20 +54,25 @@ TableRecords::TableRecords(std::shared_ptr<const TextTable> table,
         g_fieldStarts.push_back(startOf(field.field));
 }
 
-TextView TableRecords::fieldCell(quint32 place, quint32 column) const
-{
-    return g_mapping.cleansValues ? g_table->cellAsLine(rowOf(place), column)
-                                  : g_table->cell(rowOf(place), column);
-}
-
 TextView TableRecords::fieldValue(quint32 place, const FieldKey &field) const
 {
     const quint64 start = startOf(field);
     for (size_t i = 0; i < g_fieldStarts.size(); ++i) {
         if (g_fieldStarts[i] == start && g_mapping.fields[i].field.utf8 == field.utf8)
-            return fieldCell(place, g_mapping.fields[i].column);
+            return fieldCell(cells(place), g_mapping.fields[i].column);
     }
     return {};
+}
+
+bool TableRecords::visitFields(quint32 place, const FieldVisitor &visitor) const
+{
+    const TextTable::Row row = cells(place);
+    for (const TableMapping::FieldColumn &mapped : g_mapping.fields) {
+        const TextView content = fieldCell(row, mapped.column);
+        if (!content.isAbsent())
+            visitor(mapped.field.utf8, content);
+    }
+    return true;
 }
 
 TextView TableRecords::textString(quint32 place) const
@@ -77,9 +82,10 @@ TextView TableRecords::textString(quint32 place) const
 
 plist::Dictionary TableRecords::fields(quint32 place) const
 {
+    const TextTable::Row row = cells(place);
     plist::Dictionary contents;
     for (const TableMapping::FieldColumn &mapped : g_mapping.fields) {
-        const TextView content = fieldCell(place, mapped.column);
+        const TextView content = fieldCell(row, mapped.column);
         if (!content.isAbsent())
             contents.insert(mapped.field.text, content.toString());
     }

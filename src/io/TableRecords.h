@@ -55,12 +55,17 @@ public:
     plist::Dictionary dictionary(quint32 place) const override;
     plist::Value value(quint32 place, const QString &key) const override;
     TextView fieldValue(quint32 place, const FieldKey &field) const override;
+    bool visitFields(quint32 place, const FieldVisitor &visitor) const override;
     TextView textString(quint32 place) const override;
     bool mayHold(quint32 place, const text::TextSieve &sieve) const override;
     void writeElement(quint32 place, plist::XmlWriter &writer) const override;
 
+    TextTable::Row cells(quint32 place) const { return g_table->cells(rowOf(place)); }
     /// The cell as a field holds it; absent where the row is too short.
-    TextView fieldCell(quint32 place, quint32 column) const;
+    TextView fieldCell(const TextTable::Row &cells, quint32 column) const
+    {
+        return g_mapping.cleansValues ? cells.cellAsLine(column) : cells.cell(column);
+    }
     QByteArrayView identifierBytes(quint32 place) const;
 
 private:

@@ -26,7 +26,7 @@ TextSink::TextSink(const ByteSink &sink, bool utf16)
 void TextSink::append(const TextView &text)
 {
     QByteArray buffer;
-    append(utf8Of(text, buffer));
+    append(text.utf8(buffer));
 }
 
 void TextSink::makeRoom(QByteArrayView utf8)
@@ -83,14 +83,6 @@ Result<> writeText(const QString &path, bool utf16, const std::function<Result<>
             return produced;
         return sink.finish();
     });
-}
-
-QByteArrayView utf8Of(const TextView &text, QByteArray &buffer)
-{
-    if (text.form() == TextView::Form::Utf8)
-        return text.bytes();
-    buffer = text.toString().toUtf8();
-    return buffer;
 }
 
 } // namespace tavrin

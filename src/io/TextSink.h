@@ -51,7 +51,4 @@ private:
 /// Writes a file of text durably.
 Result<> writeText(const QString &path, bool utf16, const std::function<Result<>(TextSink &sink)> &produce);
 
-/// The UTF-8 of a text where it stands, or in the buffer.
-QByteArrayView utf8Of(const TextView &text, QByteArray &buffer);
-
 } // namespace tavrin

@@ -7,6 +7,7 @@
 #include "plist/Utf8.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavrin {
 
@@ -28,17 +29,10 @@ QByteArray withSingleQuotes(QByteArrayView bytes)
 
 } // namespace
 
-TextTable::Cell TextTable::cellAt(qsizetype start, qsizetype size, Form form)
+TextTable::Cell TextTable::largeCell(qsizetype start, qsizetype size, Form form)
 {
-    if (size > largestSize) {
-        const QByteArrayView bytes = g_text.sliced(start, size);
-        return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
-    }
-    Cell cell;
-    cell.start = static_cast<quint64>(start) & 0xffffffffff;
-    cell.size = static_cast<quint64>(size) & 0x3fffff;
-    cell.form = static_cast<quint64>(form) & 3;
-    return cell;
+    const QByteArrayView bytes = g_text.sliced(start, size);
+    return ownCell(form == Form::Encoded ? withSingleQuotes(bytes) : bytes.toByteArray());
 }
 
 TextTable::Cell TextTable::ownCell(QByteArrayView utf8)
@@ -63,11 +57,13 @@ QByteArrayView TextTable::ownBytes(Cell cell) const
     return QByteArrayView(g_own).sliced(static_cast<qsizetype>(cell.start), cell.size);
 }
 
-void TextTable::endRow()
+quint32 TextTable::endRow()
 {
     const auto end = static_cast<quint32>(g_cells.size());
+    const quint32 count = end - std::exchange(g_rowStart, end);
     g_rowEnds.append(end);
-    g_width = std::max(g_width, cellCount(rowCount() - 1));
+    g_width = std::max(g_width, count);
+    return count;
 }
 
 QByteArray TextTable::bytesOf(Cell cell) const
@@ -84,30 +80,19 @@ QByteArray TextTable::bytesOf(Cell cell) const
     return g_text.sliced(static_cast<qsizetype>(cell.start), cell.size).toByteArray();
 }
 
-TextView TextTable::cell(quint32 row, quint32 column) const
+// Of a cell that is no plain one.
+TextView TextTable::storedText(Cell cell) const
 {
-    if (column >= cellCount(row))
-        return {};
-    const Cell cell = g_cells[firstCell(row) + size_t(column)];
-    switch (static_cast<Form>(cell.form)) {
-    case Form::Own:
-    case Form::LargeOwn:
+    if (cell.form != static_cast<quint64>(Form::Encoded))
         return {ownBytes(cell), false};
-    case Form::Encoded: {
-        const QString text = plist::fromUtf8(bytesOf(cell));
-        return TextView(text.isNull() ? QStringLiteral("") : text);
-    }
-    case Form::Plain:
-        break;
-    }
-    return {g_text.sliced(static_cast<qsizetype>(cell.start), cell.size), false};
+    const QString text = plist::fromUtf8(bytesOf(cell));
+    return TextView(text.isNull() ? QStringLiteral("") : text);
 }
 
-TextView TextTable::cellAsLine(quint32 row, quint32 column) const
+TextView TextTable::lineOf(Cell cell) const
 {
-    const TextView text = cell(row, column);
-    const bool isPlain =
-        text.isAbsent() || g_cells[firstCell(row) + size_t(column)].form == static_cast<quint64>(Form::Plain);
+    const TextView text = textOf(cell);
+    const bool isPlain = cell.form == static_cast<quint64>(Form::Plain);
     return isPlain ? text : TextView(singleLineFieldText(text.toString()));
 }
 

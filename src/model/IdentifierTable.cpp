@@ -7,9 +7,12 @@
 
 #include <QHash>
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 #include <bit>
 #include <functional>
+#include <utility>
 
 namespace tavrin {
 
@@ -49,8 +52,9 @@ void IdentifierTable::reserve(quint32 count)
     // Some more, so that the first new identifier does not move them all.
     count += count / 4;
     g_entries.reserve(count);
-    while (g_places.size() * 2 < size_t(count) * 3)
-        enlarge();
+    const size_t places = std::bit_ceil(size_t(count) * 3 / 2);
+    if (g_places.size() < places)
+        enlarge(places);
 }
 
 quint32 IdentifierTable::number(const QString &identifier) const
@@ -90,15 +94,18 @@ quint32 IdentifierTable::add(const Hashed &identifier)
     if (const quint32 known = find(utf8, hash); known != none)
         return known;
     if ((g_entries.size() + 1) * 3 > g_places.size() * 2)
-        enlarge();
+        enlarge(std::max<size_t>(16, g_places.size() * 2));
     const QByteArrayView kept = stored(utf8);
     const quint32 number = count();
-    g_entries.push_back({kept.data(), static_cast<quint32>(kept.size()), hash});
-    size_t place = hash & (g_places.size() - 1);
-    while (g_places[place] != none)
-        place = (place + 1) & (g_places.size() - 1);
-    g_places[place] = number;
+    g_entries.push_back({kept.data(), static_cast<quint32>(kept.size())});
+    put({number, hash});
     return number;
+}
+
+void IdentifierTable::fetch(const Hashed &identifier) const
+{
+    if (!g_places.empty())
+        hwy::Prefetch(&g_places[identifier.hash & (g_places.size() - 1)]);
 }
 
 void IdentifierTable::keep(const SharedBytes &bytes)
@@ -110,21 +117,28 @@ quint32 IdentifierTable::find(QByteArrayView key, quint32 hash) const
 {
     if (g_places.empty())
         return none;
-    for (size_t place = hash & (g_places.size() - 1);; place = (place + 1) & (g_places.size() - 1)) {
-        const quint32 number = g_places[place];
-        if (number == none || (g_entries[number].hash == hash && bytes(number) == key))
-            return number;
+    for (size_t at = hash & (g_places.size() - 1);; at = (at + 1) & (g_places.size() - 1)) {
+        const Place &place = g_places[at];
+        if (place.number == none || (place.hash == hash && bytes(place.number) == key))
+            return place.number;
     }
 }
 
-void IdentifierTable::enlarge()
+// Of an identifier that has none yet.
+void IdentifierTable::put(const Place &place)
 {
-    g_places.assign(std::max<size_t>(16, g_places.size() * 2), none);
-    for (quint32 number = 0; number < count(); ++number) {
-        size_t place = g_entries[number].hash & (g_places.size() - 1);
-        while (g_places[place] != none)
-            place = (place + 1) & (g_places.size() - 1);
-        g_places[place] = number;
+    size_t at = place.hash & (g_places.size() - 1);
+    while (g_places[at].number != none)
+        at = (at + 1) & (g_places.size() - 1);
+    g_places[at] = place;
+}
+
+void IdentifierTable::enlarge(size_t places)
+{
+    const LargeVector<Place> before = std::exchange(g_places, LargeVector<Place>(places));
+    for (const Place &place : before) {
+        if (place.number != none)
+            put(place);
     }
 }
 

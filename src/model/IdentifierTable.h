@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "base/LargeMemory.h"
 #include "base/SharedBytes.h"
 
 #include <QString>
@@ -44,6 +45,8 @@ public:
     quint32 add(QByteArrayView utf8);
     /// The same, for whoever has the hash already: computed while the bytes are near, in another thread.
     quint32 add(const Hashed &identifier);
+    /// Has the memory bring what add() is about to read, for whoever adds many and knows them ahead.
+    void fetch(const Hashed &identifier) const;
     /// As add(), trying the guessed number first.
     quint32 add(QByteArrayView utf8, quint32 guess);
     void keep(const SharedBytes &bytes);
@@ -53,15 +56,21 @@ private:
     {
         const char *start;
         quint32 size;
-        quint32 hash;
+    };
+    /// The hash stands beside the number, so that whoever passes a place need not look at the entry.
+    struct Place
+    {
+        quint32 number = none;
+        quint32 hash = 0;
     };
 
     quint32 find(QByteArrayView key, quint32 hash) const;
-    void enlarge();
+    void put(const Place &place);
+    void enlarge(size_t places);
     QByteArrayView stored(QByteArrayView key);
 
-    std::vector<Entry> g_entries;
-    std::vector<quint32> g_places; ///< By hash: numbers, or none. A power of two, at most two thirds full.
+    LargeVector<Entry> g_entries;
+    LargeVector<Place> g_places; ///< By hash. A power of two, at most two thirds full.
     std::vector<SharedBytes> g_kept;
     std::vector<std::shared_ptr<const QByteArray>> g_own;
 };

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/Environment.h"
+#include "base/LargeMemory.h"
 #include "model/IdentifierTable.h"
 #include "model/RecordData.h"
 #include "model/RecordSource.h"
@@ -158,8 +159,8 @@ private:
     Environment g_environment;
     std::shared_ptr<const RecordSource> g_source;
     std::shared_ptr<IdentifierTable> g_identifiers;
-    mutable std::vector<Slot> g_slots;
-    std::vector<quint32> g_slotOfIdentifier; ///< By number; may be shorter than the table.
+    mutable LargeVector<Slot> g_slots;
+    LargeVector<quint32> g_slotOfIdentifier; ///< By number; may be shorter than the table.
     qsizetype g_count = 0;
     plist::Dictionary g_otherEntries;
 };

@@ -6,6 +6,8 @@
 #include "model/RecordData.h"
 #include "model/RecordKey.h"
 
+#include <functional>
+
 namespace tavrin {
 
 namespace {
@@ -20,6 +22,25 @@ Date dateIn(const plist::Value &value)
 TextView RecordView::fieldValue(const FieldKey &field) const
 {
     return g_record ? TextView(g_record->fieldValue(field.text)) : g_source->fieldValue(g_place, field);
+}
+
+void RecordView::fieldValues(std::span<const FieldKey> fields, std::span<TextView> values) const
+{
+    for (TextView &value : values)
+        value = TextView();
+    size_t next = 0;
+    const auto take = [&](QByteArrayView identifier, const TextView &content) {
+        const size_t place = placeOf(fields, identifier, next);
+        if (place == fields.size())
+            return;
+        values[place] = TextView(content); // Moved, which is quicker than to assign a copy.
+        next = place + 1;
+    };
+    // By reference, so that nothing is allocated for it.
+    if (visitFields(std::ref(take)))
+        return;
+    for (size_t place = 0; place < fields.size(); ++place)
+        values[place] = fieldValue(fields[place]);
 }
 
 TextView RecordView::textString() const

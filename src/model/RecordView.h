@@ -28,6 +28,8 @@ public:
     {}
 
     TextView fieldValue(const FieldKey &field) const;
+    /// The same of several different fields, in one pass where that is to be had; there is room for each.
+    void fieldValues(std::span<const FieldKey> fields, std::span<TextView> values) const;
     TextView textString() const;
     /// See RecordSource::visitFields().
     bool visitFields(const FieldVisitor &visitor) const;

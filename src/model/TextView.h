@@ -40,8 +40,15 @@ public:
 
     /// The text itself; null when it is absent.
     QString toString() const;
+    /// Its UTF-8 where it stands, or in the buffer; empty when it is absent.
+    QByteArrayView utf8(QByteArray &buffer) const
+    {
+        return g_form == Form::Absent || g_form == Form::Utf8 ? g_bytes : decodedInto(buffer);
+    }
 
 private:
+    QByteArrayView decodedInto(QByteArray &buffer) const;
+
     QByteArrayView g_bytes;
     QString g_string;
     Form g_form = Form::Absent;

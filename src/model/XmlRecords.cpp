@@ -124,8 +124,11 @@ XmlRecords::Outcome XmlRecords::take(std::span<const XmlRecordIndexer> indexers,
     g_records.reserve(total);
     identifiers.keep(g_bytes);
     identifiers.reserve(static_cast<quint32>(total));
+    constexpr size_t ahead = 16;
     for (const XmlRecordIndexer &indexer : indexers) {
         for (size_t i = 0; i < indexer.records().size(); ++i) {
+            if (i + ahead < indexer.records().size())
+                identifiers.fetch(indexer.identifiers()[i + ahead]);
             if (identifiers.add(indexer.identifiers()[i]) != count())
                 return Outcome::Unusual;
             g_records.push_back(indexer.records()[i]);
