@@ -131,7 +131,8 @@ void EditorRecords::restoreBackup(const QString &path)
     const QFileInfo copy(DatafileBackups(g_window.document()).pathForCopyOf(path));
     request.folder = copy.path();
     request.suggestedName = copy.fileName();
-    request.requiredExtension = QFileInfo(path).suffix();
+    request.requiredExtension = copy.suffix();
+    request.nameFilters = {u"%1 (*.%2)"_s.arg(typeNameOf(g_window.document().kind()), copy.suffix())};
     auto panel = std::make_unique<FileSheetController>(request);
     connect(panel.get(), &QVSheetController::finished, this, [this, path, panel = panel.get()](int code) {
         if (code != QVSheetController::FirstButton || panel->paths().isEmpty())

@@ -3,7 +3,8 @@
 
 // What could lose records, contents or backups when much is done at once.
 
-#include "document/DatafileBackups.h"
+#include "base/Progress.h"
+#include "document/BackupWriting.h"
 #include "document/DatafileFixture.h"
 #include "document/DuplicateRemoval.h"
 #include "document/FieldCommands.h"
@@ -22,6 +23,7 @@ class RecordSafetyTest : public QObject
 
 private Q_SLOTS:
     void backupsOfOneNameAreToldApart();
+    void aBackupCancelledLateLeavesNoFile();
     void whatIsHalfMadeCanBeTakenBack();
     void duplicatesAreThoseOfTheLiteralWay();
 
@@ -54,6 +56,23 @@ plist::Dictionary written(DatafileDocument &document, const QString &path)
 }
 
 } // namespace
+
+void RecordSafetyTest::aBackupCancelledLateLeavesNoFile()
+{
+    struct LateCancel : Progress
+    {
+        bool isCancelled() const override { return g_asked++ > 0; }
+        mutable int g_asked = 0;
+    };
+    const QString path = g_files.make(u"late.tv3"_s, DatafileFixture::root(2));
+    const auto document = DatafileFixture::opened(path);
+    BackupWriting writing(*document);
+    LateCancel progress;
+    writing.run(progress);
+    QCOMPARE(writing.finish().error().kind, Error::Kind::Cancelled);
+    const QDir backups(DatafileBackups(*document).folder());
+    QVERIFY(backups.exists() && backups.entryList({u"late*"_s}).isEmpty());
+}
 
 void RecordSafetyTest::backupsOfOneNameAreToldApart()
 {
