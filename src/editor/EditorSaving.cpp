@@ -4,7 +4,6 @@
 #include "editor/EditorSaving.h"
 
 #include "base/FilledIn.h"
-#include "document/DatafileBackups.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
 #include "editor/EditorWindowController.h"
@@ -75,8 +74,7 @@ void EditorSaving::askForFile(const QString &title, const std::function<void(con
     FileSheetController::Request request;
     request.purpose = FileSheetController::Purpose::SaveFile;
     request.title = title;
-    request.folder = g_document.filePath().isEmpty() ? datafilesFolderPath(&g_window.preferences())
-                                                     : present.absolutePath();
+    request.folder = g_document.filePath().isEmpty() ? QString() : present.absolutePath();
     request.suggestedName = (name.isEmpty() ? g_document.displayName() : name) + u'.' + extension;
     request.requiredExtension = extension;
     request.nameFilters = {u"%1 (*.%2)"_s.arg(typeNameOf(g_document.kind()), extension)};
