@@ -121,6 +121,23 @@ private Q_SLOTS:
         QVERIFY(ImportDialog(sheet, nullptr).findChildren<QComboBox *>().isEmpty());
     }
 
+    void noPanelBeginsInsideOfADocument()
+    {
+        const QTemporaryDir folder;
+        const QString document = folder.filePath(u"a.rtfd/b.rtfd"_s);
+        QVERIFY(QDir().mkpath(document));
+        QFile file(document + u"/TXT.rtf"_s);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        // Where Qt's next panel begins.
+        QFileDialog last(nullptr, {}, document);
+        last.selectFile(u"TXT.rtf"_s);
+        static_cast<QDialog &>(last).accept();
+        QCOMPARE(QFileDialog().directory().absolutePath(), document);
+        FileSheetController sheet({});
+        const std::unique_ptr<QDialog> panel(makeSheetDialog(sheet, nullptr));
+        QCOMPARE(qobject_cast<QFileDialog *>(panel.get())->directory().absolutePath(), folder.path());
+    }
+
     void anExportAsksBeforeItReplacesADocument()
     {
         const QTemporaryDir folder;
