@@ -5,6 +5,9 @@
 // records out, and the memory that the import takes beside the file, as a share of it. Without rows: 100,000
 // and 1,000,000. Goals: 250 MB/s by RFC 4180, 100 MB/s by the given grammar, exports 200 MB/s, memory 3.
 //
+// Each figure is the best of some rounds: others use the processors, too, and memory that a virtual machine
+// has given back to its host is dear to touch.
+//
 // Where sqlite3 and python3 are installed, the same file goes through them, too.
 
 #include "Measure.h"
@@ -17,6 +20,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 
@@ -24,6 +28,8 @@ using namespace tavrin;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int rounds = 5;
 
 /// Rows of 12 values and some 130 bytes, a fifth of them quoted.
 QByteArray madeRows(int count, char separator)
@@ -54,16 +60,9 @@ void tell(const char *name, double megabytes, double seconds)
 }
 
 /// Reads the file and fills a datafile; the document, or null.
-std::unique_ptr<DatafileDocument>
-timeImport(const char *name, const QString &path, TableKind kind, char separator)
+std::unique_ptr<DatafileDocument> imported(const QString &path, const ImportOptions &options)
 {
-    const double megabytes = static_cast<double>(QFile(path).size()) / 1e6;
-    const double before = bench::Memory::now().anonymous;
-    const bench::Seconds start = bench::Seconds::sinceStart();
     Progress progress;
-    ImportOptions options;
-    options.kind = kind;
-    options.separator = separator;
     const auto text = readTextFile(path, {}, progress);
     if (!text)
         return nullptr;
@@ -74,27 +73,70 @@ timeImport(const char *name, const QString &path, TableKind kind, char separator
     auto document = newDatafileForImport(services, DatafileKind::Pro, importedFieldNames(*table, options));
     if (!importTable(*document, *table, options, progress))
         return nullptr;
-    tell(name, megabytes, (bench::Seconds::sinceStart() - start).processor);
-    std::printf("%-34s %8.2f\n",
-                "  memory, as a share of the file",
-                (bench::Memory::now().anonymous - before) / (megabytes * 1e6));
+    return document;
+}
+
+std::unique_ptr<DatafileDocument>
+timeImport(const char *name, const QString &path, TableKind kind, char separator)
+{
+    const auto size = static_cast<double>(QFile(path).size());
+    ImportOptions options;
+    options.kind = kind;
+    options.separator = separator;
+    std::unique_ptr<DatafileDocument> document;
+    double least = std::numeric_limits<double>::infinity();
+    double memory = 0;
+    for (int round = 0; round < rounds; ++round) {
+        document.reset();
+        const double before = bench::Memory::now().anonymous;
+        const bench::Seconds start = bench::Seconds::sinceStart();
+        document = imported(path, options);
+        if (!document)
+            return nullptr;
+        least = std::min(least, (bench::Seconds::sinceStart() - start).processor);
+        memory = std::max(memory, bench::Memory::now().anonymous - before);
+    }
+    tell(name, size / 1e6, least);
+    std::printf("%-34s %8.2f\n", "  memory, as a share of the file", memory / size);
     return document;
 }
 
 void timeExport(const char *name, const DatafileDocument &document, TableExportOptions::Form form)
 {
-    const bench::Seconds start = bench::Seconds::sinceStart();
-    const ExportedRecords records(document);
     TableExportOptions options;
     options.form = form;
-    qsizetype size = 0;
     Progress progress;
+    qsizetype size = 0;
     const auto sink = [&size](QByteArrayView bytes) {
         size += bytes.size();
         return true;
     };
-    if (writeTable(records, options, sink, progress))
-        tell(name, static_cast<double>(size) / 1e6, (bench::Seconds::sinceStart() - start).processor);
+    double least = std::numeric_limits<double>::infinity();
+    for (int round = 0; round < rounds; ++round) {
+        size = 0;
+        const bench::Seconds start = bench::Seconds::sinceStart();
+        if (!writeTable(ExportedRecords(document), options, sink, progress))
+            return;
+        least = std::min(least, (bench::Seconds::sinceStart() - start).processor);
+    }
+    tell(name, static_cast<double>(size) / 1e6, least);
+}
+
+void timeExports(const DatafileDocument &document)
+{
+    timeExport("export as CSV", document, TableExportOptions::Form::Csv);
+    timeExport("export as tab-delimited text", document, TableExportOptions::Form::Tab);
+    timeExport("export by RFC 4180", document, TableExportOptions::Form::Standard);
+}
+
+/// Of records that stand in a datafile.
+void timeExportsOfOpened(const QString &path)
+{
+    const DocumentServices services{Environment::system(), nullptr};
+    if (const auto document = DatafileDocument::open(services, path, SelectionOnOpening::AllSelected)) {
+        std::printf("the same, saved and opened\n");
+        timeExports(**document);
+    }
 }
 
 /// Of records that were imported: none of them stands in a datafile yet.
@@ -135,11 +177,10 @@ bool run(int rows, const QTemporaryDir &folder)
     const auto document = timeImport("import of tab-delimited text", tab, TableKind::Tab, '\t');
     if (!document)
         return false;
-    timeExport("export as CSV", *document, TableExportOptions::Form::Csv);
-    timeExport("export as tab-delimited text", *document, TableExportOptions::Form::Tab);
-    timeExport("export by RFC 4180", *document, TableExportOptions::Form::Standard);
+    timeExports(*document);
     const QString saved = folder.filePath(u"saved.tv3"_s);
     timeSave(*document, saved);
+    timeExportsOfOpened(saved);
     QFile::remove(saved);
     timePeer("sqlite3 .import, on the clock",
              csv,

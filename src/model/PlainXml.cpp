@@ -25,6 +25,16 @@ public:
         g_at += length;
         return true;
     }
+    /// The same for bytes that stood somewhere before; not for none at all.
+    bool passAgain(QByteArrayView bytes)
+    {
+        if (bytes.isEmpty() || g_end - g_at < bytes.size()
+            || std::memcmp(g_at, bytes.data(), static_cast<size_t>(bytes.size())) != 0) {
+            return false;
+        }
+        g_at += bytes.size();
+        return true;
+    }
     void passBlanks()
     {
         while (g_at < g_end && (*g_at == ' ' || *g_at == '\t' || *g_at == '\n' || *g_at == '\r'))
@@ -38,20 +48,32 @@ public:
         g_at = markup ? static_cast<const char *>(markup) : g_end;
         return {start, g_at};
     }
+    const char *at() const { return g_at; }
 
 private:
     const char *g_at;
     const char *g_end;
 };
 
+bool hasEntity(QByteArrayView bytes)
+{
+    return !bytes.isEmpty() && std::memchr(bytes.data(), '&', static_cast<size_t>(bytes.size())) != nullptr;
+}
+
+/// Behind the start of its element.
+std::optional<TextView> restOfString(PlainReader &reader)
+{
+    const QByteArrayView content = reader.passText();
+    if (!reader.pass("</string>"))
+        return std::nullopt;
+    return TextView(content, hasEntity(content));
+}
+
 std::optional<TextView> stringAt(PlainReader &reader)
 {
     if (!reader.pass("<string>"))
         return std::nullopt;
-    const QByteArrayView content = reader.passText();
-    if (!reader.pass("</string>"))
-        return std::nullopt;
-    return TextView(content, content.contains('&'));
+    return restOfString(reader);
 }
 
 } // namespace
@@ -74,7 +96,7 @@ std::optional<TextView> plainStringInDictionary(QByteArrayView xml, QByteArrayVi
         if (!reader.pass("<key>"))
             return std::nullopt;
         const QByteArrayView name = reader.passText();
-        if (!reader.pass("</key>") || name.contains('&'))
+        if (!reader.pass("</key>") || hasEntity(name))
             return std::nullopt;
         reader.passBlanks();
         if (name == key)
@@ -93,18 +115,31 @@ bool visitPlainStrings(QByteArrayView xml,
     PlainReader reader(xml);
     if (!reader.pass("<dict>"))
         return false;
+    // What stands around the keys is the same in all entries, as writers write them.
+    QByteArrayView beforeKey;
+    QByteArrayView behindKey;
     for (;;) {
-        reader.passBlanks();
-        if (reader.pass("</dict>"))
-            return true;
-        if (!reader.pass("<key>"))
-            return false;
+        if (!reader.passAgain(beforeKey)) {
+            const char *start = reader.at();
+            reader.passBlanks();
+            if (reader.pass("</dict>"))
+                return true;
+            if (!reader.pass("<key>"))
+                return false;
+            beforeKey = {start, reader.at()};
+        }
         const QByteArrayView key = reader.passText();
-        if (!reader.pass("</key>") || key.contains('&'))
-            return false;
-        reader.passBlanks();
-        const std::optional<TextView> text = stringAt(reader);
-        if (!text)
+        if (!reader.passAgain(behindKey)) {
+            const char *start = reader.at();
+            if (!reader.pass("</key>"))
+                return false;
+            reader.passBlanks();
+            if (!reader.pass("<string>"))
+                return false;
+            behindKey = {start, reader.at()};
+        }
+        const std::optional<TextView> text = restOfString(reader);
+        if (!text || hasEntity(key))
             return false;
         visitor(key, *text);
     }

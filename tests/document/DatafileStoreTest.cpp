@@ -91,7 +91,8 @@ Dictionary someRecords(int count)
     Dictionary records;
     for (int i = 0; i < count; ++i) {
         const QString identifier = u"R-%1"_s.arg(i);
-        Dictionary fields{{u"f1"_s, texts.at(i % 5)}, {u"f&2"_s, texts.at((i + 1) % 5)}};
+        Dictionary fields{{u"f1"_s, texts.at(i % 5)},
+                          {i % 4 == 1 ? u"f2"_s : u"f&2"_s, texts.at((i + 1) % 5)}};
         if (i % 3 == 0)
             fields.insert(u"number"_s, i);
         records.insert(identifier, record(identifier, fields, texts.at((i + 2) % 5)));
@@ -108,9 +109,16 @@ void compareViews(const DatafileRecordsData &records, const Dictionary &expected
         QVERIFY(view);
         const RecordData plain(*stored.dictionary(), TestEnvironment());
         QCOMPARE(view->textString().toString(), plain.textString());
-        for (const QString &field : {u"f1"_s, u"f&2"_s, u"number"_s, u"none"_s}) {
-            QCOMPARE(view->fieldValue(field).toString(), plain.fieldValue(field));
-            QCOMPARE(view->fieldValue(field).toString().isNull(), plain.fieldValue(field).isNull());
+        const std::vector<FieldKey> fields{u"none"_s, u"f2"_s, u"f1"_s, u"f&2"_s, u"number"_s};
+        std::vector<TextView> values(fields.size(), TextView(u"of another record"_s));
+        view->fieldValues(fields, values);
+        QByteArray buffer;
+        for (size_t i = 0; i < fields.size(); ++i) {
+            const QString value = plain.fieldValue(fields[i].text);
+            QCOMPARE(view->fieldValue(fields[i]).toString(), value);
+            QCOMPARE(values[i].toString(), value);
+            QCOMPARE(values[i].isAbsent(), value.isNull());
+            QCOMPARE(values[i].utf8(buffer), QByteArrayView(value.toUtf8()));
         }
         QCOMPARE(view->createdDate(), plain.createdDate());
         QCOMPARE(view->recordLocked(), plain.recordLocked());

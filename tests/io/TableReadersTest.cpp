@@ -255,6 +255,9 @@ void TableReadersTest::longTextsAreReadAcrossBlocks()
         QCOMPARE(given[size - 1], (QStringList{value, u'"' + value + u", y"_s}));
         QCOMPARE(tabs[size - 1], (QStringList{value, u"y"_s}));
     }
+    // Whole windows without a mark.
+    const QString longest(20'000, u'x');
+    QCOMPARE(standard((longest + u",y\n"_s + longest).toUtf8()), (Rows{{longest, u"y"_s}, {longest}}));
 }
 
 QTEST_GUILESS_MAIN(TableReadersTest)
