@@ -4,6 +4,7 @@
 #include "editor/EditorSaving.h"
 
 #include "base/FilledIn.h"
+#include "document/DatafileBackups.h"
 #include "editor/AlertSheetController.h"
 #include "editor/DatafileReading.h"
 #include "editor/EditorWindowController.h"

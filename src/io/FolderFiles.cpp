@@ -43,27 +43,26 @@ QString inOneForm(QString text)
     return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
-/// None for a file that is no text.
-Result<std::optional<FileText>> readFile(const QString &path, Progress &progress)
+/// None for a file that is no text, or that cannot be read: the others are wanted all the same.
+std::optional<FileText> readFile(const QString &path)
 {
     const QString extension = QFileInfo(path).suffix().toLower();
     FileText file{QFileInfo(path).completeBaseName(), {}, {}};
     if (extension == u"rtf" || extension == u"rtfd") {
         const Result<AttributedText> text = readRichTextFile(path);
         if (!text)
-            return std::optional<FileText>();
+            return {};
         file.text = text->text();
         file.textRTFD = richtext::writeRichText(*text);
-        return std::optional(file);
+        return file;
     }
-    const Result<TextContent> content = readTextFile(path, {}, progress);
-    if (!content)
-        return content.error();
-    if (isBinary(content->utf8))
-        return std::optional<FileText>();
+    Progress unwatched;
+    const Result<TextContent> content = readTextFile(path, {}, unwatched);
+    if (!content || isBinary(content->utf8))
+        return {};
     const QString text = QString::fromUtf8(content->utf8);
     file.text = extension.startsWith(u"htm") ? textOfHtml(text) : inOneForm(text);
-    return std::optional(file);
+    return file;
 }
 
 ReadRecords recordsOf(const QList<FileText> &texts, bool includingNames)
@@ -132,12 +131,8 @@ readTextFolder(const QString &folder, const FolderImportOptions &options, Progre
     for (const QString &path : files->paths) {
         if (!steps.goOn())
             return cancelled();
-        Progress unwatched;
-        const Result<std::optional<FileText>> text = readFile(path, unwatched);
-        if (!text)
-            return text.error();
-        if (*text)
-            texts.append(**text);
+        if (const std::optional<FileText> text = readFile(path))
+            texts.append(*text);
         else
             ++skipped;
     }

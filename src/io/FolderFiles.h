@@ -33,7 +33,7 @@ struct FolderImportOptions
 };
 
 /// Reads the text files of a folder (txt, text, md, rtf, rtfd, html), each as the text of a record. Binary
-/// files are passed over.
+/// files and those that cannot be read are passed over, and counted.
 Result<ReadRecords>
 readTextFolder(const QString &folder, const FolderImportOptions &options, Progress &progress);
 
