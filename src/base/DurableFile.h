@@ -34,7 +34,7 @@ using FileCheck = std::function<Result<>(QByteArrayView written)>;
 Result<> writeDurably(const QString &path, const std::function<Result<>(const ByteSink &)> &produce);
 
 /// The same, and the file is read again before it takes its place. The parts are judged one by one, and all
-/// else, joined, by `check`.
+/// else, joined, by `check`, if there is one.
 Result<>
 writeCheckedDurably(const QString &path,
                     const std::function<Result<>(const ByteSink &sink, const PartsSink &parts)> &produce,

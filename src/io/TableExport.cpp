@@ -5,12 +5,14 @@
 
 #include "io/LineEnd.h"
 #include "io/MarkScanner.h"
-#include "io/RecordLoop.h"
+#include "io/ReadProgress.h"
 #include "io/TextSink.h"
+#include "sorting/WorkSteps.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <mutex>
 #include <vector>
 
 namespace tavrin {
@@ -99,10 +101,13 @@ QByteArrayView changed(QByteArrayView value, const Changes &changes, QByteArray 
 class TableWriter
 {
 public:
-    TableWriter(const ExportedRecords &records, const TableExportOptions &options, const ByteSink &sink)
+    TableWriter(const ExportedRecords &records,
+                const TableExportOptions &options,
+                const ByteSink &sink,
+                bool beginsFile)
         : g_records(records)
         , g_options(options)
-        , g_sink(sink, options.utf16)
+        , g_sink(sink, options.utf16, beginsFile)
         , g_separator(options.form == Form::Tab ? '\t' : ',')
         , g_changedClasses(changedClassesOf(options.form))
         , g_values(records.keys().size())
@@ -110,7 +115,6 @@ public:
 
     void writeNames();
     void writeRecord(qsizetype index);
-    Result<> outcome() const { return g_sink.outcome(); }
     Result<> finish() { return g_sink.finish(); }
 
 private:
@@ -218,6 +222,59 @@ void TableWriter::writeChanged(QByteArrayView value, unsigned classes)
     g_sink.append(changed(value, changes, g_line));
 }
 
+/// The rows of a table, some hundred at a time.
+class TableRows : public FileParts
+{
+public:
+    TableRows(const ExportedRecords &records, const TableExportOptions &options, Progress &progress)
+        : g_records(records)
+        , g_options(options)
+        , g_steps(progress, count())
+    {}
+
+    /// The first one is there even if it has nothing but the names.
+    size_t count() const override
+    {
+        return static_cast<size_t>(std::max<qsizetype>((g_records.count() + most - 1) / most, 1));
+    }
+    QByteArrayView bytes(size_t part, QByteArray &room) const override;
+    /// Cancelled.
+    Result<> check(size_t part, QByteArrayView bytes) const override;
+
+private:
+    static constexpr qsizetype most = 256;
+
+    const ExportedRecords &g_records;
+    const TableExportOptions &g_options;
+    mutable std::mutex g_mutex; ///< For the steps.
+    mutable WorkSteps g_steps;
+};
+
+QByteArrayView TableRows::bytes(size_t part, QByteArray &room) const
+{
+    room.resize(0);
+    const ByteSink sink = [&room](QByteArrayView bytes) {
+        room.append(bytes);
+        return true;
+    };
+    TableWriter writer(g_records, g_options, sink, part == 0);
+    if (part == 0 && g_options.includingFieldNames)
+        writer.writeNames();
+    const qsizetype first = static_cast<qsizetype>(part) * most;
+    const qsizetype end = std::min(first + most, g_records.count());
+    for (qsizetype index = first; index < end; ++index)
+        writer.writeRecord(index);
+    // Memory refuses nothing.
+    static_cast<void>(writer.finish());
+    return room;
+}
+
+Result<> TableRows::check(size_t /*part*/, QByteArrayView /*bytes*/) const
+{
+    const std::lock_guard lock(g_mutex);
+    return g_steps.goOn() ? Result<>() : cancelled();
+}
+
 } // namespace
 
 Result<> writeTable(const ExportedRecords &records,
@@ -225,14 +282,15 @@ Result<> writeTable(const ExportedRecords &records,
                     const ByteSink &sink,
                     Progress &progress)
 {
-    TableWriter writer(records, options, sink);
-    if (options.includingFieldNames)
-        writer.writeNames();
-    const Result<> written = forEachRecord(records, progress, [&](qsizetype index) {
-        writer.writeRecord(index);
-        return writer.outcome();
-    });
-    return written ? writer.finish() : written;
+    const TableRows rows(records, options, progress);
+    QByteArray room;
+    for (size_t part = 0; part < rows.count(); ++part) {
+        if (!sink(rows.bytes(part, room)))
+            return Error{Error::Kind::Io, {}, {}};
+        if (Result<> done = rows.check(part, room); !done)
+            return done;
+    }
+    return {};
 }
 
 Result<> exportTable(const ExportedRecords &records,
@@ -240,8 +298,13 @@ Result<> exportTable(const ExportedRecords &records,
                      const QString &path,
                      Progress &progress)
 {
-    return writeDurably(path,
-                        [&](const ByteSink &sink) { return writeTable(records, options, sink, progress); });
+    const TableRows rows(records, options, progress);
+    const auto produce = [&rows](const ByteSink &, const PartsSink &parts) -> Result<> {
+        // What this refuses, writeCheckedDurably() itself reports.
+        static_cast<void>(parts(rows));
+        return {};
+    };
+    return writeCheckedDurably(path, produce, {});
 }
 
 QByteArray tableText(const ExportedRecords &records, const TableExportOptions &options)

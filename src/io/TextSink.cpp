@@ -13,13 +13,13 @@ constexpr qsizetype blockSize = qsizetype(256) << 10;
 
 } // namespace
 
-TextSink::TextSink(const ByteSink &sink, bool utf16)
+TextSink::TextSink(const ByteSink &sink, bool utf16, bool beginsFile)
     : g_sink(sink)
     , g_utf16(utf16)
     , g_block(blockSize, Qt::Uninitialized)
     , g_at(g_block.data())
 {
-    if (g_utf16)
+    if (g_utf16 && beginsFile)
         g_isRefused = !g_sink(QByteArrayView("\xFF\xFE", 2));
 }
 

@@ -19,7 +19,9 @@ class TextSink
 {
 public:
     /// The sink outlives it.
-    TextSink(const ByteSink &sink, bool utf16);
+    TextSink(const ByteSink &sink, bool utf16) : TextSink(sink, utf16, true) {}
+    /// What does not begin its file has no mark.
+    TextSink(const ByteSink &sink, bool utf16, bool beginsFile);
 
     void append(QByteArrayView utf8)
     {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Tavrin authors
 // SPDX-License-Identifier: MIT
 
+#include "base/SharedProgress.h"
 #include "document/DatafileFixture.h"
 #include "io/FolderFiles.h"
 #include "io/FreeformExport.h"
@@ -106,6 +107,7 @@ private Q_SLOTS:
     void randomTablesComeBack();
     void textFilesHaveALineBetweenRecords();
     void foldersHaveAFileForEachRecord();
+    void filesOfManyRowsAreTheSameText();
     void failedExportsLeaveWhatWasThere();
     void recordFilesLoseNothing();
     void foreignFilesAreRead();
@@ -225,6 +227,34 @@ void ExportTest::foldersHaveAFileForEachRecord()
     QCOMPARE(QDir(options.parent).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
              (QStringList{u"My Data RTFD Folder"_s, u"My Data Text Folder"_s}));
     QCOMPARE(QDir(folder).entryList(QDir::Files), (QStringList{u"My Data_1.txt"_s, u"My Data_2.txt"_s}));
+}
+
+void ExportTest::filesOfManyRowsAreTheSameText()
+{
+    const DatafileFixture fixture;
+    Rows rows;
+    for (int row = 0; row < 1000; ++row)
+        rows.append({u"%1"_s.arg(row), u"ö, %1"_s.arg(row * row), QString(row % 70, u'x')});
+    const auto document = datafileOf({u"A"_s, u"B"_s}, rows);
+    const ExportedRecords records(*document);
+    Progress progress;
+    const QString path = fixture.path(u"many"_s);
+    for (const bool utf16 : {false, true}) {
+        const TableExportOptions options{.utf16 = utf16, .includingFieldNames = true};
+        const QByteArray text = tableText(records, options);
+        QVERIFY(exportTable(records, options, path, progress));
+        QVERIFY(DatafileFixture::contentOf(path) == text);
+        const QString read =
+            utf16 ? QStringDecoder(QStringDecoder::Utf16)(text) : QStringDecoder(QStringDecoder::Utf8)(text);
+        QCOMPARE(read.count(u'\n'), qsizetype(1001));
+        QVERIFY(read.startsWith(u"A,B,Notes\n") && !read.contains(QChar::ByteOrderMark));
+        QVERIFY(read.contains(u"\n999,\"ö, 998001\",xxx"));
+    }
+
+    SharedProgress cancelling;
+    cancelling.cancel();
+    QCOMPARE(exportTable(records, {}, path, cancelling).error().kind, Error::Kind::Cancelled);
+    QVERIFY(DatafileFixture::contentOf(path).startsWith("\xFF\xFE"));
 }
 
 void ExportTest::failedExportsLeaveWhatWasThere()
