@@ -13,6 +13,8 @@
 #include "support/FileSizeLimit.h"
 #include "support/TestEnvironment.h"
 
+#include <QStringDecoder>
+
 #include <limits>
 #include <random>
 
@@ -244,8 +246,7 @@ void ExportTest::filesOfManyRowsAreTheSameText()
         const QByteArray text = tableText(records, options);
         QVERIFY(exportTable(records, options, path, progress));
         QVERIFY(DatafileFixture::contentOf(path) == text);
-        const QString read =
-            utf16 ? QStringDecoder(QStringDecoder::Utf16)(text) : QStringDecoder(QStringDecoder::Utf8)(text);
+        const QString read = QStringDecoder(utf16 ? QStringDecoder::Utf16 : QStringDecoder::Utf8)(text);
         QCOMPARE(read.count(u'\n'), qsizetype(1001));
         QVERIFY(read.startsWith(u"A,B,Notes\n") && !read.contains(QChar::ByteOrderMark));
         QVERIFY(read.contains(u"\n999,\"ö, 998001\",xxx"));
