@@ -112,7 +112,10 @@ void ImportSheetController::readPreview()
     if (!canUseCurrent())
         g_options.destination = ImportDestination::NewDatafile;
     const TableMapping mapping = usualMapping(*table, g_options, {});
-    if (g_options.destination == ImportDestination::NewDatafile)
+    const bool isNew = g_options.destination == ImportDestination::NewDatafile;
+    if (g_options.kind == TableKind::Custom)
+        g_previewNames = {isNew ? ImportTarget().textName : g_target.textName};
+    else if (isNew)
         g_previewNames = importedFieldNames(*table, g_options);
     else
         for (const FieldDefinition &field : g_target.fields)

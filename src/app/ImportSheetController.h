@@ -5,6 +5,7 @@
 
 #include "editor/QVSheetController.h"
 #include "io/TableImport.h"
+#include "model/DatafileSettingsData.h"
 
 #include <QStringList>
 
@@ -15,6 +16,7 @@ struct ImportTarget
 {
     QString title; ///< Empty: there is none.
     QList<FieldDefinition> fields = {};
+    QString textName = DatafileSettingsData().textName();
 };
 
 /// How a file is imported by the given grammar: where the records go, and what the first row is. It shows the

@@ -29,7 +29,8 @@ ImportTarget importTargetOf(const ImportWindow &window)
 {
     if (!window || !window->canSaveChanges())
         return {};
-    return {window->windowTitle(), window->document().datafileSettings().fields()};
+    const DatafileSettingsData &settings = window->document().datafileSettings();
+    return {window->windowTitle(), settings.fields(), settings.textName()};
 }
 
 void TableImporting::begin(TableKind kind, const QString &path, const ImportWindow &window)
@@ -101,6 +102,12 @@ void TableImporting::convert(const ImportOptions &options,
         const bool isSeparated = options.kind == TableKind::Csv || options.kind == TableKind::Ssv;
         if (isSeparated && table.table->rowCount() == 0) {
             g_adding.tell(wrongFormat(file.fileName(), options.kind));
+            return;
+        }
+        // The sheet knew only the beginning of the file.
+        if (const qsizetype count = isNew ? 0 : window->document().datafileSettings().fields().size();
+            !isNew && !fitsFieldCount(table, options.kind, count)) {
+            g_adding.tell(fieldCountMismatch(table, options.kind, count));
             return;
         }
         auto made = isNew ? g_adding.newDatafile(importedFieldNames(table, options)) : nullptr;

@@ -148,11 +148,7 @@ ExitStatus importTableFile(Call &call, const ImportOptions &options)
         const qsizetype fieldCount = document.datafileSettings().fields().size();
         const bool isNew = options.destination == ImportDestination::NewDatafile;
         if (!isNew && !fitsFieldCount(*table, options.kind, fieldCount))
-            return Error{Error::Kind::Refused,
-                         Cli::tr("The rows of the file have %1 fields, the datafile has %2.")
-                             .arg(fieldCountOf(*table, options.kind))
-                             .arg(fieldCount),
-                         {}};
+            return fieldCountMismatch(*table, options.kind, fieldCount);
         return importTable(document, *table, options, progress);
     };
     return importInto(call, importedFieldNames(*table, options), fill);

@@ -57,6 +57,7 @@ void ChangeSequence::makeParts(DatafileDocument &document, size_t from, size_t t
 
 void ChangeSequence::unmakeParts(DatafileDocument &document, size_t from, size_t to)
 {
+    Q_ASSERT(g_place == 0);
     at(0).unmakeParts(document, from, to);
 }
 

@@ -11,32 +11,30 @@
 
 namespace tavrin {
 
-ChangeWork::ChangeWork(DatafileDocument &document, std::shared_ptr<SteppedChange> change)
-    : g_document(document)
-    , g_change(std::move(change))
-{}
-
-ChangeWork::ChangeWork(DatafileDocument &document, std::shared_ptr<SteppedChange> change, size_t made)
+ChangeWork::ChangeWork(DatafileDocument &document,
+                       std::shared_ptr<SteppedChange> change,
+                       size_t made,
+                       Way way)
     : g_document(document)
     , g_change(std::move(change))
     , g_made(made)
-    , g_takesBack(true)
+    , g_way(way)
 {}
 
 QString ChangeWork::title() const
 {
-    return g_takesBack ? tr("Going back to what was…") : g_change->name() + u'…';
+    return g_way == Way::Back ? tr("Going back to what was…") : g_change->name() + u'…';
 }
 
 void ChangeWork::run(Progress &progress)
 {
-    const size_t parts = std::max<size_t>(1, g_takesBack ? g_made : g_change->partCount());
+    const size_t parts = std::max<size_t>(1, g_way == Way::Back ? g_made : g_change->partCount());
     while (!isDone()) {
-        if (!g_takesBack && progress.isCancelled() && g_made <= g_change->reversiblePartCount())
+        if (g_way == Way::On && progress.isCancelled() && g_made <= g_change->reversiblePartCount())
             return;
         if (!doSomeThere(progress))
             return;
-        const size_t done = g_takesBack ? parts - g_made : g_made;
+        const size_t done = g_way == Way::Back ? parts - g_made : g_made;
         progress.setDone(static_cast<qint64>(done), static_cast<qint64>(parts));
     }
 }
@@ -49,7 +47,7 @@ void ChangeWork::doSome()
     QElapsedTimer timer;
     timer.start();
     while (!isDone() && timer.elapsed() < longest) {
-        if (g_takesBack) {
+        if (g_way == Way::Back) {
             const size_t left = g_made - std::min(atOnce, g_made);
             g_change->unmakeParts(g_document, left, g_made);
             g_made = left;

@@ -17,10 +17,13 @@ class ChangeWork : public LongWork
     Q_OBJECT
 
 public:
-    /// Makes a change that was begun.
-    ChangeWork(DatafileDocument &document, std::shared_ptr<SteppedChange> change);
-    /// Takes back the first parts of one.
-    ChangeWork(DatafileDocument &document, std::shared_ptr<SteppedChange> change, size_t made);
+    enum class Way {
+        On,  ///< Makes what is left of the change.
+        Back ///< Takes back what is made of it.
+    };
+
+    /// The change was begun, and its first parts are made.
+    ChangeWork(DatafileDocument &document, std::shared_ptr<SteppedChange> change, size_t made, Way way);
 
     QString title() const override;
     void run(Progress &progress) override;
@@ -28,7 +31,7 @@ public:
     /// How many parts of the change are made.
     size_t made() const { return g_made; }
     /// Nothing is left to be done. Otherwise it was cancelled.
-    bool isDone() const { return g_made == (g_takesBack ? 0 : g_change->partCount()); }
+    bool isDone() const { return g_made == (g_way == Way::Back ? 0 : g_change->partCount()); }
 
 private:
     void doSome();
@@ -36,8 +39,8 @@ private:
 
     DatafileDocument &g_document;
     std::shared_ptr<SteppedChange> g_change;
-    size_t g_made = 0;
-    bool g_takesBack = false;
+    size_t g_made;
+    Way g_way;
 };
 
 } // namespace tavrin

@@ -104,7 +104,7 @@ void EditorChanges::carryOut(const std::shared_ptr<SteppedChange> &change, const
     g_wasCancelled = false;
     change->begin(document);
     setChanging(true);
-    begin(change, std::make_unique<ChangeWork>(document, change), ended);
+    begin(change, std::make_unique<ChangeWork>(document, change, 0, ChangeWork::Way::On), ended);
 }
 
 void EditorChanges::begin(const std::shared_ptr<SteppedChange> &change,
@@ -122,9 +122,11 @@ void EditorChanges::workEnded(const std::shared_ptr<SteppedChange> &change,
                               const Ended &ended)
 {
     if (!work.isDone()) {
-        // What is half made is taken back, however often that is cancelled.
-        g_wasCancelled = true;
-        begin(change, std::make_unique<ChangeWork>(g_window.document(), change, work.made()), ended);
+        // What is half made is taken back, however often that is cancelled; unless it had gone too far before
+        // the work saw that it was cancelled.
+        g_wasCancelled = g_wasCancelled || work.made() <= change->reversiblePartCount();
+        const auto way = g_wasCancelled ? ChangeWork::Way::Back : ChangeWork::Way::On;
+        begin(change, std::make_unique<ChangeWork>(g_window.document(), change, work.made(), way), ended);
         return;
     }
     if (!g_wasCancelled)

@@ -125,6 +125,15 @@ bool fitsFieldCount(const ReadTable &table, TableKind kind, qsizetype fieldCount
     return kind == TableKind::Custom || static_cast<qsizetype>(fieldCountOf(table, kind)) == fieldCount;
 }
 
+Error fieldCountMismatch(const ReadTable &table, TableKind kind, qsizetype fieldCount)
+{
+    return {Error::Kind::Refused,
+            QCoreApplication::translate("Import", "The rows of the file have %1 fields, the datafile has %2.")
+                .arg(fieldCountOf(table, kind))
+                .arg(fieldCount),
+            {}};
+}
+
 TableMapping
 usualMapping(const ReadTable &table, const ImportOptions &options, const QList<FieldDefinition> &fields)
 {

@@ -60,6 +60,8 @@ quint32 fieldCountOf(const ReadTable &table, TableKind kind);
 
 /// Whether the rows fit into a datafile of so many fields, as far as that matters to the kind.
 bool fitsFieldCount(const ReadTable &table, TableKind kind, qsizetype fieldCount);
+/// What to say when they do not.
+Error fieldCountMismatch(const ReadTable &table, TableKind kind, qsizetype fieldCount);
 
 /// What becomes of the columns in a datafile of those fields: column j goes to field j.
 TableMapping

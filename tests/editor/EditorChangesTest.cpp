@@ -9,6 +9,11 @@
 #include "editor/ModifyFieldsSheetController.h"
 
 #include <QSignalSpy>
+#include <QThread>
+
+#include <atomic>
+#include <optional>
+#include <thread>
 
 using namespace tavrin;
 
@@ -19,6 +24,7 @@ class EditorChangesTest : public QObject
 
 private Q_SLOTS:
     void manyRecordsAreChangedBitByBit();
+    void whatWentTooFarIsMadeToItsEnd();
     void aReadOnlyDatafileIsLeftAlone();
     void onlyThoseAskedAboutAreDeleted();
     void fieldsAreNotShownUncounted();
@@ -86,6 +92,87 @@ void EditorChangesTest::manyRecordsAreChangedBitByBit()
     editor.work.finishNext();
     QCOMPARE(editor.identifiers().size(), many);
     QCOMPARE(editor.identifiers().last(), u"r4099"_s);
+}
+
+namespace {
+
+/// A change that is cancelled while it makes its parts from a place on, which takes longer than the work
+/// waits.
+class CancelledChange : public SteppedChange
+{
+public:
+    CancelledChange(SharedProgress &progress, size_t reversible)
+        : g_progress(progress)
+        , g_reversible(reversible)
+    {}
+
+    QString name() const override { return u"Change"_s; }
+    size_t partCount() const override { return 10'000; }
+    size_t reversiblePartCount() const override { return g_reversible; }
+    void makeParts(DatafileDocument & /*document*/, size_t from, size_t to) override
+    {
+        QCOMPARE(from, made);
+        made = to;
+        if (to < partCount() / 2 || g_progress.isCancelled())
+            return;
+        g_progress.cancel();
+        QThread::msleep(250);
+    }
+    void unmakeParts(DatafileDocument & /*document*/, size_t from, size_t to) override
+    {
+        QVERIFY(to == made && to <= g_reversible);
+        made = from;
+    }
+    void conclude(DatafileDocument & /*document*/) override { isConcluded = true; }
+
+    size_t made = 0;
+    bool isConcluded = false;
+
+private:
+    SharedProgress &g_progress;
+    size_t g_reversible;
+};
+
+/// As a host does the work that waits there.
+void runOnAnotherThread(EditorFixture &editor, SharedProgress &progress)
+{
+    const std::unique_ptr<LongWork> work = std::move(editor.work.g_held.front());
+    editor.work.g_held.pop_front();
+    std::atomic<bool> hasEnded = false;
+    std::thread thread([&] {
+        work->run(progress);
+        hasEnded = true;
+    });
+    while (!hasEnded)
+        QCoreApplication::processEvents();
+    thread.join();
+    QCoreApplication::processEvents();
+    Q_EMIT work->ended();
+}
+
+} // namespace
+
+void EditorChangesTest::whatWentTooFarIsMadeToItsEnd()
+{
+    for (const size_t reversible : {size_t(1000), size_t(10'000)}) {
+        EditorFixture editor;
+        editor.open();
+        editor.work.g_holds = true;
+        SharedProgress progress;
+        auto owned = std::make_unique<CancelledChange>(progress, reversible);
+        const CancelledChange &change = *owned;
+        std::optional<bool> made;
+        editor.window->changes().make(std::move(owned), [&](bool isMade) {
+            made = isMade;
+            QCOMPARE(change.made, isMade ? change.partCount() : 0);
+            QCOMPARE(change.isConcluded, isMade);
+        });
+        runOnAnotherThread(editor, progress);
+        QVERIFY(!made && editor.window->changes().isChanging());
+        SharedProgress unwatched;
+        runOnAnotherThread(editor, unwatched);
+        QCOMPARE(made, std::optional(reversible == 1000));
+    }
 }
 
 void EditorChangesTest::aReadOnlyDatafileIsLeftAlone()
