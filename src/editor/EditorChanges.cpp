@@ -6,6 +6,7 @@
 #include "editor/ChangeWork.h"
 #include "editor/EditorWindowController.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tavrin {
@@ -78,7 +79,8 @@ void EditorChanges::walk(const Way &way)
         else if (g_window.currentRecord())
             g_window.loadCurrentRecord();
         else
-            g_window.loadRecordAtIndex(index);
+            g_window.loadRecordAtIndex(
+                std::min(index, g_window.document().datafileCatalog().countSelected() - 1));
         // In place of what was said when it was done.
         const bool isUndo = way.did == &UndoHistory::didUndo;
         if (isMade)

@@ -324,12 +324,12 @@ void EditorWindowController::showRecord(const QString &identifier)
 
 QString EditorWindowController::undoName() const
 {
-    return g_document.undoHistory().undoName();
+    return isClone() ? QString() : g_document.undoHistory().undoName();
 }
 
 QString EditorWindowController::redoName() const
 {
-    return g_document.undoHistory().redoName();
+    return isClone() ? QString() : g_document.undoHistory().redoName();
 }
 
 void EditorWindowController::undo()

@@ -276,6 +276,7 @@ void EditorWindow::buildFinding()
     row->setMovable(false);
     g_findBox = new FindBox(g_controller.search(), row);
     row->addWidget(g_findBox);
+    connect(&g_controller.document().undoHistory(), &UndoHistory::changed, g_findBox, &FindBox::forgetTyping);
     // An item of the toolbar that has a row of its own, where there is room for it.
     const auto update = [this, row] {
         row->setVisible(

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QToolButton>
 
 namespace tavrin {
@@ -64,6 +65,18 @@ FindBox::FindBox(EditorSearchController &controller, QWidget *parent)
     connect(g_toggle, &QWidget::customContextMenuRequested, this, &FindBox::showToggleMenu);
     connect(&controller, &EditorSearchController::modesChanged, this, &FindBox::updateModes);
     updateModes();
+}
+
+void FindBox::forgetTyping()
+{
+    const QSignalBlocker blocker(g_entry);
+    const int cursor = g_entry->cursorPosition();
+    const int start = g_entry->selectionStart();
+    const int length = g_entry->selectionLength();
+    g_entry->setText(g_entry->text());
+    g_entry->setCursorPosition(cursor);
+    if (start >= 0)
+        g_entry->setSelection(start, length);
 }
 
 QToolButton *FindBox::addButton(const QString &name)

@@ -25,6 +25,9 @@ public:
     QLineEdit &entry() { return *g_entry; }
     const QLineEdit &entry() const { return *g_entry; }
 
+    /// What was typed stays, but is no longer for Undo to take back: something else was done since.
+    void forgetTyping();
+
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 

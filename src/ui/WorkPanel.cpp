@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavrin {
@@ -31,6 +32,10 @@ WorkPanel::WorkPanel(const QString &title, QWidget *window)
     g_bar->setAccessibleName(title);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    // It came up by itself: a key that was meant for something else is not to end the work. Escape does.
+    QPushButton *cancel = buttons->button(QDialogButtonBox::Cancel);
+    cancel->setAutoDefault(false);
+    cancel->setFocusPolicy(Qt::NoFocus);
 
     auto *layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);

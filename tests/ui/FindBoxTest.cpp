@@ -41,6 +41,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void returnFindsAndColours();
+    void undoTakesBackWhatWasDoneLast();
     void keysGoWithReturn_data();
     void keysGoWithReturn();
     void hitsAreNoPartOfTheText();
@@ -129,6 +130,19 @@ void FindBoxTest::returnFindsAndColours()
     window().findChild<QAction *>(u"forwardSearch:"_s)->trigger();
     QCOMPARE(text().textCursor().selectedText(), u"thread"_s);
     QCOMPARE(window().controller().indexOfCurrentRecord(), 0);
+}
+
+void FindBoxTest::undoTakesBackWhatWasDoneLast()
+{
+    QTest::keyClicks(&entry(), u"thread"_s);
+    QVERIFY(entry().isUndoAvailable());
+    const qsizetype count = document().datafileRecords().count();
+    window().findChild<QAction *>(u"addRecord:"_s)->trigger();
+    QCOMPARE(document().datafileRecords().count(), count + 1);
+    entry().setFocus();
+    QTest::keyClick(&entry(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(document().datafileRecords().count(), count);
+    QCOMPARE(entry().text(), u"thread"_s);
 }
 
 void FindBoxTest::keysGoWithReturn_data()
