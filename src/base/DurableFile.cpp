@@ -168,10 +168,11 @@ public:
     {
         if (!flush())
             return false;
-        const Result<FileStretch> written = writeParts(parts, g_file, g_path, g_size);
+        const Result<WrittenParts> written = writeParts(parts, g_file, g_path, g_size);
         if (written) {
-            g_size += written->size;
-            g_inParts.push_back(*written);
+            g_size += written->stretch.size;
+            g_inParts.push_back(written->stretch);
+            g_copies.insert(g_copies.end(), written->copies.begin(), written->copies.end());
         } else {
             g_outcome = written.error();
         }
@@ -187,6 +188,7 @@ public:
 
     const Result<> &outcome() const { return g_outcome; }
     const std::vector<FileStretch> &inParts() const { return g_inParts; }
+    const std::vector<CopiedPiece> &copies() const { return g_copies; }
 
 private:
     static constexpr qsizetype pieceSize = 1 << 20;
@@ -205,17 +207,28 @@ private:
     QByteArray g_buffer;
     qint64 g_size = 0; ///< Of what was written.
     std::vector<FileStretch> g_inParts;
+    std::vector<CopiedPiece> g_copies;
     Result<> g_outcome;
 };
 
-/// What was not made in parts is checked while the disk takes the file. It is read into memory of our own: a
-/// mapped file whose last bytes a full or lost share throws away would end the program.
-Result<> flushAndCheck(TemporaryFile &file,
-                       const QString &path,
-                       const std::vector<FileStretch> &inParts,
-                       const FileCheck &check)
+/// What was not made in parts. It is read into memory of our own: a mapped file whose last bytes a full or
+/// lost share throws away would end the program.
+Result<> checkRest(const TemporaryFile &file,
+                   const QString &path,
+                   const std::vector<FileStretch> &inParts,
+                   const FileCheck &check)
 {
     if (!check)
+        return {};
+    const Result<SharedBytes> written = readBack(file.descriptor(), path, inParts);
+    return written ? check(written->view()) : Result<>(written.error());
+}
+
+/// What was not looked at yet is, while the disk takes the file.
+Result<>
+flushAndCheck(TemporaryFile &file, const QString &path, const PieceWriter &writer, const FileCheck &check)
+{
+    if (!check && writer.copies().empty())
         return file.flushToDisk() ? Result<>() : systemError(path);
     int failure = 0;
     Result<> checked;
@@ -224,8 +237,9 @@ Result<> flushAndCheck(TemporaryFile &file,
             failure = file.flushToDisk() ? 0 : errno;
             return;
         }
-        const Result<SharedBytes> written = readBack(file.descriptor(), path, inParts);
-        checked = written ? check(written->view()) : Result<>(written.error());
+        checked = compareCopies(file.descriptor(), path, writer.copies());
+        if (checked)
+            checked = checkRest(file, path, writer.inParts(), check);
     });
     errno = failure;
     return failure == 0 ? checked : systemError(path);
@@ -251,7 +265,7 @@ write(const QString &path, const std::function<Result<>(PieceWriter &)> &produce
     if (!produced)
         return produced;
     file.takeAttributes(target);
-    if (const Result<> flushed = flushAndCheck(file, targetPath, writer.inParts(), check); !flushed)
+    if (const Result<> flushed = flushAndCheck(file, targetPath, writer, check); !flushed)
         return flushed;
     if (!file.takePlaceOf(target))
         return systemError(targetPath);

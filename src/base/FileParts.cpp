@@ -13,6 +13,7 @@
 #include <exception>
 #include <mutex>
 #include <optional>
+#include <utility>
 
 namespace tavrin {
 
@@ -44,6 +45,7 @@ public:
         : g_parts(parts)
         , g_file(file)
         , g_path(path)
+        , g_start(offset)
         , g_end(offset)
     {}
 
@@ -62,14 +64,14 @@ public:
         }
     }
 
-    /// Where the parts end, once all threads have.
-    Result<qint64> end() const
+    /// Once all threads have ended.
+    Result<WrittenParts> outcome() &&
     {
         if (g_thrown)
             std::rethrow_exception(g_thrown);
         if (g_failure)
             return *g_failure;
-        return g_end;
+        return WrittenParts{{g_start, g_end - g_start}, std::move(g_copies)};
     }
 
 private:
@@ -87,8 +89,14 @@ private:
         const std::optional<qint64> offset = placeOf(part, bytes.size());
         if (!offset)
             return {};
-        if (!writeAllAt(g_file, bytes, *offset) || !isInFile(bytes, g_file, *offset, read))
+        if (!writeAllAt(g_file, bytes, *offset))
             return systemError(g_path);
+        if (bytes.data() != made.constData()) {
+            const std::lock_guard lock(g_mutex);
+            g_copies.push_back({*offset, bytes});
+        } else if (!isInFile(bytes, g_file, *offset, read)) {
+            return systemError(g_path);
+        }
         return g_parts.check(part, bytes);
     }
 
@@ -117,12 +125,14 @@ private:
     const FileParts &g_parts;
     const Descriptor &g_file;
     const QString &g_path;
+    qint64 g_start;
 
     std::mutex g_mutex; ///< For all that follows.
     std::condition_variable g_changed;
     size_t g_next = 0;   ///< The first part that nobody has taken yet.
     size_t g_placed = 0; ///< How many parts know where they go.
     qint64 g_end;        ///< Of those.
+    std::vector<CopiedPiece> g_copies;
     bool g_isStopped = false;
     std::optional<Error> g_failure;
     std::exception_ptr g_thrown;
@@ -130,16 +140,23 @@ private:
 
 } // namespace
 
-Result<FileStretch>
+Result<WrittenParts>
 writeParts(const FileParts &parts, const Descriptor &file, const QString &path, qint64 offset)
 {
     PartsWriter writer(parts, file, path, offset);
     const int threads = static_cast<int>(std::min(parts.count(), static_cast<size_t>(parallelParts())));
     inParallel(threads, [&writer](int) { writer.run(); });
-    const Result<qint64> end = writer.end();
-    if (!end)
-        return end.error();
-    return FileStretch{offset, *end - offset};
+    return std::move(writer).outcome();
+}
+
+Result<> compareCopies(const Descriptor &file, const QString &path, const std::vector<CopiedPiece> &copies)
+{
+    QByteArray room;
+    for (const CopiedPiece &copy : copies) {
+        if (!isInFile(copy.bytes, file, copy.offset, room))
+            return systemError(path);
+    }
+    return {};
 }
 
 } // namespace tavrin

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <vector>
+
 namespace tavrin {
 
 class Descriptor;
@@ -38,12 +40,27 @@ struct FileStretch
     qint64 size;
 };
 
-/// Writes the parts into the file, one behind the other from `offset` on, and reads each again to compare it
-/// with what was made. Io, also where something else comes back, or what a part's check says.
-///
-/// A part is still in the processor's cache when it is written, read and checked, and no memory is needed for
-/// the file as a whole.
-Result<FileStretch>
+/// Bytes that stay where they are, and where in a file they were put.
+struct CopiedPiece
+{
+    qint64 offset;
+    QByteArrayView bytes;
+};
+
+struct WrittenParts
+{
+    FileStretch stretch;
+    std::vector<CopiedPiece> copies; ///< To be compared yet.
+};
+
+/// Writes the parts into the file, one behind the other from `offset` on. What was put into the room is read
+/// again at once and compared, while it is in the processor's cache: no memory is needed for the file as a
+/// whole. What stays elsewhere can be compared when the disk takes the file. Io, also where something else
+/// comes back, or what a part's check says.
+Result<WrittenParts>
 writeParts(const FileParts &parts, const Descriptor &file, const QString &path, qint64 offset);
+
+/// Reads the pieces again and compares them. Io, also where something else comes back.
+Result<> compareCopies(const Descriptor &file, const QString &path, const std::vector<CopiedPiece> &copies);
 
 } // namespace tavrin

@@ -13,8 +13,9 @@ namespace tavrin {
 
 namespace {
 
-// A row is as large as is made, written and read again within the processor's cache.
+// A row is as large as is made, written and read again within the processor's cache; copies are not made.
 constexpr qsizetype sizeOfRow = 1 << 17;
+constexpr qsizetype sizeOfCopy = 1 << 22;
 constexpr size_t mostWritten = 256;
 // Shorter ones are written with what stands around them.
 constexpr qsizetype leastCopied = 1 << 16;
@@ -76,7 +77,7 @@ size_t RecordRows::endOfCopies(size_t place) const
         return place;
     size_t end = place;
     qsizetype size = 0;
-    while (size < sizeOfRow && end + 1 < g_records.entries.size() && follows(end)) {
+    while (size < sizeOfCopy && end + 1 < g_records.entries.size() && follows(end)) {
         size += g_records.xml(g_records.entries[end]).size();
         ++end;
     }
